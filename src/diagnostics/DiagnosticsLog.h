@@ -1,0 +1,38 @@
+#pragma once
+
+#include "platform/Scheduler.h"
+
+#include <deque>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace larkspan {
+
+/// The application's decisions and timings, as fixed sentences under a category word. Keeps the
+/// newest lines in memory. Main thread only.
+class DiagnosticsLog {
+  public:
+    struct Line {
+        /// Seconds since 1970-01-01 UTC.
+        double time = 0;
+        std::string category;
+        std::string text;
+    };
+    static constexpr std::size_t capacity = 10'000;
+
+    explicit DiagnosticsLog(const Scheduler& scheduler)
+        : scheduler_(scheduler) {}
+
+    void write(std::string_view category, std::string text);
+    const std::deque<Line>& lines() const { return lines_; }
+
+    /// Where every line goes as well, such as the standard error stream; none by default.
+    std::function<void(const Line&)> sink;
+
+  private:
+    const Scheduler& scheduler_;
+    std::deque<Line> lines_;
+};
+
+} // namespace larkspan

@@ -1,0 +1,95 @@
+#pragma once
+
+#include "model/DisplayGroup.h"
+#include "model/DockItem.h"
+#include "model/WindowAnimator.h"
+#include "platform/Observed.h"
+#include "platform/Scheduler.h"
+#include "platform/Screens.h"
+#include "platform/SystemDock.h"
+#include "platform/Workspace.h"
+#include "spaces/FullScreenState.h"
+#include "spaces/SpaceMap.h"
+#include "spaces/WindowInfo.h"
+#include "spaces/WindowReader.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <vector>
+
+namespace larkspan {
+
+/// The one observable model of everything the bar shows: every bar renders from it and every click
+/// acts through it. `WindowRefresh` keeps it in step with the desktop. Main thread only.
+class DockStore {
+  public:
+    DockStore(Scheduler& scheduler, Workspace& workspace, Screens& screens, DockPreferences& dock,
+              WindowAnimator& animator);
+
+    // What the views observe.
+    Observed<std::vector<DockItem>> pinnedItems;
+    Observed<std::vector<DisplayGroup>> windowAppGroups;
+    /// Running regular apps that have no window on screen and are not hidden.
+    Observed<std::vector<DockItem>> backgroundItems;
+    Observed<std::optional<ProcessId>> frontmostPID;
+    /// Per display, the process whose window is in front there.
+    Observed<std::map<DisplayId, ProcessId>> frontDisplays;
+    /// Per display, the Space shown there.
+    Observed<std::map<DisplayId, SpaceId>> frontSpaces;
+    /// Ids of apps launched from the bar that have not finished launching.
+    Observed<std::set<std::string>> launchingIDs;
+    /// Ids of apps that request attention.
+    Observed<std::set<std::string>> attentionIDs;
+    Observed<bool> isTrashEmpty{true};
+    Observed<bool> showsEmptyDesktops{false};
+
+    // Plain bookkeeping, read by the rules and by `WindowRefresh`.
+    std::vector<std::string> pinnedIDs;
+    WindowAnimator& animator;
+    /// The pointer is over a bar: tiles keep their sections meanwhile.
+    bool isPointerOnBar = false;
+    /// Screen frames of all bars.
+    std::vector<Rect> barFrames;
+    std::function<void(const FullScreenState&)> onFullScreenChange;
+    FullScreenState fullScreen;
+    std::vector<RunningApplication> running;
+    std::vector<ProcessId> runningPIDs;
+    std::set<std::string> runningIDs;
+    std::set<ProcessId> windowPIDs;
+    std::map<ProcessId, std::set<DisplayId>> windowDisplays;
+    std::map<ProcessId, std::set<DisplayId>> seenDisplays;
+    std::optional<SpaceMap> spaceMap;
+    std::vector<WindowInfo> latestWindows;
+    std::map<ProcessId, std::set<Slot>> windowSlots;
+    std::map<ProcessId, std::set<Slot>> seenSlots;
+    /// Item ids that may move between sections in the next regroup although the pointer is on the
+    /// bar.
+    std::set<std::string> regroupingIDs;
+    std::vector<DisplayId> groupedScreens;
+
+    void refreshRunning();
+    void rebuild();
+    /// Stores a read; answers whether anything that matters for grouping changed.
+    bool applyWindowRead(const WindowRead& read);
+    /// The item of one pinned bundle identifier; absent when no such application is to be found.
+    std::optional<DockItem> makePinnedItem(const std::string& id);
+
+    /// Follows the Dock's own list, unless a change of ours waits to be written.
+    void reloadPinned();
+    /// Takes the list at once and writes it to the Dock one second after the last change.
+    void setPinned(std::vector<std::string> ids);
+    /// Writes a waiting list now, so that nothing is lost on quit.
+    void flushPinned();
+
+  private:
+    Scheduler& scheduler_;
+    Workspace& workspace_;
+    Screens& screens_;
+    DockPreferences& dock_;
+    std::map<std::string, ImageRef> icons_;
+    Handle pinnedWrite_;
+};
+
+} // namespace larkspan

@@ -1,0 +1,16 @@
+#pragma once
+
+#include <cstdint>
+
+namespace larkspan {
+
+using ProcessId = std::int32_t;
+using DisplayId = std::uint32_t;
+/// The window server's number of a window; 0 is no window.
+using WindowId = std::uint32_t;
+using SpaceId = std::uint64_t;
+
+/// The identifier under which the file manager stands first on the bar, on every desktop.
+inline constexpr const char* finderIdentifier = "com.apple.finder";
+
+} // namespace larkspan

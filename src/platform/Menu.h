@@ -1,0 +1,27 @@
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+namespace larkspan {
+
+/// One line of a menu, as a value: the system decides what stands in a menu, a view only shows it.
+struct MenuItem {
+    enum class Kind { action, separator, heading, submenu };
+    enum class Mark { none, check, diamond };
+
+    Kind kind = Kind::action;
+    std::string title;
+    bool isEnabled = true;
+    Mark mark = Mark::none;
+    /// Called on the main thread when the item is chosen.
+    std::function<void()> action;
+    std::vector<MenuItem> submenu;
+
+    static MenuItem separator() { return {.kind = Kind::separator}; }
+};
+
+using Menu = std::vector<MenuItem>;
+
+} // namespace larkspan

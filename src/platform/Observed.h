@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/Signal.h"
+
+#include <utility>
+
+namespace larkspan {
+
+/// A property that tells its observers of a change, and only of a change: setting an equal value is
+/// silent. Observers read the new value from the property. One thread only.
+template <typename T>
+class Observed {
+  public:
+    Observed() = default;
+    explicit Observed(T value)
+        : value_(std::move(value)) {}
+    Observed(const Observed&) = delete;
+    Observed& operator=(const Observed&) = delete;
+
+    const T& get() const { return value_; }
+    const T& operator*() const { return value_; }
+    const T* operator->() const { return &value_; }
+
+    /// Answers whether the value differed.
+    bool set(T value) {
+        if (value == value_) return false;
+        value_ = std::move(value);
+        changed_.emit();
+        return true;
+    }
+
+    [[nodiscard]] Handle observe(std::function<void()> callback) {
+        return changed_.subscribe(std::move(callback));
+    }
+
+  private:
+    T value_{};
+    Signal<> changed_;
+};
+
+} // namespace larkspan

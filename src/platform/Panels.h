@@ -1,0 +1,46 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/Handle.h"
+#include "platform/Image.h"
+#include "platform/Screens.h"
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+namespace larkspan {
+
+/// A native window as the views' toolkit hands it out: an X11 window, an NSView.
+using NativeWindow = std::uintptr_t;
+
+/// Makes a toolkit's window into a panel of the desktop: what the toolkit itself has no words for.
+/// Main thread only.
+class PanelDressing {
+  public:
+    virtual ~PanelDressing() = default;
+    /// Before the window is first shown: floating above others, on every Space, never focused by a
+    /// click, absent from window lists.
+    virtual void dress(NativeWindow window) = 0;
+    /// Keeps other windows clear of the bottom `height` points of the screen while the panel shows;
+    /// 0 gives the strip back. Without effect where the system Dock holds the strip.
+    virtual void reserveStrip(NativeWindow window, const Screen& screen, double height) = 0;
+    /// Lets the pointer through everywhere but inside the rectangle, given in the window's own
+    /// coordinates from its top left, in points.
+    virtual void setInputArea(NativeWindow window, const Rect& area) = 0;
+};
+
+/// How a translucent panel can come by what lies beneath it.
+class DesktopPicture {
+  public:
+    virtual ~DesktopPicture() = default;
+    /// True when transparent pixels of a window show what lies beneath (a compositor runs).
+    virtual bool isComposited() const = 0;
+    /// The desktop's picture under the rectangle (display coordinates), at the screen's pixels;
+    /// absent when there is none to be had.
+    virtual std::optional<Bitmap> under(const Rect& rect) const = 0;
+    /// Called after either answer changed.
+    virtual Handle subscribe(std::function<void()> callback) = 0;
+};
+
+} // namespace larkspan

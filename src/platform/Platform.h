@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/Scheduler.h"
+#include "platform/Screens.h"
+#include "platform/Shell.h"
+#include "platform/SystemDock.h"
+#include "platform/UserDefaults.h"
+#include "platform/WindowServer.h"
+#include "platform/Workspace.h"
+
+namespace larkspan {
+
+/// The interfaces of one desktop: what a program start picks. Only the application's root takes it
+/// whole; it hands each part of the system the interfaces that part needs.
+struct Platform {
+    Scheduler& scheduler;
+    UserDefaults& defaults;
+    Workspace& workspace;
+    ApplicationControl& applications;
+    Screens& screens;
+    DockStrip& dockStrip;
+    WindowServer& windowServer;
+    Accessibility& accessibility;
+    ScreenCapture& screenCapture;
+    CoreDock& coreDock;
+    DockPreferences& dockPreferences;
+    StatusBar& statusBar;
+    LoginItem& loginItem;
+    HostApplication& application;
+    TrashFolder& trash;
+};
+
+} // namespace larkspan

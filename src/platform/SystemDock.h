@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/PropertyValue.h"
+
+#include <cstdint>
+#include <optional>
+#include <string_view>
+
+namespace larkspan {
+
+/// The Dock's own functions, each of which this system may lack.
+enum class CoreDockFunction {
+    getTileSize,
+    setTileSize,
+    getAutoHideEnabled,
+    setAutoHideEnabled,
+    getOrientationAndPinning,
+    setOrientationAndPinning,
+    isMagnificationEnabled,
+    setMagnificationEnabled,
+};
+
+struct OrientationAndPinning {
+    /// 2 is the bottom, 3 the left, 4 the right.
+    std::uint32_t orientation = 2;
+    /// 1 is the start of the edge, 2 its middle, 3 its end.
+    std::uint32_t pinning = 2;
+    bool operator==(const OrientationAndPinning&) const = default;
+};
+
+/// The system Dock's settings. Calling a function that `has` denies is a programming error. Main
+/// thread only.
+class CoreDock {
+  public:
+    virtual ~CoreDock() = default;
+    virtual bool has(CoreDockFunction function) const = 0;
+    /// The icon size as a fraction: 0 is 16 pixels, 1 is 128. May lie outside 0...1.
+    virtual float tileSize() const = 0;
+    virtual void setTileSize(float fraction) = 0;
+    virtual bool isAutoHideEnabled() const = 0;
+    virtual void setAutoHideEnabled(bool enabled) = 0;
+    virtual OrientationAndPinning orientationAndPinning() const = 0;
+    virtual void setOrientationAndPinning(OrientationAndPinning value) = 0;
+    virtual bool isMagnificationEnabled() const = 0;
+    virtual void setMagnificationEnabled(bool enabled) = 0;
+};
+
+/// The preferences domain of the Dock, "com.apple.dock". On a desktop without a system Dock it is a
+/// file of ours that holds the list of pinned apps in the same shape. Main thread only.
+class DockPreferences {
+  public:
+    virtual ~DockPreferences() = default;
+    /// Writes what was set and forgets what was read, so that the next read sees the Dock's own
+    /// changes.
+    virtual bool synchronize() = 0;
+    virtual std::optional<PropertyValue> copyAppValue(std::string_view key) const = 0;
+    virtual void setAppValue(std::string_view key, PropertyValue value) = 0;
+};
+
+} // namespace larkspan

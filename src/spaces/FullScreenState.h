@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/Geometry.h"
+
+#include <vector>
+
+namespace larkspan {
+
+/// What the bar must keep out of the way of. Screen frames, in screen coordinates.
+struct FullScreenState {
+    /// Displays whose current Space is a full-screen Space.
+    std::vector<Rect> spaces;
+    /// Displays covered by a single ordinary window.
+    std::vector<Rect> windows;
+
+    bool operator==(const FullScreenState&) const = default;
+};
+
+} // namespace larkspan

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "platform/Identifiers.h"
+
+#include <map>
+#include <set>
+#include <vector>
+
+namespace larkspan {
+
+/// The Spaces as the window server lists them.
+struct SpaceMap {
+    /// The Spaces of each display, in order.
+    std::map<DisplayId, std::vector<SpaceId>> spaces;
+    /// The first Space of each display that is a desktop.
+    std::map<DisplayId, SpaceId> firstDesktops;
+    std::set<SpaceId> fullScreen;
+    /// The Spaces shown now, one of each display.
+    std::set<SpaceId> shown;
+    std::map<SpaceId, DisplayId> owners;
+    std::map<SpaceId, std::vector<WindowId>> windows;
+    std::map<WindowId, std::vector<SpaceId>> windowSpaces;
+
+    bool operator==(const SpaceMap&) const = default;
+};
+
+} // namespace larkspan
