@@ -1,0 +1,63 @@
+# Larkspan's commands. Each sets up what it needs; the second time it does only what changed.
+.DEFAULT_GOAL := help
+.PHONY: help setup setup-lint setup-bench build run demo tour test asan tsan bench lint format clean
+MAKEFLAGS += --no-print-directory
+
+help:
+	@echo "make run     start the bar on this display (without a display: play the demo tour)"
+	@echo "make test    build and run every test, the end-to-end tests on a display of their own"
+	@echo "make demo    a simulated Mac in a window, with the bar on it"
+	@echo "make tour    play the demo tour without a display and write its pictures"
+	@echo "make lint    formatting, clang-tidy and qmllint"
+	@echo "make format  format every source"
+	@echo "make asan    the system's tests under AddressSanitizer and UndefinedBehaviorSanitizer"
+	@echo "make tsan    the system's tests under ThreadSanitizer"
+	@echo "make bench   the model's benchmarks"
+	@echo "make clean   remove every build folder"
+
+# Quick when nothing is missing, so every target may ask for it.
+setup:
+	@scripts/setup
+setup-lint:
+	@scripts/setup lint
+setup-bench:
+	@scripts/setup bench
+
+# A configured folder reconfigures itself when a CMake file changes.
+build/%/build.ninja: | setup
+	@cmake --preset $*
+
+build: build/release/build.ninja
+	@cmake --build --preset release --target larkspan
+
+run: build
+	@scripts/run
+
+demo: build
+	@build/release/bin/larkspan --demo
+
+tour: build
+	@env -u DISPLAY scripts/run
+
+test: build/release/build.ninja
+	@cmake --build --preset release
+	@ctest --preset release
+
+asan tsan: %: build/%/build.ninja
+	@cmake --build --preset $@
+	@ctest --preset $@
+
+build/bench/build.ninja: | setup-bench
+bench: build/bench/build.ninja
+	@cmake --build --preset bench --target larkspan_bench
+	@build/bench/bin/larkspan_bench
+
+lint: build/release/build.ninja | setup-lint
+	@cmake --build --preset release
+	@scripts/lint
+
+format: | setup-lint
+	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+
+clean:
+	rm -rf build
