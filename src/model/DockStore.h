@@ -1,5 +1,6 @@
 #pragma once
 
+#include "diagnostics/DiagnosticsLog.h"
 #include "model/DisplayGroup.h"
 #include "model/DockItem.h"
 #include "model/WindowAnimator.h"
@@ -25,8 +26,9 @@ namespace larkspan {
 /// acts through it. `WindowRefresh` keeps it in step with the desktop. Main thread only.
 class DockStore {
   public:
-    DockStore(Scheduler& scheduler, Workspace& workspace, Screens& screens, DockPreferences& dock,
-              WindowAnimator& animator);
+    DockStore(Scheduler& scheduler, Workspace& workspace, ApplicationControl& applications,
+              Screens& screens, DockPreferences& dock, WindowAnimator& animator,
+              DiagnosticsLog& log);
 
     // What the views observe.
     Observed<std::vector<DockItem>> pinnedItems;
@@ -86,8 +88,10 @@ class DockStore {
   private:
     Scheduler& scheduler_;
     Workspace& workspace_;
+    ApplicationControl& applications_;
     Screens& screens_;
     DockPreferences& dock_;
+    DiagnosticsLog& log_;
     std::map<std::string, ImageRef> icons_;
     Handle pinnedWrite_;
 };

@@ -4,6 +4,8 @@
 #include "model/DockStore.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
+#include "platform/Shell.h"
+#include "platform/SystemDock.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
 #include "spaces/WindowReader.h"
@@ -15,7 +17,8 @@ namespace larkspan {
 class WindowRefresh {
   public:
     WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace, Screens& screens,
-                  WindowServer& server, DiagnosticsLog& log);
+                  WindowServer& server, DockPreferences& dock, TrashFolder& trash,
+                  DiagnosticsLog& log);
 
     /// `rebuild` forces a regroup after the read even if nothing changed.
     void requestRead(bool rebuild);

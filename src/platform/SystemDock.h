@@ -1,8 +1,10 @@
 #pragma once
 
+#include "platform/Handle.h"
 #include "platform/PropertyValue.h"
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <string_view>
 
@@ -55,6 +57,10 @@ class DockPreferences {
     virtual bool synchronize() = 0;
     virtual std::optional<PropertyValue> copyAppValue(std::string_view key) const = 0;
     virtual void setAppValue(std::string_view key, PropertyValue value) = 0;
+    /// Whether every change made outside this program is announced to subscribers, so that nothing
+    /// needs to be polled.
+    virtual bool announcesChanges() const { return false; }
+    virtual Handle subscribe(std::function<void()>) { return {}; }
 };
 
 } // namespace larkspan

@@ -73,7 +73,8 @@ class WindowServer {
     /// The windows front to back.
     virtual std::optional<std::vector<WindowListEntry>> windowList(std::uint32_t option) const = 0;
     virtual std::optional<std::vector<ManagedDisplay>> managedDisplaySpaces() const = 0;
-    /// The numbers of the windows on a Space; a window on every Space is on each of them.
+    /// The numbers of the windows on a Space; a window on every Space is on each of them, a
+    /// minimised or hidden one on none.
     virtual std::optional<std::vector<WindowId>> windowsOfSpace(SpaceId space) const = 0;
     /// Tells of changes, on the main thread; never called without the ability `announcesChanges`.
     virtual Handle subscribe(std::function<void()> callback) = 0;
