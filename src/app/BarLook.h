@@ -20,6 +20,10 @@ enum class BarTool { widgets, clipboard, screenshot, xcode, keepAwake, settings 
 /// Red, green, blue and alpha, each 0...1.
 using DotColor = std::array<double, 4>;
 
+/// Each tool that the list names, in canonical order, and `settings` in any case: the row never
+/// changes its order and the way to the settings is never lost.
+std::vector<BarTool> canonicalTools(const std::vector<BarTool>& named);
+
 /// The appearance model that every bar watches. Each property writes its key the moment it changes.
 /// Main thread only.
 class BarLook {
@@ -27,6 +31,10 @@ class BarLook {
     /// `hasIslands`: whether the system is one on which the island style exists (macOS 26 or later,
     /// or a desktop that is no Mac).
     BarLook(UserDefaults& defaults, bool hasIslands);
+
+    static constexpr double minimumGlassBlur = 3;
+
+    bool hasIslands() const { return hasIslands_; }
 
     Observed<BarStyle> style;
     Observed<GlassKind> glass;
@@ -49,6 +57,11 @@ class BarLook {
     void resetAppearance();
 
   private:
+    void read();
+    void writeChanges();
+    template <typename T, typename Convert>
+    void write(Observed<T>& property, std::string_view key, Convert convert);
+
     UserDefaults& defaults_;
     bool hasIslands_;
     std::vector<Handle> writes_;
