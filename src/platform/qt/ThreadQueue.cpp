@@ -1,7 +1,6 @@
 #include "platform/qt/ThreadQueue.h"
 
 #include <csignal>
-#include <pthread.h>
 #include <utility>
 
 namespace larkspan::qt {

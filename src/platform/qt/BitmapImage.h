@@ -1,0 +1,25 @@
+#pragma once
+
+#include "platform/Image.h"
+
+#include <string>
+#include <vector>
+
+namespace larkspan::qt {
+
+/// A picture held in memory at one or several sizes, such as the icon a window carries.
+class BitmapImage : public Image {
+  public:
+    BitmapImage(std::string identity, std::vector<Bitmap> sizes);
+
+    const std::string& identity() const override { return identity_; }
+    /// Drawn from the smallest size that is large enough, else from the largest.
+    Bitmap bitmap(int pixels) const override;
+
+  private:
+    std::string identity_;
+    /// Smallest first.
+    std::vector<Bitmap> sizes_;
+};
+
+} // namespace larkspan::qt

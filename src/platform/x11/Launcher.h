@@ -1,0 +1,41 @@
+#pragma once
+
+#include "platform/Identifiers.h"
+#include "platform/x11/DefaultApplications.h"
+#include "platform/x11/DesktopEntries.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace larkspan::x11 {
+
+/// Starts applications as processes of their own, without a shell, which outlive this program.
+class Launcher {
+  public:
+    struct Result {
+        /// The process of the (first) program that was started; absent on failure.
+        std::optional<ProcessId> pid;
+        /// Why nothing was started, in one line.
+        std::string failure;
+    };
+
+    Launcher(const Environment& environment, const DefaultApplications& defaults);
+
+    /// Starts the application with files or addresses to open. `startupId` lets the desktop tell
+    /// which window belongs to the start.
+    Result launch(const DesktopEntry& entry, const std::vector<std::string>& files = {},
+                  const std::string& startupId = {}) const;
+    /// Starts one of the entry's own actions, such as a new window.
+    Result launchAction(const DesktopEntry& entry, const DesktopAction& action) const;
+
+  private:
+    Result start(std::vector<std::string> arguments, const DesktopEntry& entry,
+                 const std::string& startupId) const;
+    bool wrapInTerminal(std::vector<std::string>& arguments) const;
+
+    const Environment& environment_;
+    const DefaultApplications& defaults_;
+};
+
+} // namespace larkspan::x11

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Signal.h"
+#include "platform/SystemDock.h"
+#include "platform/x11/DefaultApplications.h"
+#include "platform/x11/FolderWatch.h"
+
+#include <functional>
+#include <map>
+#include <string>
+
+namespace larkspan::x11 {
+
+/// The list of pinned apps in a file of our own, `pinned.json`, in the shape the Dock's preferences
+/// have. As long as there is no such file the list is the desktop's usual applications. Follows
+/// what others write into the file. Main thread only.
+class PinnedFile : public DockPreferences {
+  public:
+    /// `report` takes one line about a file that cannot be used.
+    PinnedFile(std::string path, const DefaultApplications& defaults,
+               std::function<void(const std::string&)> report);
+
+    bool synchronize() override;
+    std::optional<PropertyValue> copyAppValue(std::string_view key) const override;
+    void setAppValue(std::string_view key, PropertyValue value) override;
+    bool announcesChanges() const override;
+    Handle subscribe(std::function<void()> callback) override;
+
+  private:
+    void load() const;
+    void fileChanged();
+    PropertyValue::Array firstList() const;
+
+    std::string path_;
+    const DefaultApplications& defaults_;
+    std::function<void(const std::string&)> report_;
+    Signal<> changed_;
+    FolderWatch watch_;
+    mutable bool isLoaded_ = false;
+    bool isDirty_ = false;
+    mutable PropertyValue::Dictionary values_;
+};
+
+} // namespace larkspan::x11
