@@ -1,6 +1,6 @@
 #include "app/BarLook.h"
 
-#include "app/MemoryDefaults.h"
+#include "MemoryDefaults.h"
 #include "app/RawValues.h"
 
 #include <fmt/format.h>

@@ -1,6 +1,6 @@
 #include "app/BarSettings.h"
 
-#include "app/MemoryDefaults.h"
+#include "MemoryDefaults.h"
 
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>

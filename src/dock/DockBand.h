@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/Screens.h"
+#include "platform/SystemDock.h"
+
+#include <optional>
+#include <string_view>
+#include <vector>
+
+namespace larkspan {
+
+/// The strip that is kept free of windows at the bottom of a screen, where the bar stands. Main
+/// thread only.
+struct DockBand {
+    Screen screen;
+    /// Screen coordinates.
+    Rect frame;
+
+    bool operator==(const DockBand&) const = default;
+
+    /// The strips in the screens' order; a screen without one is left out.
+    static std::vector<DockBand> bands(const Screens& screens);
+
+    /// Why no screen has a strip, as a sentence for the user; absent when the Dock should hold one.
+    static std::optional<std::string_view> whyNoBand(const CoreDock& dock);
+};
+
+} // namespace larkspan
