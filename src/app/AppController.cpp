@@ -1,0 +1,148 @@
+#include "app/AppController.h"
+
+#include "dock/DockIconSize.h"
+#include "dock/DockProfile.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace larkspan {
+
+AppController::AppController(const Platform& platform, MakeBarPanels makeBarPanels, bool hasIslands)
+    : platform_(platform)
+    , makeBarPanels_(std::move(makeBarPanels))
+    , log_(platform.scheduler)
+    , settings_(platform.defaults)
+    , permissions_(platform.scheduler, platform.accessibility, platform.screenCapture,
+                   platform.applications, platform.application)
+    , look_(platform.defaults, hasIslands)
+    , mode_(settings_.mode())
+    , animator_(platform.applications)
+    , store_(platform.scheduler, platform.workspace, platform.applications, platform.screens,
+             platform.dockPreferences, animator_, log_)
+    , refresh_(store_, platform.scheduler, platform.workspace, platform.screens,
+               platform.windowServer, platform.dockPreferences, platform.trash, log_)
+    , click_(store_, platform.scheduler, platform.workspace, platform.applications,
+             platform.accessibility, log_)
+    , itemMenu_(store_, platform.applications, platform.accessibility) {}
+
+void AppController::start() {
+    wireCallbacks();
+    if (mode_ == BarMode::systemDock)
+        useSystemDock();
+    else
+        useVantrel();
+    if (!permissions_.hasAll()) permissions_.show();
+}
+
+void AppController::wireCallbacks() {
+    store_.onFullScreenChange = [this](const FullScreenState& fullScreen) {
+        if (bars_) bars_->fullScreenChanged(fullScreen);
+    };
+}
+
+double AppController::wantedBarHeight() const {
+    return settings_.barHeight().value_or(BarSettings::defaultBarHeight);
+}
+
+std::optional<double> AppController::barHeight() const {
+    if (mode_ == BarMode::systemDock) return std::nullopt;
+    return wantedBarHeight();
+}
+
+void AppController::useVantrel() {
+    mode_ = BarMode::vantrel;
+    settings_.setMode(mode_);
+    shrinkDock();
+    platform_.dockStrip.hold(wantedBarHeight());
+    statusItem_.reset();
+    auto& bars = makeBars();
+    bars.setHeight(wantedBarHeight());
+    bars.show();
+    startFitting();
+}
+
+void AppController::useSystemDock() {
+    mode_ = BarMode::systemDock;
+    settings_.setMode(mode_);
+    if (bars_) bars_->hide();
+    platform_.dockStrip.release();
+    giveDockBack();
+    showStatusItem();
+}
+
+void AppController::stop() {
+    store_.flushPinned();
+    if (mode_ != BarMode::vantrel) return;
+    platform_.dockStrip.release();
+    giveDockBack();
+}
+
+void AppController::shrinkDock() {
+    const auto current = DockProfile::current(platform_.coreDock);
+    if (!current) return;
+    // A profile that is still there is from a run that did not end well: the Dock of now is already
+    // the shrunken one, and the saved one is the user's own.
+    if (!DockProfile::saved(platform_.defaults)) current->save(platform_.defaults);
+    const double fitHeight = std::min(wantedBarHeight(), tallestFit);
+    current->underBar().apply(platform_.coreDock, tileFraction(firstIconSize(fitHeight)));
+}
+
+void AppController::giveDockBack() {
+    fitting_.reset();
+    const auto saved = DockProfile::saved(platform_.defaults);
+    if (!saved) return;
+    saved->apply(platform_.coreDock, saved->tileSize);
+    DockProfile::forgetSaved(platform_.defaults);
+}
+
+void AppController::startFitting() {
+    fitting_.reset();
+    // What cannot be read could not be given back either.
+    const auto& dock = platform_.coreDock;
+    if (!canResize(dock) || !DockProfile::current(dock)) return;
+    fitting_ = std::make_unique<DockFitting>(
+        platform_.scheduler, platform_.coreDock, platform_.screens,
+        std::min(wantedBarHeight(), tallestFit), [this](float fraction) {
+            settings_.setSyncedTileSize(fraction);
+            fitting_.reset();
+        });
+}
+
+BarController& AppController::makeBars() {
+    if (!bars_) {
+        barPanels_ = makeBarPanels_(*this);
+        bars_ = std::make_unique<BarController>(store_, platform_.screens, platform_.coreDock,
+                                                *barPanels_, log_, wantedBarHeight());
+        bars_->fullScreenChanged(store_.fullScreen);
+    }
+    return *bars_;
+}
+
+void AppController::setBarHeight(std::optional<double> height) {
+    settings_.setBarHeight(height);
+    if (mode_ != BarMode::vantrel || !bars_) return;
+    platform_.dockStrip.hold(wantedBarHeight());
+    bars_->setHeight(wantedBarHeight());
+    startFitting();
+}
+
+void AppController::showStatusItem() {
+    if (statusItem_) return;
+    const Menu menu{
+        {.title = "Use Larkspan", .action = [this] { useVantrel(); }},
+        MenuItem::separator(),
+        {.title = "Quit Larkspan", .action = [this] { platform_.application.terminate(); }},
+    };
+    statusItem_ = platform_.statusBar.show(
+        {.symbol = "dock.rectangle", .accessibilityDescription = "Larkspan", .menu = menu});
+}
+
+void AppController::toggleLoginItem() {
+    auto& item = platform_.loginItem;
+    const bool isDone =
+        item.status() == LoginItem::Status::enabled ? item.unregisterItem() : item.registerItem();
+    if (!isDone) item.openSystemSettings();
+}
+
+} // namespace larkspan

@@ -1,0 +1,97 @@
+#pragma once
+
+#include "app/BarLook.h"
+#include "app/BarSettings.h"
+#include "app/PermissionsWindow.h"
+#include "bar/BarController.h"
+#include "diagnostics/DiagnosticsLog.h"
+#include "dock/DockFitting.h"
+#include "model/DockStore.h"
+#include "model/IconClick.h"
+#include "model/ItemMenu.h"
+#include "model/WindowAnimator.h"
+#include "model/WindowRefresh.h"
+#include "platform/Platform.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+namespace larkspan {
+
+/// The root of the program: builds every long-lived object, wires their callbacks and chooses
+/// between the two modes, the bar or the system Dock. Main thread only.
+class AppController {
+  public:
+    /// Makes the views' side of the bars; called once, when the first bars are needed.
+    using MakeBarPanels = std::function<std::unique_ptr<BarPanels>(AppController&)>;
+
+    /// Nothing shows before `start`. `hasIslands` as `BarLook` takes it.
+    AppController(const Platform& platform, MakeBarPanels makeBarPanels, bool hasIslands = true);
+    AppController(const AppController&) = delete;
+    AppController& operator=(const AppController&) = delete;
+
+    /// Applies the stored mode and asks for missing permissions. Once, when launching has finished.
+    void start();
+    /// Puts everything of the system's back as the user had it. When the program is about to end.
+    void stop();
+
+    /// Switches to the bar, or puts it in place anew.
+    void useVantrel();
+    /// Puts the bar away and gives the Dock back as it was.
+    void useSystemDock();
+
+    BarMode mode() const { return mode_; }
+    /// Points; absent while the system Dock is in use.
+    std::optional<double> barHeight() const;
+    /// Stores the height, or with none goes back to the height of the system; the bars and the
+    /// strip follow at once.
+    void setBarHeight(std::optional<double> height);
+
+    /// Opens the program at login, or no longer does; where the system refuses, its own settings
+    /// are shown instead.
+    void toggleLoginItem();
+
+    DiagnosticsLog& log() { return log_; }
+    BarLook& look() { return look_; }
+    BarSettings& settings() { return settings_; }
+    PermissionsWindow& permissions() { return permissions_; }
+    DockStore& store() { return store_; }
+    const DockStore& store() const { return store_; }
+    WindowRefresh& refresh() { return refresh_; }
+    IconClick& click() { return click_; }
+    ItemMenu& itemMenu() { return itemMenu_; }
+    TrashFolder& trash() { return platform_.trash; }
+    const Platform& platform() const { return platform_; }
+    /// Nullptr before the first bars were needed.
+    const BarController* bars() const { return bars_.get(); }
+
+  private:
+    double wantedBarHeight() const;
+    void wireCallbacks();
+    void shrinkDock();
+    void giveDockBack();
+    void startFitting();
+    void showStatusItem();
+    BarController& makeBars();
+
+    Platform platform_;
+    MakeBarPanels makeBarPanels_;
+    DiagnosticsLog log_;
+    BarSettings settings_;
+    PermissionsWindow permissions_;
+    BarLook look_;
+    BarMode mode_;
+    WindowAnimator animator_;
+    DockStore store_;
+    WindowRefresh refresh_;
+    IconClick click_;
+    ItemMenu itemMenu_;
+    std::unique_ptr<BarPanels> barPanels_;
+    std::unique_ptr<BarController> bars_;
+    /// Present only while the system Dock is in use.
+    Handle statusItem_;
+    std::unique_ptr<DockFitting> fitting_;
+};
+
+} // namespace larkspan

@@ -1,0 +1,62 @@
+#include "app/PermissionsWindow.h"
+
+#include <string>
+
+namespace larkspan {
+namespace {
+
+constexpr double refreshSeconds = 0.5;
+/// Asking for the screen recording permission is dear, so it is asked more seldom.
+constexpr double screenReadingSeconds = 1;
+
+std::string privacyPane(const char* pane) {
+    return std::string("x-apple.systempreferences:com.apple.preference.security?") + pane;
+}
+
+} // namespace
+
+PermissionsWindow::PermissionsWindow(Scheduler& scheduler, Accessibility& accessibility,
+                                     ScreenCapture& screenCapture, ApplicationControl& applications,
+                                     HostApplication& application)
+    : scheduler_(scheduler)
+    , accessibility_(accessibility)
+    , screenCapture_(screenCapture)
+    , applications_(applications)
+    , application_(application) {}
+
+bool PermissionsWindow::hasAll() const {
+    return accessibility_.isProcessTrusted() && screenCapture_.preflightAccess();
+}
+
+void PermissionsWindow::show() {
+    if (isShown.set(true)) {
+        hasScreenRecording.set(screenCapture_.preflightAccess());
+        lastScreenReading_ = scheduler_.uptime();
+        refresh();
+        refreshing_ = scheduler_.every(refreshSeconds, [this] { refresh(); });
+    }
+    application_.activate();
+}
+
+void PermissionsWindow::close() {
+    refreshing_.reset();
+    isShown.set(false);
+}
+
+void PermissionsWindow::refresh() {
+    hasAccessibility.set(accessibility_.isProcessTrusted());
+    if (scheduler_.uptime() - lastScreenReading_ <= screenReadingSeconds) return;
+    lastScreenReading_ = scheduler_.uptime();
+    hasScreenRecording.set(screenCapture_.preflightAccess());
+}
+
+void PermissionsWindow::grantAccessibility() {
+    accessibility_.requestTrust();
+    applications_.open(privacyPane("Privacy_Accessibility"));
+}
+
+void PermissionsWindow::grantScreenRecording() {
+    if (!screenCapture_.requestAccess()) applications_.open(privacyPane("Privacy_ScreenCapture"));
+}
+
+} // namespace larkspan

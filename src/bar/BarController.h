@@ -1,0 +1,76 @@
+#pragma once
+
+#include "bar/BarCover.h"
+#include "bar/BarPanel.h"
+#include "diagnostics/DiagnosticsLog.h"
+#include "dock/DockBand.h"
+#include "model/DockStore.h"
+#include "platform/Screens.h"
+#include "platform/SystemDock.h"
+
+#include <map>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace larkspan {
+
+/// One bar per screen that has a strip for it: keeps the bars in step with the screens, the strips
+/// and what covers a screen. A bar that must go or come does so at once; it does not slide yet.
+/// Main thread only.
+class BarController {
+  public:
+    struct Bar {
+        std::unique_ptr<BarPanel> panel;
+        Screen screen;
+        bool isShown = false;
+    };
+
+    /// Makes no bars yet. `height` in points.
+    BarController(DockStore& store, Screens& screens, const CoreDock& dock, BarPanels& panels,
+                  DiagnosticsLog& log, double height);
+    BarController(const BarController&) = delete;
+    BarController& operator=(const BarController&) = delete;
+
+    /// Bars are wanted: builds them where they are missing and shows them.
+    void show();
+    /// Takes every bar off the screen. The bars are kept for the next time.
+    void hide();
+    /// Points; bars that exist take the height at once.
+    void setHeight(double height);
+    /// What the window inventory now says about covered screens.
+    void fullScreenChanged(const FullScreenState& fullScreen);
+
+    const std::vector<Bar>& bars() const { return bars_; }
+    double height() const { return height_; }
+    bool isShown() const { return isShown_; }
+    /// Why there is no bar, as a sentence for the settings; absent while there are bars.
+    const std::optional<std::string>& warning() const { return warning_; }
+
+  private:
+    void layout();
+    void moveBars(const std::vector<DockBand>& bands);
+    void buildBars(const std::vector<DockBand>& bands);
+    void updateVisibility();
+    void setShown(Bar& bar, bool isShown);
+    void updateBarFrames();
+    bool standsOn(const std::vector<DockBand>& bands) const;
+
+    DockStore& store_;
+    Screens& screens_;
+    const CoreDock& dock_;
+    BarPanels& panels_;
+    DiagnosticsLog& log_;
+    double height_;
+    bool isShown_ = false;
+    std::vector<Bar> bars_;
+    std::optional<std::string> warning_;
+    /// The frames of the screens that had a strip at the last layout.
+    std::vector<Rect> bandScreens_;
+    FullScreenState fullScreen_;
+    std::map<DisplayId, Cover> lastCover_;
+    Handle screenChanges_;
+};
+
+} // namespace larkspan
