@@ -1,0 +1,191 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/Identifiers.h"
+#include "platform/Image.h"
+#include "platform/PropertyValue.h"
+#include "platform/Screens.h"
+#include "platform/Signal.h"
+#include "platform/SystemDock.h"
+#include "platform/WindowServer.h"
+#include "platform/Workspace.h"
+#include "platform/sim/VirtualScheduler.h"
+
+#include <map>
+#include <optional>
+#include <set>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace larkspan::sim {
+
+/// An application on the disk.
+struct InstalledApp {
+    std::string bundleIdentifier;
+    std::string name;
+    /// Such as "/Applications/Notes.app".
+    std::string path;
+    ImageRef icon;
+    ActivationPolicy policy = ActivationPolicy::regular;
+    /// Seconds from being opened to having finished launching.
+    double launchSeconds = 0.4;
+    /// Whether it opens a window when it starts, and when it is opened again without one.
+    bool opensWindow = true;
+    Size windowSize{760, 480};
+};
+
+/// A running process.
+struct App {
+    ProcessId pid = 0;
+    std::optional<std::string> bundleIdentifier;
+    std::optional<std::string> path;
+    std::string name;
+    ImageRef icon;
+    ActivationPolicy policy = ActivationPolicy::regular;
+    bool finishedLaunching = true;
+    bool hidden = false;
+    /// Answers no call until it is let go: calls to it end with the messaging time-out.
+    bool hung = false;
+    /// Answers a request to quit by asking its user, and goes on.
+    bool refusesToQuit = false;
+    /// Seconds that each Accessibility call to it takes.
+    double answerSeconds = 0;
+};
+
+struct Window {
+    WindowId id = 0;
+    ProcessId pid = 0;
+    /// Display coordinates (y downwards).
+    Rect frame;
+    std::string title;
+    std::string subrole = "AXStandardWindow";
+    int layer = 0;
+    std::optional<double> alpha = 1.0;
+    bool minimized = false;
+    /// Absent for a window that is on every Space.
+    std::optional<SpaceId> space;
+    /// Where it goes back to when it leaves full screen.
+    std::optional<Rect> frameBeforeFullScreen;
+    /// The list gives its number and its name.
+    bool hasNumber = true;
+    bool hasName = true;
+};
+
+struct Space {
+    SpaceId id = 0;
+    /// 0 a desktop, 4 a full-screen Space.
+    int type = 0;
+    std::string uuid;
+};
+
+struct Display {
+    DisplayId id = 0;
+    std::string identifier;
+    /// Display coordinates; the main display's origin is 0, 0.
+    Rect bounds;
+    double scale = 1;
+    std::vector<Space> spaces;
+    std::size_t current = 0;
+
+    const Space& shown() const { return spaces[current]; }
+};
+
+/// The system Dock as it is set now.
+struct DockSettings {
+    /// The Dock's own fraction: 0 is 16 pixels, 1 is 128.
+    float tileSize = 0.4286F;
+    bool autoHide = false;
+    OrientationAndPinning place;
+    bool magnification = false;
+};
+
+/// Everything that is so on the simulated Mac at this moment, and how a change of it is told. What
+/// apps, windows, displays and the Dock do stands in the classes named after them.
+struct World {
+    World();
+
+    VirtualScheduler scheduler;
+
+    /// In their order, the main display first. Never empty unless a fault made it so.
+    std::vector<Display> displays;
+    bool displaysHaveSeparateSpaces = true;
+    /// Points that the menu bar takes at the top of every display.
+    double menuBarHeight = 25;
+
+    std::map<std::string, InstalledApp, std::less<>> installed;
+    /// In the order of their launch.
+    std::vector<App> apps;
+    ProcessId frontmost = 0;
+    /// Front to back, over all displays and Spaces.
+    std::vector<Window> windows;
+
+    DockSettings dock;
+    std::set<CoreDockFunction> missingDockFunctions;
+    /// The domain "com.apple.dock" as it is stored, and the pinned list the Dock shows.
+    PropertyValue::Dictionary dockPreferences;
+    std::vector<std::string> pinned;
+    /// Points by which the strip differs from what the icon size asks for.
+    double stripSurplus = 0;
+
+    bool trustedForAccessibility = true;
+    bool mayRecordScreen = true;
+    /// The window server and the Trash tell of changes by themselves, as they do on X11.
+    bool announcesChanges = false;
+    /// The Accessibility function that makes elements from tokens exists.
+    bool hasRemoteTokens = true;
+    /// The functions behind the Spaces exist.
+    bool hasSpaceFunctions = true;
+    /// The window server answers when asked for its list.
+    bool windowListAnswers = true;
+    /// Seconds that a read of the window list takes.
+    double windowListSeconds = 0;
+    /// Seconds after which an Accessibility call to a hung app gives up.
+    double messagingTimeout = 6;
+
+    std::optional<std::size_t> trashEntries = 0;
+    bool trashHoldsDesktopServicesFile = false;
+    /// What was asked to be opened, in order.
+    std::vector<std::string> opened;
+
+    Signal<const WorkspaceEvent&> workspaceEvents;
+    Signal<> screensChanged;
+    Signal<> windowsChanged;
+    Signal<> trashChanged;
+    Signal<> dockPreferencesChanged;
+
+    App* app(ProcessId pid);
+    const App* app(ProcessId pid) const;
+    /// The first running process of that bundle.
+    App* appOf(std::string_view bundleIdentifier);
+    Window* window(WindowId id);
+    const Window* window(WindowId id) const;
+    Display* display(DisplayId id);
+    /// The display that holds the Space.
+    Display* displayOfSpace(SpaceId space);
+    /// The display that shows the window's larger part; the main display for one that lies outside.
+    Display& displayOf(const Window& window);
+
+    /// The Space that windows of the display are on now.
+    SpaceId shownSpace(const Display& display) const;
+    bool isSpaceShown(SpaceId space) const;
+    bool isOnScreen(const Window& window) const;
+
+    RunningApplication snapshot(const App& app) const;
+    std::vector<Screen> screens() const;
+    /// Points of the strip that the Dock keeps free at the bottom of the main display.
+    double stripHeight() const;
+
+    // Tell of changes that have been made: in a turn of their own, as the system does.
+    void tell(WorkspaceEvent::Kind kind, const App& app);
+    void tell(WorkspaceEvent::Kind kind);
+    void windowsDidChange();
+    /// Silent when no screen differs from the last time.
+    void screensMayHaveChanged();
+
+  private:
+    std::vector<Screen> lastScreens_;
+    bool windowsChangeIsPosted_ = false;
+};
+
+} // namespace larkspan::sim
