@@ -54,7 +54,9 @@ Handle VirtualScheduler::every(double seconds, Task task) {
     return start(interval, interval, std::move(task));
 }
 
-void VirtualScheduler::post(Task task) { posted_.push_back(std::move(task)); }
+void VirtualScheduler::post(Task task) {
+    posted_.push_back(std::move(task));
+}
 
 SerialQueue& VirtualScheduler::queue(std::string_view name) {
     auto found = queues_.find(name);
@@ -66,3 +68,60 @@ SerialQueue& VirtualScheduler::queue(std::string_view name) {
 void VirtualScheduler::postToQueue(double notBefore, Task task) {
     queued_.emplace(Due{notBefore, ++sequence_}, std::move(task));
 }
+
+void VirtualScheduler::reachMoment(double moment) {
+    now_ = std::max(now_, moment);
+}
+
+bool VirtualScheduler::runPosted() {
+    if (posted_.empty()) return false;
+    const Task task = std::move(posted_.front());
+    posted_.pop_front();
+    ++turns_;
+    task();
+    return true;
+}
+
+bool VirtualScheduler::runTimer(double until) {
+    if (timers_->empty() || timers_->begin()->first.first > until) return false;
+    if (!queued_.empty() && queued_.begin()->first.first < timers_->begin()->first.first)
+        return false;
+    const auto timer = timers_->begin()->second;
+    timers_->erase(timers_->begin());
+    reachMoment(timer->due.first);
+    if (timer->interval > 0) {
+        // Beats missed while a turn took long are skipped, not made up for.
+        const double next = timer->due.first + timer->interval;
+        timer->due = {next > now_ ? next : now_ + timer->interval, ++sequence_};
+        timers_->emplace(timer->due, timer);
+    }
+    ++turns_;
+    timer->task();
+    return true;
+}
+
+bool VirtualScheduler::runQueued(double until) {
+    if (queued_.empty() || queued_.begin()->first.first > until) return false;
+    const auto node = queued_.extract(queued_.begin());
+    reachMoment(node.key().first);
+    ++turns_;
+    inQueue_ = true;
+    node.mapped()();
+    inQueue_ = false;
+    return true;
+}
+
+void VirtualScheduler::runFor(double seconds) {
+    const double end = now_ + seconds;
+    while (runPosted() || runTimer(end) || runQueued(end)) {
+    }
+    reachMoment(end);
+}
+
+void VirtualScheduler::runUntilIdle() {
+    while (runPosted() || runTimer(now_) ||
+           (!queued_.empty() && runQueued(queued_.begin()->first.first))) {
+    }
+}
+
+} // namespace larkspan::sim

@@ -16,7 +16,9 @@ auto* firstWhere(Items& items, Matches matches) {
 
 } // namespace
 
-World::World() { dockPreferences["persistent-apps"] = PropertyValue::Array{}; }
+World::World() {
+    dockPreferences["persistent-apps"] = PropertyValue::Array{};
+}
 
 App* World::app(ProcessId pid) {
     return firstWhere(apps, [pid](const App& app) { return app.pid == pid; });
@@ -27,7 +29,8 @@ const App* World::app(ProcessId pid) const {
 }
 
 App* World::appOf(std::string_view bundleIdentifier) {
-    return firstWhere(apps, [&](const App& app) { return app.bundleIdentifier == bundleIdentifier; });
+    return firstWhere(apps,
+                      [&](const App& app) { return app.bundleIdentifier == bundleIdentifier; });
 }
 
 Window* World::window(WindowId id) {
@@ -67,9 +70,8 @@ SpaceId World::shownSpace(const Display& display) const {
 }
 
 bool World::isSpaceShown(SpaceId space) const {
-    return std::any_of(displays.begin(), displays.end(), [&](const Display& display) {
-        return shownSpace(display) == space;
-    });
+    return std::any_of(displays.begin(), displays.end(),
+                       [&](const Display& display) { return shownSpace(display) == space; });
 }
 
 bool World::isOnScreen(const Window& window) const {
@@ -113,9 +115,8 @@ std::vector<Screen> World::screens() const {
 }
 
 void World::tell(WorkspaceEvent::Kind kind, const App& app) {
-    scheduler.post([this, event = WorkspaceEvent{kind, snapshot(app)}] {
-        workspaceEvents.emit(event);
-    });
+    scheduler.post(
+        [this, event = WorkspaceEvent{kind, snapshot(app)}] { workspaceEvents.emit(event); });
 }
 
 void World::tell(WorkspaceEvent::Kind kind) {

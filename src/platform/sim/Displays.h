@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/sim/World.h"
+
+#include <string_view>
+
+namespace larkspan::sim {
+
+/// Plugging displays, and switching and making Spaces on them.
+class Displays {
+  public:
+    explicit Displays(World& world)
+        : world_(world) {}
+
+    /// One display per part between commas: a size in points, then any of "spaces=N", "scale=N" and
+    /// "name=TEXT", such as "1920x1080 spaces=2, 1280x720 scale=2". The first is the main display,
+    /// the others stand to its right. Answers false, and changes nothing, when it cannot be read.
+    bool set(std::string_view description);
+    /// Answers the display's identifier, or 0 when the description cannot be read.
+    DisplayId add(std::string_view description);
+    /// Its windows and Spaces move to the main display. The next display becomes the main one when
+    /// it was that.
+    void unplug(DisplayId display);
+
+    /// `index` counts the display's Spaces from 0. Answers false when there is no such Space.
+    bool switchSpace(DisplayId display, std::size_t index);
+    void showSpace(SpaceId space);
+    /// A new desktop at the end of the display's row.
+    SpaceId addSpace(DisplayId display);
+    /// A new full-screen Space beside the one the display shows.
+    SpaceId addFullScreenSpace(Display& display);
+    void removeSpace(SpaceId space);
+
+  private:
+    std::optional<Display> parse(std::string_view part);
+    Space makeSpace(int type);
+    void arrange();
+
+    World& world_;
+    DisplayId lastDisplay_ = 0;
+    SpaceId lastSpace_ = 0;
+};
+
+} // namespace larkspan::sim

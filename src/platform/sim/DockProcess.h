@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/sim/Applications.h"
+#include "platform/sim/World.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace larkspan::sim {
+
+/// The system Dock: a process that shows the pinned list of its preferences, and comes back when it
+/// ends.
+class DockProcess {
+  public:
+    static constexpr const char* bundleIdentifier = "com.apple.dock";
+
+    DockProcess(World& world, Applications& applications)
+        : world_(world)
+        , applications_(applications) {}
+
+    void start();
+    bool owns(ProcessId pid) const;
+    /// Ends it; the system starts it again half a second later, and it reads its preferences anew.
+    void restart();
+
+    // What the user does in the Dock itself.
+    void pin(std::string_view bundleIdentifier);
+    void unpin(std::string_view bundleIdentifier);
+    void setPinned(const std::vector<std::string>& identifiers);
+
+  private:
+    void readPreferences();
+
+    World& world_;
+    Applications& applications_;
+    Handle respawn_;
+};
+
+} // namespace larkspan::sim

@@ -1,0 +1,33 @@
+#pragma once
+
+#include "platform/sim/World.h"
+
+namespace larkspan::sim {
+
+/// The Dock's own functions, of which some may be missing.
+class SimCoreDock final : public CoreDock {
+  public:
+    explicit SimCoreDock(World& world)
+        : world_(world) {}
+
+    bool has(CoreDockFunction function) const override {
+        return !world_.missingDockFunctions.contains(function);
+    }
+    float tileSize() const override { return world_.dock.tileSize; }
+    void setTileSize(float fraction) override;
+    bool isAutoHideEnabled() const override { return world_.dock.autoHide; }
+    void setAutoHideEnabled(bool enabled) override;
+    OrientationAndPinning orientationAndPinning() const override { return world_.dock.place; }
+    void setOrientationAndPinning(OrientationAndPinning value) override;
+    bool isMagnificationEnabled() const override { return world_.dock.magnification; }
+    void setMagnificationEnabled(bool enabled) override;
+
+    /// How often a setter was called.
+    int setCalls() const { return setCalls_; }
+
+  private:
+    World& world_;
+    int setCalls_ = 0;
+};
+
+} // namespace larkspan::sim

@@ -1,0 +1,32 @@
+#pragma once
+
+#include "platform/Shell.h"
+#include "platform/sim/VirtualScheduler.h"
+
+#include <functional>
+
+namespace larkspan::sim {
+
+class SimHostApplication final : public HostApplication {
+  public:
+    explicit SimHostApplication(VirtualScheduler& scheduler)
+        : scheduler_(scheduler) {}
+
+    void activate() override { ++activations; }
+    void terminate() override {
+        isTerminating = true;
+        scheduler_.post([this] {
+            if (onTerminate) onTerminate();
+        });
+    }
+
+    int activations = 0;
+    bool isTerminating = false;
+    /// Where the end of the run loop leads: the delegate's will-terminate, in a turn of its own.
+    std::function<void()> onTerminate;
+
+  private:
+    VirtualScheduler& scheduler_;
+};
+
+} // namespace larkspan::sim

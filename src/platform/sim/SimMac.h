@@ -1,0 +1,141 @@
+#pragma once
+
+#include "platform/Platform.h"
+#include "platform/sim/Applications.h"
+#include "platform/sim/Displays.h"
+#include "platform/sim/DockProcess.h"
+#include "platform/sim/SimAccessibility.h"
+#include "platform/sim/SimApplicationControl.h"
+#include "platform/sim/SimCoreDock.h"
+#include "platform/sim/SimDockPreferences.h"
+#include "platform/sim/SimHostApplication.h"
+#include "platform/sim/SimLoginItem.h"
+#include "platform/sim/SimScreenCapture.h"
+#include "platform/sim/SimScreens.h"
+#include "platform/sim/SimStatusBar.h"
+#include "platform/sim/SimTrash.h"
+#include "platform/sim/SimUserDefaults.h"
+#include "platform/sim/SimWindowServer.h"
+#include "platform/sim/SimWorkspace.h"
+#include "platform/sim/Windows.h"
+#include "platform/sim/World.h"
+
+#include <string>
+#include <string_view>
+
+namespace larkspan::sim {
+
+/// A whole Mac in memory. A person steers it through the methods below; the program sees it through
+/// `platform()`. Nothing happens by itself: let time pass through `scheduler`. The system's own
+/// processes run from the start: the Dock, then the Finder, which is in front.
+class SimMac {
+  public:
+    explicit SimMac(std::string_view displays = "1440x900");
+    SimMac(const SimMac&) = delete;
+    SimMac& operator=(const SimMac&) = delete;
+
+    Platform platform();
+
+    // Displays and Spaces.
+    DisplayId addDisplay(std::string_view description) { return displays_.add(description); }
+    bool setDisplays(std::string_view description) { return displays_.set(description); }
+    void unplug(DisplayId display);
+    /// `index` counts the display's Spaces from 0.
+    bool switchSpace(DisplayId display, std::size_t index);
+    SpaceId addSpace(DisplayId display) { return displays_.addSpace(display); }
+    void removeSpace(SpaceId space);
+    /// The display at that place of the row, 0 the main one; 0 when there is none.
+    DisplayId displayAt(std::size_t index) const;
+    /// The display's Space at that place; 0 when there is none.
+    SpaceId spaceAt(DisplayId display, std::size_t index) const;
+
+    // Apps.
+    InstalledApp& install(std::string bundleIdentifier, std::string name) {
+        return applications_.install(std::move(bundleIdentifier), std::move(name));
+    }
+    void uninstall(std::string_view bundleIdentifier) { applications_.uninstall(bundleIdentifier); }
+    /// By default at once, in front, and without a window.
+    ProcessId launch(std::string_view bundleIdentifier, const LaunchOptions& options = {}) {
+        return applications_.launch(bundleIdentifier, options);
+    }
+    bool open(std::string_view path) { return applications_.open(path); }
+    void activate(ProcessId pid) { applications_.activate(pid); }
+    void hide(ProcessId pid) { applications_.hide(pid); }
+    void unhide(ProcessId pid) { applications_.unhide(pid); }
+    /// Answers whether it went.
+    bool quit(ProcessId pid) { return applications_.quit(pid); }
+    void kill(ProcessId pid) { applications_.kill(pid); }
+    /// The first running process of that bundle; 0 when none runs.
+    ProcessId pidOf(std::string_view bundleIdentifier);
+    ProcessId frontmost() const { return world_.frontmost; }
+    ProcessId finder() { return pidOf(finderIdentifier); }
+
+    // Windows.
+    WindowId openWindow(ProcessId pid, const WindowOptions& options = {}) {
+        return windows_.open(pid, options);
+    }
+    void closeWindow(WindowId window) { windows_.close(window); }
+    void minimize(WindowId window) { windows_.setMinimized(window, true); }
+    void unminimize(WindowId window) { windows_.setMinimized(window, false); }
+    void moveWindow(WindowId window, const Rect& frame) { windows_.setFrame(window, frame); }
+    void moveToDisplay(WindowId window, DisplayId display) {
+        windows_.moveToDisplay(window, display);
+    }
+    void moveToSpace(WindowId window, SpaceId space) { windows_.moveToSpace(window, space); }
+    void setTitle(WindowId window, std::string title) {
+        windows_.setTitle(window, std::move(title));
+    }
+    void enterFullScreen(WindowId window) { windows_.enterFullScreen(window); }
+    void leaveFullScreen(WindowId window);
+    /// What a click into the window does: it comes to the front, and its app with it.
+    void focusWindow(WindowId window);
+
+    // The Dock and the Trash, as the user or another program changes them.
+    void pin(std::string_view bundleIdentifier) { dock_.pin(bundleIdentifier); }
+    void unpin(std::string_view bundleIdentifier) { dock_.unpin(bundleIdentifier); }
+    void setPinned(const std::vector<std::string>& identifiers) { dock_.setPinned(identifiers); }
+    void restartDock() { dock_.restart(); }
+    void setDock(const DockSettings& settings);
+    /// Absent: the folder cannot be read.
+    void setTrash(std::optional<std::size_t> entries);
+
+    // What is missing, refused or slow.
+    void refuseAccessibility(bool refuse = true) { world_.trustedForAccessibility = !refuse; }
+    void refuseScreenRecording(bool refuse = true) { world_.mayRecordScreen = !refuse; }
+    void removeFunction(CoreDockFunction function) { world_.missingDockFunctions.insert(function); }
+    void setAnnouncesChanges(bool announces) { world_.announcesChanges = announces; }
+    /// The app answers no call until it is let go.
+    void hang(ProcessId pid, bool hung = true);
+
+    /// Everything that is so, for tests that look, and for faults without a method of their own.
+    World& world() { return world_; }
+    const World& world() const { return world_; }
+
+  private:
+    World world_;
+    Displays displays_{world_};
+    Windows windows_{world_, displays_};
+    Applications applications_{world_, windows_, displays_};
+    DockProcess dock_{world_, applications_};
+
+    SimWorkspace workspace_{world_};
+    SimApplicationControl control_{world_, applications_, dock_};
+    SimScreens screens_{world_};
+    SimDockStrip strip_;
+    SimWindowServer windowServer_{world_};
+    SimDockPreferences dockPreferences_{world_};
+
+  public:
+    // What of the interfaces a test or a scenario looks into.
+    VirtualScheduler& scheduler = world_.scheduler;
+    SimUserDefaults defaults;
+    SimAccessibility accessibility{world_, applications_, windows_};
+    SimScreenCapture screenCapture{world_};
+    SimCoreDock coreDock{world_};
+    SimStatusBar statusBar;
+    SimLoginItem loginItem;
+    SimHostApplication application{world_.scheduler};
+    SimTrash trash{world_, applications_};
+};
+
+} // namespace larkspan::sim
