@@ -1,0 +1,67 @@
+#pragma once
+
+#include <xcb/xcb.h>
+
+namespace larkspan::x11 {
+
+/// The names this system uses in the X server, each as the server's number for it; 0 when the
+/// server is gone.
+struct Atoms {
+    explicit Atoms(xcb_connection_t* connection);
+
+    // What the window manager tells of the whole desktop, on the root window.
+    xcb_atom_t netSupported = 0;
+    xcb_atom_t netSupportingWmCheck = 0;
+    xcb_atom_t netClientList = 0;
+    xcb_atom_t netClientListStacking = 0;
+    xcb_atom_t netActiveWindow = 0;
+    xcb_atom_t netCurrentDesktop = 0;
+    xcb_atom_t netNumberOfDesktops = 0;
+    xcb_atom_t netCloseWindow = 0;
+    xcb_atom_t netRestackWindow = 0;
+
+    // What a window says of itself.
+    xcb_atom_t netWmName = 0;
+    xcb_atom_t netWmPid = 0;
+    xcb_atom_t netWmDesktop = 0;
+    xcb_atom_t netWmIcon = 0;
+    xcb_atom_t netWmWindowOpacity = 0;
+    xcb_atom_t netFrameExtents = 0;
+    xcb_atom_t gtkFrameExtents = 0;
+    xcb_atom_t netWmStrut = 0;
+    xcb_atom_t netWmStrutPartial = 0;
+    xcb_atom_t wmState = 0;
+    xcb_atom_t wmChangeState = 0;
+    xcb_atom_t wmProtocols = 0;
+    xcb_atom_t wmDeleteWindow = 0;
+    xcb_atom_t wmTakeFocus = 0;
+
+    xcb_atom_t netWmState = 0;
+    xcb_atom_t stateHidden = 0;
+    xcb_atom_t stateShaded = 0;
+    xcb_atom_t stateFullscreen = 0;
+    xcb_atom_t stateSkipTaskbar = 0;
+    xcb_atom_t stateSkipPager = 0;
+    xcb_atom_t stateSticky = 0;
+    xcb_atom_t stateAbove = 0;
+    xcb_atom_t stateDemandsAttention = 0;
+
+    xcb_atom_t netWmWindowType = 0;
+    xcb_atom_t typeNormal = 0;
+    xcb_atom_t typeDialog = 0;
+    xcb_atom_t typeUtility = 0;
+    xcb_atom_t typeToolbar = 0;
+    xcb_atom_t typeMenu = 0;
+    xcb_atom_t typeSplash = 0;
+    xcb_atom_t typeDock = 0;
+    xcb_atom_t typeDesktop = 0;
+
+    xcb_atom_t utf8String = 0;
+    xcb_atom_t compoundText = 0;
+    xcb_atom_t rootPixmap = 0;
+    xcb_atom_t esetrootPixmap = 0;
+    /// The selection that a compositor of the default screen owns.
+    xcb_atom_t compositor = 0;
+};
+
+} // namespace larkspan::x11

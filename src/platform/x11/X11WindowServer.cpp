@@ -1,0 +1,104 @@
+#include "platform/x11/X11WindowServer.h"
+
+#include <fmt/format.h>
+
+namespace larkspan::x11 {
+
+namespace {
+
+// The layers on which a Mac has windows of these kinds; only layer 0 holds ordinary ones.
+int layerOf(ClientWindow::Kind kind) {
+    switch (kind) {
+    case ClientWindow::Kind::normal:
+    case ClientWindow::Kind::dialog:
+        return 0;
+    case ClientWindow::Kind::floating:
+        return 3;
+    case ClientWindow::Kind::dock:
+        return 20;
+    case ClientWindow::Kind::desktop:
+        return -2147483603;
+    }
+    return 0;
+}
+
+WindowListEntry entryOf(const ClientWindow& window, bool isOnScreen) {
+    WindowListEntry entry;
+    entry.layer = layerOf(window.kind);
+    if (window.owner != 0) entry.ownerPID = window.owner;
+    entry.alpha = window.alpha;
+    entry.bounds = window.bounds;
+    entry.number = window.id;
+    entry.isOnScreen = isOnScreen;
+    entry.name = window.title;
+    return entry;
+}
+
+SpaceId spaceOf(DisplayId display, std::uint32_t desktop) {
+    return (SpaceId{display} << 32) + desktop + 1;
+}
+
+ManagedSpace managedSpace(DisplayId display, std::uint32_t desktop) {
+    // The first desktop of a display has no identifier on a Mac either.
+    return {.id64 = spaceOf(display, desktop),
+            .type = 0,
+            .uuid = desktop == 0 ? std::string() : fmt::format("{}-{}", display, desktop + 1)};
+}
+
+// The display that shows most of the window; the main one for a window outside of all.
+DisplayId displayOf(const ClientWindow& window, const std::vector<Screen>& screens) {
+    DisplayId best = screens.empty() ? 0 : screens.front().display;
+    double largest = 0;
+    for (const auto& screen : screens) {
+        const double area = intersection(window.bounds, screen.bounds).area();
+        if (area <= largest) continue;
+        largest = area;
+        best = screen.display;
+    }
+    return best;
+}
+
+} // namespace
+
+std::optional<std::vector<WindowListEntry>>
+X11WindowServer::windowList(std::uint32_t option) const {
+    const auto desktop = board_.newest();
+    std::vector<WindowListEntry> list;
+    list.reserve(desktop->windows.size());
+    for (const auto& window : desktop->windows) {
+        const bool isOnScreen =
+            !window->isMinimized && window->isOnDesktop(desktop->currentDesktop);
+        if (!isOnScreen && (option & WindowListOption::onScreenOnly)) continue;
+        const bool isDesktopElement = window->kind == ClientWindow::Kind::desktop;
+        if (isDesktopElement && (option & WindowListOption::excludeDesktopElements)) continue;
+        list.push_back(entryOf(*window, isOnScreen));
+    }
+    return list;
+}
+
+std::optional<std::vector<ManagedDisplay>> X11WindowServer::managedDisplaySpaces() const {
+    const auto desktop = board_.newest();
+    std::vector<ManagedDisplay> displays;
+    for (const auto& screen : desktop->screens) {
+        ManagedDisplay display;
+        display.displayIdentifier = screen.displayIdentifier;
+        display.currentSpace = managedSpace(screen.display, desktop->currentDesktop);
+        for (std::uint32_t i = 0; i < desktop->desktopCount; ++i)
+            display.spaces.push_back(managedSpace(screen.display, i));
+        displays.push_back(std::move(display));
+    }
+    return displays;
+}
+
+std::optional<std::vector<WindowId>> X11WindowServer::windowsOfSpace(SpaceId space) const {
+    const auto display = static_cast<DisplayId>(space >> 32);
+    const auto number = static_cast<std::uint32_t>(space) - 1;
+    const auto desktop = board_.newest();
+    std::vector<WindowId> windows;
+    for (const auto& window : desktop->windows)
+        if (window->isOnDesktop(number) && displayOf(*window, desktop->screens) == display)
+            windows.push_back(window->id);
+    return windows;
+}
+
+} // namespace larkspan::x11

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "platform/Signal.h"
+#include "platform/WindowServer.h"
+#include "platform/x11/DesktopSnapshot.h"
+
+namespace larkspan::x11 {
+
+/// The managed windows as a Mac's window list, and each desktop of the window manager as one Space
+/// on every display. A Space's identifier is display × 2³² + desktop + 1. Iconified windows and
+/// those of other desktops are not on screen, yet stay on their Space.
+class X11WindowServer : public WindowServer {
+  public:
+    explicit X11WindowServer(const SnapshotBoard& board)
+        : board_(board) {}
+
+    WindowServerAbilities abilities() const override {
+        return {.announcesChanges = true, .readsAtOnce = true};
+    }
+    std::optional<std::vector<WindowListEntry>> windowList(std::uint32_t option) const override;
+    std::optional<std::vector<ManagedDisplay>> managedDisplaySpaces() const override;
+    std::optional<std::vector<WindowId>> windowsOfSpace(SpaceId space) const override;
+    Handle subscribe(std::function<void()> callback) override {
+        return changed_.subscribe(std::move(callback));
+    }
+
+    void announce() { changed_.emit(); }
+
+  private:
+    const SnapshotBoard& board_;
+    Signal<> changed_;
+};
+
+} // namespace larkspan::x11
