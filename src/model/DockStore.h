@@ -1,14 +1,17 @@
 #pragma once
 
 #include "diagnostics/DiagnosticsLog.h"
+#include "model/BarSlots.h"
 #include "model/DisplayGroup.h"
 #include "model/DockItem.h"
+#include "model/Grouping.h"
 #include "model/WindowAnimator.h"
 #include "platform/Observed.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
 #include "platform/SystemDock.h"
 #include "platform/Workspace.h"
+#include "spaces/AppWindow.h"
 #include "spaces/FullScreenState.h"
 #include "spaces/SpaceMap.h"
 #include "spaces/WindowInfo.h"
@@ -63,6 +66,7 @@ class DockStore {
     std::map<ProcessId, std::set<DisplayId>> windowDisplays;
     std::map<ProcessId, std::set<DisplayId>> seenDisplays;
     std::optional<SpaceMap> spaceMap;
+    /// The windows that count for their apps, on every Space, front to back.
     std::vector<WindowInfo> latestWindows;
     std::map<ProcessId, std::set<Slot>> windowSlots;
     std::map<ProcessId, std::set<Slot>> seenSlots;
@@ -71,12 +75,20 @@ class DockStore {
     std::set<std::string> regroupingIDs;
     std::vector<DisplayId> groupedScreens;
 
-    void refreshRunning();
+    /// Takes over the regular apps that run now; answers whether that changed anything.
+    bool refreshRunning();
+    /// Makes the item lists anew from what is known; sets only those that differ.
     void rebuild();
     /// Stores a read; answers whether anything that matters for grouping changed.
-    bool applyWindowRead(const WindowRead& read);
+    bool applyWindowRead(WindowRead read);
     /// The item of one pinned bundle identifier; absent when no such application is to be found.
     std::optional<DockItem> makePinnedItem(const std::string& id);
+
+    /// Those of an app's windows that the group stands for; all of them when there is no group.
+    std::vector<AppWindow> windowsOf(const DisplayGroup* group,
+                                     std::vector<AppWindow> windows) const;
+    /// The running application as it is now; absent when it has quit.
+    const RunningApplication* runningApplication(ProcessId pid) const;
 
     /// Follows the Dock's own list, unless a change of ours waits to be written.
     void reloadPinned();
@@ -86,6 +98,25 @@ class DockStore {
     void flushPinned();
 
   private:
+    struct Sections {
+        std::vector<PlacedItem> windowApps;
+        std::vector<DockItem> background;
+    };
+
+    void checkThread() const;
+    void pruneLaunching(const std::set<std::string>& idsBefore);
+    void logChanges(const WindowRead& read, bool hasNewLayout);
+    Sections splitRunning(const BarSlots& slots);
+    AppPlaces placesOf(ProcessId pid, std::set<Slot> previous) const;
+    std::vector<DockItem> makePinnedItems();
+    DockItem makeItem(std::string id, const RunningApplication* app,
+                      std::optional<std::string> url);
+    ImageRef icon(const std::string& id, const std::optional<std::string>& url,
+                  const RunningApplication* app);
+    void pruneIcons();
+    const RunningApplication* runningApplication(const std::string& bundleIdentifier) const;
+    std::optional<std::string> urlOf(const RunningApplication& app) const;
+
     Scheduler& scheduler_;
     Workspace& workspace_;
     ApplicationControl& applications_;
@@ -93,6 +124,7 @@ class DockStore {
     DockPreferences& dock_;
     DiagnosticsLog& log_;
     std::map<std::string, ImageRef> icons_;
+    /// The wait before the pinned list is written to the Dock.
     Handle pinnedWrite_;
 };
 

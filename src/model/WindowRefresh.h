@@ -10,20 +10,75 @@
 #include "platform/Workspace.h"
 #include "spaces/WindowReader.h"
 
+#include <memory>
+#include <optional>
+#include <vector>
+
 namespace larkspan {
 
 /// Keeps a `DockStore` in step with the desktop: hears what changed, asks for window reads (one at
-/// a time) and regroups after them. Main thread only.
+/// a time) and regroups after them. What the desktop does not announce is polled; what it announces
+/// costs nothing until it happens. Main thread only.
 class WindowRefresh {
   public:
+    /// Reads the windows once, before it returns.
     WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace, Screens& screens,
                   WindowServer& server, DockPreferences& dock, TrashFolder& trash,
                   DiagnosticsLog& log);
 
     /// `rebuild` forces a regroup after the read even if nothing changed.
     void requestRead(bool rebuild);
-    /// The pointer came onto a bar or left it.
+    /// The pointer came onto a bar or left it. Tiles keep their sections meanwhile and are released
+    /// all at once when it leaves.
     void setPointerOnBar(bool onBar);
+    /// A Space slide began: reads are held until the workspace tells that it ended.
+    void beginSpaceSwitch();
+
+  private:
+    struct FullRead {
+        std::vector<WindowInfo> front;
+        /// Uptime at its start, in seconds.
+        double time = 0;
+    };
+
+    void readAtStart();
+    void observe();
+    void workspaceChanged(const WorkspaceEvent& event);
+    void appsChanged(const WorkspaceEvent& event);
+    void endSpaceSwitch();
+    void frontmostChanged();
+    void screensChanged();
+    void checkTrash();
+
+    void readSoon();
+    void readOnQueue();
+    std::optional<std::vector<WindowInfo>> baseOfRead() const;
+    void readFinished(std::optional<WindowRead> read, double start);
+    void apply(std::optional<WindowRead> read, double start, double end);
+
+    DockStore& store_;
+    Scheduler& scheduler_;
+    Workspace& workspace_;
+    Screens& screens_;
+    WindowServer& server_;
+    DockPreferences& dock_;
+    TrashFolder& trash_;
+    DiagnosticsLog& log_;
+    const WindowServerAbilities abilities_;
+    const WindowReader reader_;
+
+    /// A read is in flight (or, where the platform reads at once, waits for its turn).
+    bool isReadingWindows_ = false;
+    /// Another read was asked for while one was in flight.
+    bool readAgain_ = false;
+    bool rebuildAfterRead_ = false;
+    bool isSwitchingSpaces_ = false;
+    /// A read was held back during a slide.
+    bool hasHeldRead_ = false;
+    std::optional<FullRead> lastFullRead_;
+    std::vector<Handle> observations_;
+    /// Ends with this object, so that a read that comes back later finds nobody.
+    std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 
 } // namespace larkspan

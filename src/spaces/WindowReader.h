@@ -14,19 +14,29 @@
 
 namespace larkspan {
 
-/// One read of the windows, with what grouping needs derived from it.
+/// One full read of the windows, with what grouping needs derived from it.
+///
+/// A window counts for its app while it is on screen, or would be if its Space were shown: a window
+/// on a Space that no display shows counts, a minimised one or one of a hidden app does not.
 struct WindowRead {
-    /// Numbers of all windows seen, on every Space.
+    /// Numbers of all windows seen, on every Space, counting or not.
     std::vector<WindowId> ids;
-    /// The windows on screen, front to back.
+    /// The windows that count, front to back.
     std::vector<WindowInfo> windows;
     FullScreenState fullScreen;
+    /// Per display, the process whose window is in front there.
     std::map<DisplayId, ProcessId> frontDisplays;
+    /// Per display, the Space shown there.
     std::map<DisplayId, SpaceId> frontSpaces;
+    /// Absent when the window server does not tell of Spaces.
     std::optional<SpaceMap> spaceMap;
+    /// Per app with windows that count: the process, the displays, the slots.
     std::set<ProcessId> windowPIDs;
     std::map<ProcessId, std::set<DisplayId>> windowDisplays;
     std::map<ProcessId, std::set<Slot>> windowSlots;
+
+    /// The windows on screen among `windows`, front to back.
+    std::vector<WindowInfo> front() const;
 };
 
 /// Reads the windows and the Spaces from the window server. Any thread; the screens are those of
@@ -39,8 +49,23 @@ class WindowReader {
     /// Absent when the window server gave no list.
     std::optional<WindowRead> read(const std::vector<Screen>& screens) const;
 
+    /// The same, but also absent when the windows on screen are still those of an earlier read
+    /// (`front`, front to back), which costs less to find out.
+    std::optional<WindowRead> readUnlessFront(const std::vector<WindowInfo>& front,
+                                              const std::vector<Screen>& screens) const;
+
   private:
     const WindowServer& server_;
 };
+
+/// The slots in which a window counts; none for a window that does not count. `display` is the one
+/// that shows most of it, if any does.
+///
+/// A window is in those of its Spaces that belong to its display. When none does, because it lies
+/// across the edge of another display, it is where its Spaces are. A window on screen whose Space
+/// is not known is in the Space its display shows, or in the whole display when there is no Space
+/// map.
+std::set<Slot> slotsOf(const WindowInfo& window, std::optional<DisplayId> display,
+                       const SpaceMap& map);
 
 } // namespace larkspan

@@ -1,0 +1,290 @@
+#include "model/DockStore.h"
+
+#include "dock/PinnedApps.h"
+#include "model/Animation.h"
+#include "model/Classification.h"
+#include "model/ItemIdentity.h"
+#include "model/PinnedSection.h"
+#include "model/WindowChangeLine.h"
+#include "spaces/SlotWindows.h"
+
+#include <algorithm>
+#include <cassert>
+#include <filesystem>
+#include <utility>
+
+namespace larkspan {
+
+namespace {
+
+constexpr double pinnedWriteDelay = 1.0;
+
+template <typename Key, typename Value>
+Value valueOf(const std::map<Key, Value>& map, const Key& key) {
+    const auto found = map.find(key);
+    return found == map.end() ? Value{} : found->second;
+}
+
+template <typename Value>
+void keepOnly(std::map<ProcessId, Value>& map, const std::vector<ProcessId>& pids) {
+    const std::set<ProcessId> kept(pids.begin(), pids.end());
+    std::erase_if(map, [&](const auto& entry) { return !kept.contains(entry.first); });
+}
+
+template <typename Value>
+void unite(std::map<ProcessId, std::set<Value>>& seen,
+           const std::map<ProcessId, std::set<Value>>& now) {
+    for (const auto& [pid, values] : now)
+        seen[pid].insert(values.begin(), values.end());
+}
+
+/// Whether the displays have the same Spaces and show the same ones.
+bool haveSameLayout(const std::optional<SpaceMap>& a, const std::optional<SpaceMap>& b) {
+    if (a.has_value() != b.has_value()) return false;
+    return !a || (a->spaces == b->spaces && a->owners == b->owners &&
+                  a->fullScreen == b->fullScreen && a->shown == b->shown);
+}
+
+std::string withoutExtension(std::string name, const std::string& url) {
+    const auto extension = std::filesystem::path(url).extension().string();
+    if (!extension.empty() && name.size() > extension.size() && name.ends_with(extension))
+        name.resize(name.size() - extension.size());
+    return name;
+}
+
+} // namespace
+
+DockStore::DockStore(Scheduler& scheduler, Workspace& workspace, ApplicationControl& applications,
+                     Screens& screens, DockPreferences& dock, WindowAnimator& windowAnimator,
+                     DiagnosticsLog& log)
+    : animator(windowAnimator)
+    , scheduler_(scheduler)
+    , workspace_(workspace)
+    , applications_(applications)
+    , screens_(screens)
+    , dock_(dock)
+    , log_(log) {
+    pinnedIDs = pinnedAppIdentifiers(dock_);
+    refreshRunning();
+}
+
+void DockStore::checkThread() const {
+    assert(scheduler_.isMainThread());
+}
+
+bool DockStore::refreshRunning() {
+    checkThread();
+    auto applications = workspace_.runningApplications();
+    std::erase_if(applications, [](const RunningApplication& app) {
+        return app.activationPolicy != ActivationPolicy::regular || app.isTerminated;
+    });
+    const bool isChanged = applications != running;
+    running = std::move(applications);
+
+    runningPIDs.clear();
+    auto idsBefore = std::exchange(runningIDs, {});
+    for (const auto& app : running) {
+        runningPIDs.push_back(app.pid);
+        if (app.bundleIdentifier) runningIDs.insert(*app.bundleIdentifier);
+    }
+    pruneLaunching(idsBefore);
+    keepOnly(seenDisplays, runningPIDs);
+    keepOnly(seenSlots, runningPIDs);
+    return isChanged;
+}
+
+void DockStore::pruneLaunching(const std::set<std::string>& idsBefore) {
+    auto launching = launchingIDs.get();
+    for (const auto& app : running)
+        if (app.bundleIdentifier && app.pid >= 1 && app.isFinishedLaunching)
+            launching.erase(*app.bundleIdentifier);
+    // One that ran and quit again will not finish.
+    std::erase_if(launching, [&](const std::string& id) {
+        return idsBefore.contains(id) && !runningIDs.contains(id);
+    });
+    launchingIDs.set(std::move(launching));
+}
+
+bool DockStore::applyWindowRead(WindowRead read) {
+    checkThread();
+    if (read.fullScreen != fullScreen) {
+        fullScreen = read.fullScreen;
+        if (onFullScreenChange) onFullScreenChange(fullScreen);
+    }
+    frontDisplays.set(std::move(read.frontDisplays));
+    frontSpaces.set(std::move(read.frontSpaces));
+    const bool hasNewLayout = !haveSameLayout(read.spaceMap, spaceMap);
+    spaceMap = std::move(read.spaceMap);
+    latestWindows = std::move(read.windows);
+    unite(seenSlots, read.windowSlots);
+    unite(seenDisplays, read.windowDisplays);
+
+    // A new layout moves slots along the bar even when every window stays in its own.
+    if (!hasNewLayout && read.windowPIDs == windowPIDs && read.windowDisplays == windowDisplays &&
+        read.windowSlots == windowSlots)
+        return false;
+    logChanges(read, hasNewLayout);
+    windowPIDs = std::move(read.windowPIDs);
+    windowDisplays = std::move(read.windowDisplays);
+    windowSlots = std::move(read.windowSlots);
+    return true;
+}
+
+void DockStore::logChanges(const WindowRead& read, bool hasNewLayout) {
+    if (hasNewLayout) log_.write("windows", "Space layout changed");
+    auto line =
+        windowChangeLine(windowDisplays, windowSlots, read.windowDisplays, read.windowSlots);
+    if (!line.empty()) log_.write("windows", std::move(line));
+}
+
+void DockStore::rebuild() {
+    checkThread();
+    const BarSlots slots(screens_.screens(), spaceMap);
+    auto sections = splitRunning(slots);
+    windowAppGroups.set(groupItems(sections.windowApps, slots, *showsEmptyDesktops));
+    groupedScreens = slots.displays();
+    backgroundItems.set(std::move(sections.background));
+    pinnedItems.set(makePinnedItems());
+    pruneIcons();
+}
+
+DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
+    std::map<std::string, std::set<Slot>> previousSlots;
+    for (const auto& group : *windowAppGroups)
+        for (const auto& item : group.items)
+            previousSlots[item.id].insert(group.slot);
+    std::set<std::string> previousBackground;
+    for (const auto& item : *backgroundItems)
+        previousBackground.insert(item.id);
+
+    Sections sections;
+    auto ids = itemIds(running);
+    for (std::size_t i = 0; i < running.size(); ++i) {
+        const auto& app = running[i];
+        const SectionFacts facts{
+            .pid = app.pid,
+            .isHidden = app.isHidden,
+            .hasWindows = windowPIDs.contains(app.pid),
+            .wasWindowApp = previousSlots.contains(ids[i]),
+            .wasBackgroundApp = previousBackground.contains(ids[i]),
+            .isHeld = isPointerOnBar || animator.phase(app.pid) != WindowAnimator::Phase::none ||
+                      animator.hasPendingHide(app.pid),
+            .mayRegroup = regroupingIDs.contains(ids[i]),
+        };
+        auto places = placesOf(app.pid, valueOf(previousSlots, ids[i]));
+        auto item = makeItem(std::move(ids[i]), &app, urlOf(app));
+        if (sectionOf(facts) == Section::background)
+            sections.background.push_back(std::move(item));
+        else
+            sections.windowApps.push_back({std::move(item), slotsForApp(places, slots)});
+    }
+    return sections;
+}
+
+AppPlaces DockStore::placesOf(ProcessId pid, std::set<Slot> previous) const {
+    return {.slots = valueOf(windowSlots, pid),
+            .displays = valueOf(windowDisplays, pid),
+            .previous = std::move(previous),
+            .seenSlots = valueOf(seenSlots, pid),
+            .seenDisplays = valueOf(seenDisplays, pid)};
+}
+
+std::vector<DockItem> DockStore::makePinnedItems() {
+    std::vector<DockItem> items;
+    for (const auto& id : pinnedSection(pinnedIDs))
+        if (auto item = makePinnedItem(id)) items.push_back(*std::move(item));
+    return items;
+}
+
+std::optional<DockItem> DockStore::makePinnedItem(const std::string& id) {
+    const auto* app = runningApplication(id);
+    auto url = app ? urlOf(*app) : workspace_.urlForApplication(id);
+    if (!app && !url) return std::nullopt;
+    return makeItem(id, app, std::move(url));
+}
+
+DockItem DockStore::makeItem(std::string id, const RunningApplication* app,
+                             std::optional<std::string> url) {
+    DockItem item;
+    if (app) {
+        item.app = *app;
+        // Which app is in front is told by `frontmostPID`, and the picture by `icon`. Kept here
+        // too, they would make a tile differ from itself at every activation.
+        item.app->isActive = false;
+        item.app->icon = nullptr;
+        item.name = app->localizedName;
+    }
+    if (item.name.empty() && url) item.name = withoutExtension(workspace_.displayName(*url), *url);
+    item.icon = icon(id, url, app);
+    item.url = std::move(url);
+    item.isPinned = isPinned(id, pinnedIDs);
+    item.id = std::move(id);
+    return item;
+}
+
+std::optional<std::string> DockStore::urlOf(const RunningApplication& app) const {
+    if (app.bundleURL || !app.bundleIdentifier) return app.bundleURL;
+    return workspace_.urlForApplication(*app.bundleIdentifier);
+}
+
+const RunningApplication* DockStore::runningApplication(const std::string& bundleIdentifier) const {
+    const auto found = std::ranges::find(running, std::optional(bundleIdentifier),
+                                         &RunningApplication::bundleIdentifier);
+    return found == running.end() ? nullptr : &*found;
+}
+
+const RunningApplication* DockStore::runningApplication(ProcessId pid) const {
+    const auto found = std::ranges::find(running, pid, &RunningApplication::pid);
+    return found == running.end() ? nullptr : &*found;
+}
+
+std::vector<AppWindow> DockStore::windowsOf(const DisplayGroup* group,
+                                            std::vector<AppWindow> windows) const {
+    if (!group) return windows;
+    return windowsInSlot(std::move(windows), group->slot, spaceMap, screens_.screens());
+}
+
+ImageRef DockStore::icon(const std::string& id, const std::optional<std::string>& url,
+                         const RunningApplication* app) {
+    auto& icon = icons_[id];
+    if (!icon && url) icon = workspace_.icon(*url);
+    if (!icon && app) icon = app->icon;
+    if (!icon) icon = workspace_.genericApplicationIcon();
+    return icon;
+}
+
+void DockStore::pruneIcons() {
+    std::set<std::string_view> shown;
+    for (const auto& group : *windowAppGroups)
+        for (const auto& item : group.items)
+            shown.insert(item.id);
+    for (const auto* items : {&*backgroundItems, &*pinnedItems})
+        for (const auto& item : *items)
+            shown.insert(item.id);
+    std::erase_if(icons_, [&](const auto& entry) { return !shown.contains(entry.first); });
+}
+
+void DockStore::reloadPinned() {
+    checkThread();
+    if (pinnedWrite_) return;
+    auto ids = pinnedAppIdentifiers(dock_);
+    if (ids == pinnedIDs) return;
+    pinnedIDs = std::move(ids);
+    withAnimation(pinnedListAnimation, [this] { rebuild(); });
+}
+
+void DockStore::setPinned(std::vector<std::string> ids) {
+    checkThread();
+    pinnedIDs = std::move(ids);
+    withAnimation(pinnedListAnimation, [this] { rebuild(); });
+    pinnedWrite_ = scheduler_.after(pinnedWriteDelay, [this] { flushPinned(); });
+}
+
+void DockStore::flushPinned() {
+    checkThread();
+    if (!pinnedWrite_) return;
+    writePinnedApps(dock_, workspace_, applications_, pinnedIDs);
+    pinnedWrite_.reset();
+}
+
+} // namespace larkspan

@@ -1,0 +1,168 @@
+#include "model/IconClick.h"
+
+#include "spaces/WindowPresence.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <utility>
+
+namespace larkspan {
+
+namespace {
+
+/// How long the system may take to report an app as frontmost that the bar has activated, in
+/// seconds.
+constexpr double activationWindow = 1.0;
+/// How long an app may take to appear before its launching mark is given up, in seconds.
+constexpr double launchLimit = 30.0;
+
+const char* nameOf(WindowAnimator::Phase phase) {
+    using Phase = WindowAnimator::Phase;
+    switch (phase) {
+    case Phase::none:
+        return "none";
+    case Phase::hiding:
+        return "hiding";
+    case Phase::showing:
+        return "showing";
+    case Phase::settling:
+        return "settling";
+    }
+    return "none";
+}
+
+} // namespace
+
+IconClick::IconClick(DockStore& store, Scheduler& scheduler, Workspace& workspace,
+                     ApplicationControl& applications, Accessibility& accessibility,
+                     DiagnosticsLog& log)
+    : store_(store)
+    , scheduler_(scheduler)
+    , workspace_(workspace)
+    , applications_(applications)
+    , accessibility_(accessibility)
+    , log_(log) {}
+
+void IconClick::click(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame) {
+    if (!item.app || item.app->pid < 1) {
+        launch(item);
+        return;
+    }
+    const ProcessId pid = item.app->pid;
+    const auto* app = store_.runningApplication(pid);
+    // A hide that was asked for and has not begun is a flight away already.
+    const auto phase = store_.animator.hasPendingHide(pid) ? WindowAnimator::Phase::hiding
+                                                           : store_.animator.phase(pid);
+    clickRunning({.item = item,
+                  .group = group,
+                  .tileFrame = tileFrame,
+                  .pid = pid,
+                  .isHidden = (app ? *app : *item.app).isHidden,
+                  .phase = phase});
+}
+
+void IconClick::clickRunning(const Clicked& clicked) {
+    using Phase = WindowAnimator::Phase;
+    const auto front = workspace_.frontmostApplication();
+    log_.write("DockStore",
+               fmt::format("click {}: phase={} hidden={} active={} justActivated={}",
+                           clicked.item.name, nameOf(clicked.phase), clicked.isHidden,
+                           front && front->pid == clicked.pid, recentActivation() == clicked.pid));
+    const bool isComing = clicked.phase == Phase::showing || clicked.phase == Phase::settling;
+    if (isComing || (clicked.phase == Phase::none && shouldHide(clicked)))
+        store_.animator.hide(clicked.pid, clicked.tileFrame);
+    else
+        bringForward(clicked);
+}
+
+void IconClick::launch(const DockItem& item) {
+    if (!item.url) return;
+    auto launching = store_.launchingIDs.get();
+    const bool isNew = !store_.runningIDs.contains(item.id) && launching.insert(item.id).second;
+    if (!applications_.open(*item.url) || !isNew) return;
+    store_.launchingIDs.set(std::move(launching));
+    launchLimits_[item.id] = scheduler_.after(launchLimit, [this, id = item.id] {
+        auto stillLaunching = store_.launchingIDs.get();
+        stillLaunching.erase(id);
+        store_.launchingIDs.set(std::move(stillLaunching));
+    });
+}
+
+bool IconClick::shouldHide(const Clicked& clicked) const {
+    if (clicked.isHidden || frontProcess() != clicked.pid) return false;
+    if (!accessibility_.isProcessTrusted()) return true;
+    const auto* group = clicked.group;
+    if (group && group->slot.space && store_.spaceMap &&
+        !store_.spaceMap->shown.contains(*group->slot.space))
+        return false;
+    return std::ranges::any_of(windowsOf(clicked),
+                               [](const AppWindow& window) { return !window.isMinimized; });
+}
+
+void IconClick::bringForward(const Clicked& clicked) {
+    const bool isHiding = clicked.phase == WindowAnimator::Phase::hiding;
+    const auto windows = windowsOf(clicked);
+    if (!clicked.isHidden && !isHiding && !windows.empty()) {
+        restore(windows);
+        raise(windows.front().element);
+        activate(clicked.pid);
+        return;
+    }
+    if (clicked.isHidden && store_.animator.show(clicked.pid, clicked.tileFrame)) return;
+    if (isHiding) {
+        restore(windows);
+        activate(clicked.pid);
+        return;
+    }
+    raiseMainWindow(clicked.pid);
+    if (clicked.isHidden) applications_.unhide(clicked.pid);
+    store_.animator.lastActivation = {clicked.pid, scheduler_.uptime()};
+    if (clicked.item.url)
+        applications_.open(*clicked.item.url);
+    else
+        applications_.activate(clicked.pid);
+}
+
+void IconClick::raiseMainWindow(ProcessId pid) {
+    if (!accessibility_.isProcessTrusted()) return;
+    const auto window =
+        accessibility_.attribute(accessibility_.createApplication(pid), "AXMainWindow");
+    if (const auto* element = window.as<AXElementRef>()) raise(*element);
+}
+
+void IconClick::raise(const AXElementRef& window) {
+    accessibility_.setAttribute(window, "AXMain", true);
+    accessibility_.performAction(window, "AXRaise");
+}
+
+void IconClick::activate(ProcessId pid) {
+    applications_.activate(pid);
+    store_.animator.lastActivation = {pid, scheduler_.uptime()};
+}
+
+void IconClick::restore(const std::vector<AppWindow>& windows) {
+    for (const auto& window : windows)
+        if (window.isMinimized) accessibility_.setAttribute(window.element, "AXMinimized", false);
+}
+
+std::vector<AppWindow> IconClick::windowsOf(const Clicked& clicked) const {
+    auto windows = WindowPresence::accessibilityWindows(accessibility_, clicked.pid);
+    return store_.windowsOf(clicked.group, std::move(windows).value_or(std::vector<AppWindow>{}));
+}
+
+/// The process that the bar itself has only just activated.
+std::optional<ProcessId> IconClick::recentActivation() const {
+    const auto& activation = store_.animator.lastActivation;
+    if (!activation || scheduler_.uptime() - activation->time >= activationWindow)
+        return std::nullopt;
+    return activation->pid;
+}
+
+std::optional<ProcessId> IconClick::frontProcess() const {
+    if (const auto recent = recentActivation()) return recent;
+    const auto front = workspace_.frontmostApplication();
+    return front ? std::optional(front->pid) : std::nullopt;
+}
+
+} // namespace larkspan

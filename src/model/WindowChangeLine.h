@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/Identifiers.h"
+#include "spaces/Slot.h"
+
+#include <map>
+#include <set>
+#include <string>
+
+namespace larkspan {
+
+using DisplaysByProcess = std::map<ProcessId, std::set<DisplayId>>;
+using SlotsByProcess = std::map<ProcessId, std::set<Slot>>;
+
+/// The log's line about a read: for each process whose displays or Spaces changed, those it has
+/// windows on now and those it has none left on. Empty when none changed.
+std::string windowChangeLine(const DisplaysByProcess& displaysBefore,
+                             const SlotsByProcess& slotsBefore,
+                             const DisplaysByProcess& displaysNow, const SlotsByProcess& slotsNow);
+
+} // namespace larkspan

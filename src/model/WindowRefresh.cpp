@@ -1,0 +1,219 @@
+#include "model/WindowRefresh.h"
+
+#include "model/Animation.h"
+#include "tools/Trash.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace larkspan {
+
+namespace {
+
+constexpr double pollInterval = 0.5;
+constexpr double housekeepingInterval = 2.0;
+/// How long a full read may serve as the base of a cheaper one, in seconds.
+constexpr double baseLifetime = 2.0;
+constexpr const char* readQueue = "windows";
+constexpr const char* category = "windows";
+
+/// Whole milliseconds, truncated.
+std::int64_t milliseconds(double from, double to) {
+    return static_cast<std::int64_t>((to - from) * 1000);
+}
+
+} // namespace
+
+WindowRefresh::WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace,
+                             Screens& screens, WindowServer& server, DockPreferences& dock,
+                             TrashFolder& trash, DiagnosticsLog& log)
+    : store_(store)
+    , scheduler_(scheduler)
+    , workspace_(workspace)
+    , screens_(screens)
+    , server_(server)
+    , dock_(dock)
+    , trash_(trash)
+    , log_(log)
+    , abilities_(server.abilities())
+    , reader_(server) {
+    readAtStart();
+    observe();
+}
+
+void WindowRefresh::readAtStart() {
+    if (const auto front = workspace_.frontmostApplication()) store_.frontmostPID.set(front->pid);
+    checkTrash();
+    if (auto read = reader_.read(screens_.screens())) store_.applyWindowRead(*std::move(read));
+    store_.rebuild();
+}
+
+void WindowRefresh::observe() {
+    observations_.push_back(
+        workspace_.subscribe([this](const WorkspaceEvent& event) { workspaceChanged(event); }));
+    observations_.push_back(screens_.subscribe([this] { screensChanged(); }));
+    if (abilities_.announcesChanges)
+        observations_.push_back(server_.subscribe([this] { requestRead(false); }));
+    else
+        observations_.push_back(scheduler_.every(pollInterval, [this] { requestRead(false); }));
+
+    if (trash_.announcesChanges())
+        observations_.push_back(trash_.subscribe([this] { checkTrash(); }));
+    if (dock_.announcesChanges())
+        observations_.push_back(dock_.subscribe([this] { store_.reloadPinned(); }));
+    if (!trash_.announcesChanges() || !dock_.announcesChanges())
+        observations_.push_back(scheduler_.every(housekeepingInterval, [this] {
+            if (!trash_.announcesChanges()) checkTrash();
+            if (!dock_.announcesChanges()) store_.reloadPinned();
+        }));
+}
+
+void WindowRefresh::checkTrash() {
+    store_.isTrashEmpty.set(isTrashEmpty(trash_));
+}
+
+void WindowRefresh::workspaceChanged(const WorkspaceEvent& event) {
+    using Kind = WorkspaceEvent::Kind;
+    switch (event.kind) {
+    case Kind::didActivateApplication:
+        frontmostChanged();
+        break;
+    case Kind::runningApplicationsDidChange:
+        requestRead(store_.refreshRunning());
+        break;
+    case Kind::didLaunchApplication:
+    case Kind::didTerminateApplication:
+    case Kind::didHideApplication:
+    case Kind::didUnhideApplication:
+    case Kind::activeSpaceDidChange:
+        appsChanged(event);
+        break;
+    }
+}
+
+void WindowRefresh::appsChanged(const WorkspaceEvent& event) {
+    if (event.kind == WorkspaceEvent::Kind::activeSpaceDidChange) endSpaceSwitch();
+    store_.refreshRunning();
+    requestRead(true);
+}
+
+void WindowRefresh::beginSpaceSwitch() {
+    isSwitchingSpaces_ = true;
+}
+
+void WindowRefresh::endSpaceSwitch() {
+    if (!std::exchange(isSwitchingSpaces_, false)) return;
+    if (std::exchange(hasHeldRead_, false)) requestRead(false);
+}
+
+void WindowRefresh::frontmostChanged() {
+    const auto front = workspace_.frontmostApplication();
+    store_.frontmostPID.set(front ? std::optional(front->pid) : std::nullopt);
+    requestRead(false);
+}
+
+void WindowRefresh::screensChanged() {
+    std::vector<DisplayId> displays;
+    for (const auto& screen : screens_.screens())
+        displays.push_back(screen.display);
+    if (displays != store_.groupedScreens)
+        requestRead(true);
+    else if (abilities_.announcesChanges)
+        // Without a poll nobody else would notice that windows now lie on other displays.
+        requestRead(false);
+}
+
+void WindowRefresh::setPointerOnBar(bool onBar) {
+    if (store_.isPointerOnBar == onBar) return;
+    store_.isPointerOnBar = onBar;
+    if (onBar) return;
+    store_.regroupingIDs.clear();
+    requestRead(true);
+}
+
+void WindowRefresh::requestRead(bool rebuild) {
+    rebuildAfterRead_ = rebuildAfterRead_ || rebuild;
+    if (isSwitchingSpaces_) {
+        hasHeldRead_ = true;
+        return;
+    }
+    if (isReadingWindows_) {
+        // A read that has yet to begin will see what this one asks about.
+        readAgain_ = !abilities_.readsAtOnce;
+        return;
+    }
+    isReadingWindows_ = true;
+    if (abilities_.readsAtOnce)
+        readSoon();
+    else
+        readOnQueue();
+}
+
+/// One turn of the run loop later, so that a burst of events leads to one read.
+void WindowRefresh::readSoon() {
+    scheduler_.post([this, alive = std::weak_ptr(alive_)] {
+        if (alive.expired()) return;
+        const double start = scheduler_.uptime();
+        readFinished(reader_.read(screens_.screens()), start);
+    });
+}
+
+void WindowRefresh::readOnQueue() {
+    const double start = scheduler_.uptime();
+    auto read = [reader = reader_, base = baseOfRead(), screens = screens_.screens()] {
+        return base ? reader.readUnlessFront(*base, screens) : reader.read(screens);
+    };
+    scheduler_.queue(readQueue).post([this, &scheduler = scheduler_, read = std::move(read), start,
+                                      alive = std::weak_ptr(alive_)] {
+        auto result = std::make_shared<std::optional<WindowRead>>(read());
+        scheduler.post([this, result, start, alive] {
+            if (!alive.expired()) readFinished(std::move(*result), start);
+        });
+    });
+}
+
+/// What a cheaper read may compare with. Only a desktop that is polled can be read so: it will be
+/// looked at again, while an announced change that shows elsewhere than on screen would be lost.
+std::optional<std::vector<WindowInfo>> WindowRefresh::baseOfRead() const {
+    if (abilities_.announcesChanges || rebuildAfterRead_ || !lastFullRead_) return std::nullopt;
+    if (scheduler_.uptime() - lastFullRead_->time >= baseLifetime) return std::nullopt;
+    return lastFullRead_->front;
+}
+
+void WindowRefresh::readFinished(std::optional<WindowRead> read, double start) {
+    const double end = scheduler_.uptime();
+    isReadingWindows_ = false;
+    if (isSwitchingSpaces_) {
+        hasHeldRead_ = true;
+        readAgain_ = false;
+        log_.write(category,
+                   fmt::format("window list read in {} ms, dropped since Spaces are sliding",
+                               milliseconds(start, end)));
+        return;
+    }
+    if (read && !abilities_.announcesChanges) lastFullRead_ = FullRead{read->front(), start};
+    apply(std::move(read), start, end);
+    if (std::exchange(readAgain_, false)) requestRead(false);
+}
+
+void WindowRefresh::apply(std::optional<WindowRead> read, double start, double end) {
+    const bool hasRead = read.has_value();
+    const bool isChanged = hasRead && store_.applyWindowRead(*std::move(read));
+    const auto readTime = milliseconds(start, end);
+    if (!isChanged && !rebuildAfterRead_) {
+        log_.write(category, fmt::format("window list read in {} ms; {}", readTime,
+                                         hasRead ? "nothing to regroup"
+                                                 : "no window came, went or changed on screen"));
+        return;
+    }
+    rebuildAfterRead_ = false;
+    const double rebuildStart = scheduler_.uptime();
+    withAnimation(windowReadAnimation, [this] { store_.rebuild(); });
+    log_.write(category,
+               fmt::format("window list read in {} ms; icons regrouped in {} ms, SwiftUI animates "
+                           "them for 0.35 s",
+                           readTime, milliseconds(rebuildStart, scheduler_.uptime())));
+}
+
+} // namespace larkspan

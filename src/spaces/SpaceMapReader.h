@@ -1,0 +1,23 @@
+#pragma once
+
+#include "platform/Screens.h"
+#include "platform/WindowServer.h"
+#include "spaces/SpaceMap.h"
+
+#include <string>
+#include <vector>
+
+namespace larkspan {
+
+/// The type number of a full-screen Space.
+inline constexpr int fullScreenSpaceType = 4;
+/// What the window server calls the only display it manages when all displays share their Spaces.
+inline constexpr const char* sharedSpacesIdentifier = "Main";
+
+/// The Spaces of the displays among `screens`, with the windows on each. Spaces that all displays
+/// share stand under every one of them and belong to the first. Entries without an identifier and
+/// displays that are no screen are left out. Any thread.
+SpaceMap readSpaceMap(const WindowServer& server, const std::vector<ManagedDisplay>& displays,
+                      const std::vector<Screen>& screens);
+
+} // namespace larkspan
