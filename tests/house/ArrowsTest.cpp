@@ -41,7 +41,7 @@ const std::map<std::string, Arrows>& arrows() {
         {"spaces", {{"platform", "diagnostics"}, plain}},
         {"dock", {{"platform", "diagnostics"}, plain}},
         {"tools", {{"platform"}, plain}},
-        {"model", {{"platform", "diagnostics", "spaces", "dock"}, plain}},
+        {"model", {{"platform", "diagnostics", "spaces", "dock", "tools"}, plain}},
         {"bar", {{"platform", "diagnostics", "spaces", "dock", "model"}, plain}},
         {"app", {{"platform", "diagnostics", "spaces", "dock", "model", "bar", "tools"}, plain}},
         {"platform/sim", {system, plain}},
