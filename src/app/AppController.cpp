@@ -83,7 +83,11 @@ void AppController::shrinkDock() {
     if (!current) return;
     // A profile that is still there is from a run that did not end well: the Dock of now is already
     // the shrunken one, and the saved one is the user's own.
-    if (!DockProfile::saved(platform_.defaults)) current->save(platform_.defaults);
+    if (!DockProfile::saved(platform_.defaults)) {
+        current->save(platform_.defaults);
+        // Safe from a kill before the first change is made.
+        platform_.defaults.synchronize();
+    }
     const double fitHeight = std::min(wantedBarHeight(), tallestFit);
     current->underBar().apply(platform_.coreDock, tileFraction(firstIconSize(fitHeight)));
 }
@@ -94,6 +98,7 @@ void AppController::giveDockBack() {
     if (!saved) return;
     saved->apply(platform_.coreDock, saved->tileSize);
     DockProfile::forgetSaved(platform_.defaults);
+    platform_.defaults.synchronize();
 }
 
 void AppController::startFitting() {

@@ -31,8 +31,7 @@ std::string listed(const std::set<DisplayId>& displays, const std::set<SpaceId>&
     if (!displays.empty())
         text =
             fmt::format("display{} {}", displays.size() == 1 ? "" : "s", fmt::join(displays, ", "));
-    if (!displays.empty() && !spaces.empty()) text += ' ';
-    if (!spaces.empty()) text += fmt::format("Spaces {}", fmt::join(spaces, ", "));
+    if (!spaces.empty()) text += fmt::format(" Spaces {}", fmt::join(spaces, ", "));
     return text;
 }
 

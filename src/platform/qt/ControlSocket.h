@@ -44,6 +44,7 @@ class ControlSocket {
     ControlSocket(std::string path, int lock, int listener, Handler handler);
     void accept();
     void read(Client& client);
+    void answer(Client& client, std::string line);
     void write(Client& client);
     void drop(Client& client);
 

@@ -5,7 +5,6 @@
 
 #include <array>
 #include <cstdint>
-#include <string>
 
 namespace larkspan::x11 {
 
@@ -36,7 +35,6 @@ class FactsReader {
 
   private:
     X11Connection& connection_;
-    std::string machine_;
 };
 
 } // namespace larkspan::x11

@@ -1,0 +1,32 @@
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <sys/un.h>
+
+namespace larkspan::qt {
+
+/// Where the control socket of a name lies: in a folder that belongs to this user and is closed to
+/// everyone else.
+class ControlAddress {
+  public:
+    /// The place, with its folder made; absent when there is no such folder to be had.
+    static std::optional<ControlAddress> make(std::string_view name);
+    /// The place, when its folder exists.
+    static std::optional<ControlAddress> find(std::string_view name);
+
+    const std::string& path() const { return path_; }
+    sockaddr_un socketName() const;
+
+  private:
+    static std::optional<ControlAddress> inFolder(const std::string& folder, std::string_view name);
+    explicit ControlAddress(std::string path);
+
+    std::string path_;
+};
+
+/// Whether the other end of a connected socket is a process of this user.
+bool isThisUser(int socket);
+
+} // namespace larkspan::qt
