@@ -1,0 +1,43 @@
+#pragma once
+
+#include "platform/Menu.h"
+
+#include <QAbstractListModel>
+#include <QtQml/qqmlregistration.h>
+
+#include <vector>
+
+namespace larkspan::ui {
+
+/// A menu's lines for its view. The lines of a submenu stand indented below its title: a menu of a
+/// tile is short, and nothing has to be opened to be found.
+class MenuModel : public QAbstractListModel {
+    Q_OBJECT
+    QML_ANONYMOUS
+
+  public:
+    enum Role { TitleRole = Qt::UserRole, KindRole, EnabledRole, MarkRole, DepthRole };
+
+    int rowCount(const QModelIndex& parent = {}) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+    QHash<int, QByteArray> roleNames() const override;
+
+    void setMenu(const Menu& menu);
+    bool canChoose(int row) const;
+    const MenuItem& item(int row) const { return lines_[static_cast<std::size_t>(row)].item; }
+    /// The next line from `row` in that direction that can be chosen, around the ends; -1 for none.
+    int nextChoice(int row, int direction) const;
+    /// The next one that starts with the text.
+    int nextNamed(int row, const QString& text) const;
+
+  private:
+    struct Line {
+        MenuItem item;
+        int depth;
+    };
+    void addLines(const Menu& menu, int depth);
+
+    std::vector<Line> lines_;
+};
+
+} // namespace larkspan::ui

@@ -1,0 +1,77 @@
+import QtQuick
+
+/// One line of a menu.
+Item {
+    id: row
+
+    required property MenuWindow menu
+    required property color ink
+    required property real rowWidth
+    required property int index
+    required property string title
+    required property int kind
+    required property bool isChoice
+    required property int mark
+    required property int depth
+
+    readonly property bool isSeparator: kind === 1
+    readonly property bool isHeading: kind === 2 || kind === 3
+    readonly property bool isCurrent: menu.current === index
+
+    implicitWidth: isSeparator ? 0 : Math.min(label.implicitWidth, 340) + label.x + 14
+    implicitHeight: isSeparator ? 9 : Math.round(label.implicitHeight + 9)
+    width: rowWidth
+
+    Rectangle {
+        visible: row.isSeparator || row.isCurrent
+        x: row.isSeparator ? 8 : 0
+        y: row.isSeparator ? 4 : 0
+        width: parent.width - 2 * x
+        height: row.isSeparator ? 1 : parent.height
+        radius: row.isSeparator ? 0 : 6
+        antialiasing: true
+        color: row.isSeparator ? Qt.rgba(row.ink.r, row.ink.g, row.ink.b, 0.14) : "#2f7ff2"
+    }
+
+    Text {
+        visible: row.mark !== 0
+        anchors.verticalCenter: parent.verticalCenter
+        x: 7
+        text: row.mark === 1 ? "✓" : "◆"
+        color: label.color
+        font.pixelSize: row.mark === 1 ? 12 : 9
+        renderType: Text.NativeRendering
+    }
+
+    Text {
+        id: label
+
+        visible: !row.isSeparator
+        anchors.verticalCenter: parent.verticalCenter
+        x: 22 + 12 * row.depth
+        width: Math.min(implicitWidth, 340)
+        text: row.title
+        textFormat: Text.PlainText
+        elide: Text.ElideMiddle
+        maximumLineCount: 1
+        color: row.isCurrent ? "#ffffff" : row.ink
+        opacity: row.isHeading ? 0.55 : row.isChoice ? 1 : 0.4
+        font.pixelSize: row.isHeading ? 11 : 13
+        renderType: Text.NativeRendering
+    }
+
+    HoverHandler {
+        enabled: row.isChoice
+        onHoveredChanged: row.menu.current = hovered ? row.index : -1
+    }
+
+    TapHandler {
+        enabled: row.isChoice
+        gesturePolicy: TapHandler.ReleaseWithinBounds
+        onTapped: row.menu.choose(row.index)
+    }
+
+    Accessible.role: isSeparator ? Accessible.Separator : Accessible.MenuItem
+    Accessible.name: title
+    Accessible.onPressAction: menu.choose(index)
+}

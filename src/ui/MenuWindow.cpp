@@ -1,0 +1,104 @@
+#include "ui/MenuWindow.h"
+
+#include "ui/Shape.h"
+
+#include <QKeyEvent>
+
+#include <algorithm>
+#include <cmath>
+
+namespace larkspan::ui {
+
+namespace {
+
+constexpr double distance = 6;
+constexpr double cornerRadius = 10;
+
+} // namespace
+
+MenuWindow::MenuWindow(Views& views, Appearance& appearance)
+    : appearance_(appearance) {
+    setFlags(Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
+    setColor(Qt::transparent);
+    root_ = views.make("MenuPanel", {{"menu", QVariant::fromValue(this)}});
+    root_->setParentItem(contentItem());
+}
+
+MenuWindow::~MenuWindow() {
+    root_.reset();
+}
+
+void MenuWindow::open(const Menu& menu, const QRectF& anchor, const QRectF& screen,
+                      bool isTranslucent) {
+    lines_.setMenu(menu);
+    setCurrent(-1);
+    const QSizeF size(std::ceil(root_->implicitWidth()), std::ceil(root_->implicitHeight()));
+    root_->setSize(size);
+    const double x =
+        std::clamp(anchor.center().x() - size.width() / 2, screen.left() + distance,
+                   std::max(screen.left() + distance, screen.right() - distance - size.width()));
+    const double y = std::max(screen.top(), anchor.top() - distance - size.height());
+    setGeometry(QRect(QPointF(x, y).toPoint(), size.toSize()));
+    setMask(isTranslucent ? QRegion() : roundedRegion(QRectF(QPointF(), size), cornerRadius));
+    show();
+}
+
+void MenuWindow::exposeEvent(QExposeEvent* event) {
+    QQuickWindow::exposeEvent(event);
+    if (!isExposed()) return;
+    // Only a window that is on screen can hold them.
+    setMouseGrabEnabled(true);
+    setKeyboardGrabEnabled(true);
+}
+
+void MenuWindow::hideEvent(QHideEvent* event) {
+    setMouseGrabEnabled(false);
+    setKeyboardGrabEnabled(false);
+    QQuickWindow::hideEvent(event);
+    Q_EMIT closed();
+}
+
+void MenuWindow::setCurrent(int row) {
+    const int next = lines_.canChoose(row) ? row : -1;
+    if (next == current_) return;
+    current_ = next;
+    Q_EMIT currentChanged();
+}
+
+void MenuWindow::choose(int row) {
+    if (!lines_.canChoose(row)) return;
+    // A copy: the action may open the menu anew.
+    const auto action = lines_.item(row).action;
+    hide();
+    if (action) action();
+}
+
+void MenuWindow::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+    case Qt::Key_Escape:
+        hide();
+        break;
+    case Qt::Key_Down:
+        setCurrent(lines_.nextChoice(current_, 1));
+        break;
+    case Qt::Key_Up:
+        setCurrent(lines_.nextChoice(current_, -1));
+        break;
+    case Qt::Key_Return:
+    case Qt::Key_Enter:
+    case Qt::Key_Space:
+        choose(current_);
+        break;
+    default:
+        if (!event->text().isEmpty()) setCurrent(lines_.nextNamed(current_, event->text()));
+    }
+}
+
+void MenuWindow::mousePressEvent(QMouseEvent* event) {
+    if (QRectF(QPointF(), size()).contains(event->position()))
+        QQuickWindow::mousePressEvent(event);
+    else
+        hide();
+}
+
+} // namespace larkspan::ui

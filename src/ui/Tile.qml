@@ -1,0 +1,71 @@
+import QtQuick
+
+/// One app, or the Trash.
+TileItem {
+    id: tile
+
+    required property BarScene scene
+    required property color ink
+    required property int index
+    required property string status
+    required property int slotX
+    required property int dot
+    required property bool isFront
+    required property bool isQuiet
+    required property bool isLaunching
+    required property bool wantsAttention
+    required image
+    required name
+
+    readonly property bool isLit: scene.litTile === index
+    /// Goes up and down while the app is being opened.
+    property real breath: 1
+    /// The way an entering tile still has to rise, in points.
+    property int rise: 0
+
+    x: slotX
+    y: rise
+    width: scene.tileWidth
+    height: parent.height
+    icons: scene.icons
+    iconSize: scene.iconSize
+    iconTop: scene.iconTop
+    opacity: (pressed ? 0.6 : isQuiet && !isLit ? 0.55 : 1) * breath
+
+    onHoveredChanged: scene.hover(index, hovered)
+    onClicked: scene.tileClicked(index)
+    onMenuRequested: scene.menuRequested(index)
+
+    TileHighlight {
+        tile: tile
+        visible: tile.isLit
+    }
+
+    RunningDot {
+        tile: tile
+        visible: tile.dot !== 0 || tile.wantsAttention
+    }
+
+    Behavior on slotX {
+        enabled: tile.scene.travels
+        Travel { scene: tile.scene }
+    }
+
+    NumberAnimation on rise {
+        running: tile.scene.travels
+        from: 7
+        to: 0
+        duration: 220
+        easing.type: Easing.OutCubic
+    }
+
+    LaunchPulse on breath {
+        running: tile.isLaunching && !tile.scene.appearance.reducesMotion
+    }
+
+    Accessible.role: Accessible.Button
+    Accessible.name: name
+    Accessible.description: status
+    Accessible.focusable: true
+    Accessible.onPressAction: scene.tileClicked(index)
+}

@@ -1,0 +1,34 @@
+#pragma once
+
+#include "model/IconClick.h"
+#include "model/ItemMenu.h"
+#include "model/WindowRefresh.h"
+#include "platform/Geometry.h"
+#include "platform/Menu.h"
+#include "platform/Shell.h"
+#include "ui/TileRow.h"
+
+namespace larkspan::ui {
+
+/// Hands what the user does with a tile to the part of the system that knows what it means. Frames
+/// are in screen coordinates (y upwards). Main thread only.
+class TileActions {
+  public:
+    TileActions(const DockStore& store, IconClick& click, const ItemMenu& menu,
+                WindowRefresh& refresh, TrashFolder& trash);
+
+    void click(const TileRow& row, const Rect& frame);
+    Menu menu(const TileRow& row, const Rect& frame) const;
+    void setPointerOnBar(bool onBar);
+
+  private:
+    const DisplayGroup* group(const TileRow& row) const;
+
+    const DockStore& store_;
+    IconClick& click_;
+    const ItemMenu& menu_;
+    WindowRefresh& refresh_;
+    TrashFolder& trash_;
+};
+
+} // namespace larkspan::ui

@@ -1,0 +1,10 @@
+import QtQuick
+
+/// How things on the bar go to their new places: the spring that came with the change.
+NumberAnimation {
+    required property BarScene scene
+
+    duration: scene.travelTime
+    easing.type: Easing.BezierSpline
+    easing.bezierCurve: scene.travelCurve
+}

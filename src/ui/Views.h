@@ -1,0 +1,26 @@
+#pragma once
+
+#include <QQmlEngine>
+#include <QQuickItem>
+#include <QString>
+#include <QVariantMap>
+
+#include <memory>
+
+namespace larkspan::ui {
+
+/// The views that are compiled into the program, by name.
+class Views {
+  public:
+    Views();
+
+    /// An instance of `name`.qml with those properties. Stops the program when the view does not
+    /// compile: it is part of the program.
+    std::unique_ptr<QQuickItem> make(const QString& name, const QVariantMap& properties);
+    QQmlEngine& engine() { return engine_; }
+
+  private:
+    QQmlEngine engine_;
+};
+
+} // namespace larkspan::ui
