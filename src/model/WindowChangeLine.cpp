@@ -31,7 +31,8 @@ std::string listed(const std::set<DisplayId>& displays, const std::set<SpaceId>&
     if (!displays.empty())
         text =
             fmt::format("display{} {}", displays.size() == 1 ? "" : "s", fmt::join(displays, ", "));
-    if (!spaces.empty()) text += fmt::format(" Spaces {}", fmt::join(spaces, ", "));
+    if (!displays.empty() && !spaces.empty()) text += ' ';
+    if (!spaces.empty()) text += fmt::format("Spaces {}", fmt::join(spaces, ", "));
     return text;
 }
 

@@ -45,6 +45,7 @@ WindowRefresh::WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& 
 void WindowRefresh::readAtStart() {
     if (const auto front = workspace_.frontmostApplication()) store_.frontmostPID.set(front->pid);
     checkTrash();
+    store_.refreshRunning();
     if (auto read = reader_.read(screens_.screens())) store_.applyWindowRead(*std::move(read));
     store_.rebuild();
 }

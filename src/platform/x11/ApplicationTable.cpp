@@ -38,10 +38,7 @@ ProcessId ApplicationTable::ownerOf(const ClientFacts& facts) {
     }
     auto& entry = entryFor(key, std::move(bundleIdentifier), facts.pid);
     if (entry.className.empty()) entry.className = className;
-    if (facts.pid) {
-        entry.processes.insert(*facts.pid);
-        if (match && match->isOwnProcess) watchProcess(entry, *facts.pid);
-    }
+    if (facts.pid && match && match->isOwnProcess) watchProcess(entry, *facts.pid);
     return entry.number;
 }
 
@@ -66,11 +63,18 @@ ProcessId ApplicationTable::freeNumber(std::optional<ProcessId> process) {
 }
 
 void ApplicationTable::update(const std::vector<ClientWindowRef>& windows) {
-    for (auto& [number, entry] : entries_)
+    for (auto& [number, entry] : entries_) {
         entry.windows.clear();
+        // A process without a window counts only while it is watched: its number may be another's
+        // by now.
+        std::erase_if(entry.processes,
+                      [&](ProcessId process) { return !entry.exitWatches.contains(process); });
+    }
     for (const auto& window : windows) {
         const auto found = entries_.find(window->owner);
-        if (found != entries_.end()) found->second.windows.push_back(window);
+        if (found == entries_.end()) continue;
+        found->second.windows.push_back(window);
+        if (window->process) found->second.processes.insert(*window->process);
     }
     for (auto& [number, entry] : entries_) {
         if (!entry.windows.empty() && std::exchange(entry.isLaunching, false))

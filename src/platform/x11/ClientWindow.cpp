@@ -58,6 +58,7 @@ Rect boundsOf(const ClientFacts& facts, bool isFullScreen, double scale) {
 ClientWindow describe(const ClientFacts& facts, const Atoms& atoms, double scale) {
     ClientWindow window;
     window.id = facts.id;
+    window.process = facts.pid;
     window.kind = kindOf(facts, atoms);
     window.title = facts.netName.empty() ? facts.name : facts.netName;
     window.alpha = facts.opacity ? double(*facts.opacity) / double(UINT32_MAX) : 1;

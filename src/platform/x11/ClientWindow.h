@@ -41,8 +41,11 @@ struct ClientFacts {
     std::string className;
     std::string netName;
     std::string name;
-    std::optional<ProcessId> pid;
+    /// On the machine that it names.
+    std::optional<ProcessId> namedPid;
     std::string machine;
+    /// Absent for a process of another machine.
+    std::optional<ProcessId> pid;
     std::vector<xcb_atom_t> types;
     std::vector<xcb_atom_t> states;
     bool isUrgent = false;
@@ -66,6 +69,8 @@ struct ClientWindow {
     WindowId id = 0;
     /// The number of the application that owns it; 0 for a window of no application.
     ProcessId owner = 0;
+    /// Of this machine.
+    std::optional<ProcessId> process;
     Kind kind = Kind::normal;
     std::string title;
     /// Display coordinates, points, the frame included.

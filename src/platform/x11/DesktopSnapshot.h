@@ -5,12 +5,13 @@
 
 #include <memory>
 #include <mutex>
+#include <unordered_map>
 #include <utility>
 #include <vector>
 
 namespace larkspan::x11 {
 
-/// The desktop at one moment. Immutable, so that any thread may keep reading it.
+/// The desktop at one moment. Immutable once posted, so that any thread may keep reading it.
 struct DesktopSnapshot {
     /// Front to back.
     std::vector<ClientWindowRef> windows;
@@ -18,6 +19,19 @@ struct DesktopSnapshot {
     WindowId activeWindow = 0;
     std::uint32_t currentDesktop = 0;
     std::uint32_t desktopCount = 1;
+
+    /// nullptr when there is no such window.
+    ClientWindowRef find(WindowId window) const;
+    /// Front to back.
+    std::vector<ClientWindowRef> windowsOf(ProcessId owner) const;
+
+  private:
+    void makeIndex() const;
+
+    // Most snapshots are replaced before anyone looks for a single window.
+    mutable std::once_flag indexMade_;
+    mutable std::unordered_map<WindowId, ClientWindowRef> byNumber_;
+    mutable std::unordered_map<ProcessId, std::vector<ClientWindowRef>> byOwner_;
 };
 
 using DesktopSnapshotRef = std::shared_ptr<const DesktopSnapshot>;
@@ -29,11 +43,10 @@ class SnapshotBoard {
         const std::lock_guard lock(mutex_);
         return snapshot_;
     }
-    void post(DesktopSnapshot snapshot) {
-        auto newer = std::make_shared<const DesktopSnapshot>(std::move(snapshot));
+    void post(DesktopSnapshotRef snapshot) {
         const std::lock_guard lock(mutex_);
-        // The older one ends outside of the lock, with `newer`.
-        std::swap(snapshot_, newer);
+        // The older one ends with the argument, outside of the lock.
+        std::swap(snapshot_, snapshot);
     }
 
   private:

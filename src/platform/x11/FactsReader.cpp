@@ -2,9 +2,10 @@
 
 #include "platform/x11/PropertyText.h"
 
-#include <algorithm>
 #include <span>
 #include <string_view>
+
+#include <unistd.h>
 
 namespace larkspan::x11 {
 
@@ -73,7 +74,7 @@ void takeClass(ClientFacts& facts, const PropertyAnswer& answer) {
 void takePid(ClientFacts& facts, const PropertyAnswer& answer) {
     const auto number = answer.number();
     const bool isProcess = number && *number > 0 && *number <= INT32_MAX;
-    facts.pid = isProcess ? std::optional(static_cast<ProcessId>(*number)) : std::nullopt;
+    facts.namedPid = isProcess ? std::optional(static_cast<ProcessId>(*number)) : std::nullopt;
 }
 
 void takeHints(ClientFacts& facts, const PropertyAnswer& answer) {
@@ -147,10 +148,16 @@ xcb_atom_t atomOf(const Property& property, const Atoms& atoms) {
     return property.named ? atoms.*property.named : property.predefined;
 }
 
+std::string nameOfThisMachine() {
+    std::array<char, 256> name{};
+    return gethostname(name.data(), name.size() - 1) == 0 ? name.data() : std::string();
+}
+
 } // namespace
 
 FactsReader::FactsReader(X11Connection& connection)
-    : connection_(connection) {}
+    : connection_(connection)
+    , machine_(nameOfThisMachine()) {}
 
 FactsReader::Facets FactsReader::facetsOf(xcb_atom_t name) const {
     const auto& atoms = connection_.atoms();
@@ -190,6 +197,11 @@ bool FactsReader::collect(const Pending& pending, ClientFacts& facts) const {
         const auto reply = connection_.reply(xcb_get_property_reply, pending.properties[i]);
         properties[i].take(facts, {reply.get(), connection_.atoms()});
     }
+    // A process number means something only on its own machine. A client from elsewhere has to name
+    // that.
+    const bool isFromHere = facts.machine.empty() || facts.machine == machine_;
+    facts.pid = isFromHere ? facts.namedPid : std::nullopt;
+
     const auto geometry = connection_.reply(xcb_get_geometry_reply, pending.geometry);
     if ((pending.facets & geometryFacet) == 0) return geometry != nullptr;
 

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string>
 
 namespace larkspan::x11 {
 
@@ -35,6 +36,7 @@ class FactsReader {
 
   private:
     X11Connection& connection_;
+    std::string machine_;
 };
 
 } // namespace larkspan::x11

@@ -47,6 +47,7 @@ WindowMirror::WindowMirror(X11Connection& connection, double scale, FindOwner fi
     , scale_(scale)
     , findOwner_(std::move(findOwner))
     , identityFacets_(reader_.facetsOf(XCB_ATOM_WM_CLASS) |
+                      reader_.facetsOf(XCB_ATOM_WM_CLIENT_MACHINE) |
                       reader_.facetsOf(connection.atoms().netWmPid) |
                       reader_.facetsOf(connection.atoms().netWmWindowType))
     , eventSubscription_(

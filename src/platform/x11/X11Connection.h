@@ -72,6 +72,8 @@ class X11Connection {
     void sendToRoot(xcb_window_t window, xcb_atom_t type, const std::uint32_t (&data)[5]);
     void sendToWindow(xcb_window_t window, xcb_atom_t type, const std::uint32_t (&data)[5]);
     void flush();
+    /// Settles once more after what is under way, though no event may come. Any thread.
+    void dispatchSoon();
 
     /// Every event, in order.
     Signal<const xcb_generic_event_t&> events;
@@ -87,7 +89,6 @@ class X11Connection {
     X11Connection(xcb_connection_t* connection, const xcb_screen_t* screen, Scheduler& scheduler);
     void handOut();
     void dispatchWhatWasRead();
-    void dispatchSoon();
     void noteTime(const xcb_generic_event_t& event);
     void checkGone();
 

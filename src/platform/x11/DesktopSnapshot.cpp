@@ -1,0 +1,27 @@
+#include "platform/x11/DesktopSnapshot.h"
+
+namespace larkspan::x11 {
+
+void DesktopSnapshot::makeIndex() const {
+    std::call_once(indexMade_, [this] {
+        byNumber_.reserve(windows.size());
+        for (const auto& window : windows) {
+            byNumber_.emplace(window->id, window);
+            byOwner_[window->owner].push_back(window);
+        }
+    });
+}
+
+ClientWindowRef DesktopSnapshot::find(WindowId window) const {
+    makeIndex();
+    const auto found = byNumber_.find(window);
+    return found == byNumber_.end() ? nullptr : found->second;
+}
+
+std::vector<ClientWindowRef> DesktopSnapshot::windowsOf(ProcessId owner) const {
+    makeIndex();
+    const auto found = byOwner_.find(owner);
+    return found == byOwner_.end() ? std::vector<ClientWindowRef>() : found->second;
+}
+
+} // namespace larkspan::x11

@@ -1,0 +1,48 @@
+#pragma once
+
+#include "platform/Accessibility.h"
+#include "platform/x11/DesktopSnapshot.h"
+#include "platform/x11/WindowRequests.h"
+
+#include <functional>
+
+namespace larkspan::x11 {
+
+/// The managed windows as a Mac's Accessibility tree: applications, their windows on every desktop,
+/// each window's close button. Answers come from the newest snapshot and never block; requests go
+/// to the window manager. No permission is needed.
+class X11Accessibility : public Accessibility {
+  public:
+    /// `setMainWindow` remembers which window of its application comes forward first; it is called
+    /// on the main thread.
+    X11Accessibility(X11Connection& connection, const SnapshotBoard& board,
+                     WindowRequests& requests,
+                     std::function<void(ProcessId, WindowId)> setMainWindow);
+
+    bool isProcessTrusted() const override { return true; }
+    bool requestTrust() override { return true; }
+
+    AXElementRef createSystemWide() const override;
+    AXElementRef createApplication(ProcessId pid) const override;
+    AXElementRef createWithRemoteToken(const RemoteToken&) const override { return nullptr; }
+
+    AXError setMessagingTimeout(const AXElementRef& element, float seconds) const override;
+    AXAttribute attribute(const AXElementRef& element, std::string_view name) const override;
+    AXError setAttribute(const AXElementRef& element, std::string_view name,
+                         const AXValue& value) const override;
+    AXError performAction(const AXElementRef& element, std::string_view action) const override;
+    std::optional<ProcessId> pid(const AXElementRef& element) const override;
+    std::optional<WindowId> window(const AXElementRef& element) const override;
+
+  private:
+    AXAttribute applicationAttribute(ProcessId pid, std::string_view name) const;
+    AXAttribute windowAttribute(const ClientWindow& window, std::string_view name) const;
+    void makeMain(const ClientWindow& window) const;
+
+    X11Connection& connection_;
+    const SnapshotBoard& board_;
+    WindowRequests& requests_;
+    std::function<void(ProcessId, WindowId)> setMainWindow_;
+};
+
+} // namespace larkspan::x11

@@ -1,0 +1,44 @@
+#pragma once
+
+#include "platform/Workspace.h"
+#include "platform/x11/ApplicationTable.h"
+#include "platform/x11/DefaultApplications.h"
+#include "platform/x11/InstalledApplications.h"
+#include "platform/x11/Launcher.h"
+#include "platform/x11/WindowRequests.h"
+
+namespace larkspan::x11 {
+
+/// Steers applications through their windows, and through signals to their processes. Hiding an
+/// application iconifies its windows; a window manager must run for it.
+class X11ApplicationControl : public ApplicationControl {
+  public:
+    /// `report` takes one line about a launch that failed.
+    X11ApplicationControl(ApplicationTable& table, const InstalledApplications& installed,
+                          const DefaultApplications& defaults, const Launcher& launcher,
+                          WindowRequests& requests, const WindowMirror& mirror,
+                          std::function<void(const std::string&)> report);
+
+    bool open(std::string_view url) override;
+    bool activate(ProcessId pid) override;
+    bool hide(ProcessId pid) override;
+    bool unhide(ProcessId pid) override;
+    bool terminate(ProcessId pid) override;
+    bool forceTerminate(ProcessId pid) override;
+    bool sendSignal(ProcessId pid, int signal) override;
+
+  private:
+    bool openApplication(const DesktopEntry& entry);
+    bool launch(const DesktopEntry& entry, const std::vector<std::string>& files);
+    ClientWindowRef windowToActivate(const RunningEntry& entry) const;
+
+    ApplicationTable& table_;
+    const InstalledApplications& installed_;
+    const DefaultApplications& defaults_;
+    const Launcher& launcher_;
+    WindowRequests& requests_;
+    const WindowMirror& mirror_;
+    std::function<void(const std::string&)> report_;
+};
+
+} // namespace larkspan::x11

@@ -1,0 +1,186 @@
+#include "platform/x11/X11Desktop.h"
+
+#include "platform/qt/watchReadable.h"
+#include "platform/x11/ApplicationTable.h"
+#include "platform/x11/DefaultApplications.h"
+#include "platform/x11/DesktopEntries.h"
+#include "platform/x11/DesktopSnapshot.h"
+#include "platform/x11/FreedesktopTrash.h"
+#include "platform/x11/IconTheme.h"
+#include "platform/x11/InstalledApplications.h"
+#include "platform/x11/Launcher.h"
+#include "platform/x11/LoginEntry.h"
+#include "platform/x11/PinnedFile.h"
+#include "platform/x11/StatusNotifier.h"
+#include "platform/x11/WindowMirror.h"
+#include "platform/x11/WindowRequests.h"
+#include "platform/x11/X11Accessibility.h"
+#include "platform/x11/X11ApplicationControl.h"
+#include "platform/x11/X11CoreDock.h"
+#include "platform/x11/X11DesktopPicture.h"
+#include "platform/x11/X11DockStrip.h"
+#include "platform/x11/X11PanelDressing.h"
+#include "platform/x11/X11ScreenCapture.h"
+#include "platform/x11/X11Screens.h"
+#include "platform/x11/X11WindowServer.h"
+#include "platform/x11/X11Workspace.h"
+#include "platform/x11/watchProcessExit.h"
+
+#include <utility>
+
+namespace larkspan::x11 {
+
+/// Everything over one connection, in the order of who needs whom.
+struct X11Desktop::Parts {
+    Parts(Host theHost, std::unique_ptr<X11Connection> theConnection);
+
+    void settle();
+    void post();
+    void setStrip(double height);
+    void entriesChanged();
+    void open(const std::string& path) { applications.open(path); }
+
+    Host host;
+    std::unique_ptr<X11Connection> connection;
+    double scale = X11Screens::readScale(*connection);
+
+    DesktopEntries entries{host.environment, host.scheduler};
+    DefaultApplications defaults{host.environment, entries};
+    IconTheme icons{host.environment};
+    Launcher launcher{host.environment, defaults};
+    InstalledApplications installed{entries, defaults};
+    ApplicationTable table{host.scheduler,
+                           [this](const auto& instance, const auto& className, auto process) {
+                               return installed.match(instance, className, process);
+                           },
+                           watchProcessExit};
+
+    WindowMirror mirror{*connection, scale,
+                        [this](const ClientFacts& facts) { return table.ownerOf(facts); }};
+    X11Screens screens{*connection, mirror, scale};
+    SnapshotBoard board;
+    WindowRequests requests{*connection, mirror};
+
+    X11WindowServer windowServer{board};
+    X11Accessibility accessibility{
+        *connection, board, requests,
+        [this](ProcessId owner, WindowId window) { table.setMainWindow(owner, window); }};
+    X11Workspace workspace{*connection, mirror, table, installed, icons};
+    X11ApplicationControl applications{table,    installed, defaults,   launcher,
+                                       requests, mirror,    host.report};
+    X11DockStrip strip{[this](double height) { setStrip(height); }};
+    X11ScreenCapture screenCapture;
+    X11CoreDock coreDock;
+    PinnedFile pinned{XdgFolders(host.environment).ownConfigFolder() + "/pinned.json", defaults,
+                      host.report};
+    StatusNotifier statusBar{host.report};
+    LoginEntry loginItem{host.environment, host.program,
+                         [this](const std::string& path) { open(path); }};
+    FreedesktopTrash trash{host.environment, [this](const std::string& path) { open(path); }};
+    X11PanelDressing dressing{*connection};
+    X11DesktopPicture picture{*connection, scale};
+
+    bool areApplicationsStale = false;
+    bool areScreensStale = false;
+    Handle settledSubscription;
+    Handle tableSubscription;
+    Handle entriesSubscription;
+};
+
+X11Desktop::Parts::Parts(Host theHost, std::unique_ptr<X11Connection> theConnection)
+    : host(std::move(theHost))
+    , connection(std::move(theConnection)) {
+    settledSubscription = connection->settled.subscribe([this] { settle(); });
+    tableSubscription = table.changed.subscribe([this] {
+        areApplicationsStale = true;
+        connection->dispatchSoon();
+    });
+    entriesSubscription = entries.subscribe([this] { entriesChanged(); });
+    connection->onGone = [this](const std::string& line) {
+        if (host.gone) host.gone(line);
+    };
+    settle();
+    connection->start(qt::watchReadable);
+}
+
+// Whoever is told first already reads the new state everywhere.
+void X11Desktop::Parts::settle() {
+    const bool haveWindowsChanged = mirror.takeChanged();
+    if (haveWindowsChanged) table.update(mirror.windows());
+    const bool haveScreensChanged = screens.update() || std::exchange(areScreensStale, false);
+    const bool haveApplicationsChanged = std::exchange(areApplicationsStale, false);
+    if (haveWindowsChanged || haveScreensChanged) post();
+    if (haveWindowsChanged || haveApplicationsChanged) workspace.update();
+    if (haveScreensChanged) screens.announce();
+    if (haveWindowsChanged || haveScreensChanged) windowServer.announce();
+}
+
+void X11Desktop::Parts::post() {
+    auto snapshot = std::make_shared<DesktopSnapshot>();
+    snapshot->windows = mirror.windows();
+    snapshot->screens = screens.screens();
+    snapshot->activeWindow = mirror.activeWindow();
+    snapshot->currentDesktop = mirror.currentDesktop();
+    snapshot->desktopCount = mirror.desktopCount();
+    dressing.setScreens(snapshot->screens);
+    board.post(std::move(snapshot));
+}
+
+// Read again at once, since the bars are laid out right after; told later, when nobody is in the
+// middle of that.
+void X11Desktop::Parts::setStrip(double height) {
+    screens.setStrip(height);
+    if (!screens.update()) return;
+    areScreensStale = true;
+    connection->dispatchSoon();
+}
+
+void X11Desktop::Parts::entriesChanged() {
+    installed.refresh();
+    mirror.findOwnersAgain();
+    areApplicationsStale = true;
+    connection->dispatchSoon();
+}
+
+std::variant<std::unique_ptr<X11Desktop>, std::string> X11Desktop::open(Host host,
+                                                                        const char* displayName) {
+    auto opened = X11Connection::open(displayName, host.scheduler);
+    if (auto* failure = std::get_if<std::string>(&opened)) return std::move(*failure);
+    if (!host.report) host.report = [](const std::string&) {};
+    auto& connection = std::get<std::unique_ptr<X11Connection>>(opened);
+    return std::unique_ptr<X11Desktop>(
+        new X11Desktop(std::make_unique<Parts>(std::move(host), std::move(connection))));
+}
+
+X11Desktop::X11Desktop(std::unique_ptr<Parts> parts)
+    : parts_(std::move(parts)) {}
+
+X11Desktop::~X11Desktop() = default;
+
+Platform X11Desktop::platform() {
+    return {.scheduler = parts_->host.scheduler,
+            .defaults = parts_->host.defaults,
+            .workspace = parts_->workspace,
+            .applications = parts_->applications,
+            .screens = parts_->screens,
+            .dockStrip = parts_->strip,
+            .windowServer = parts_->windowServer,
+            .accessibility = parts_->accessibility,
+            .screenCapture = parts_->screenCapture,
+            .coreDock = parts_->coreDock,
+            .dockPreferences = parts_->pinned,
+            .statusBar = parts_->statusBar,
+            .loginItem = parts_->loginItem,
+            .application = parts_->host.application,
+            .trash = parts_->trash};
+}
+
+PanelDressing& X11Desktop::panelDressing() {
+    return parts_->dressing;
+}
+
+DesktopPicture& X11Desktop::desktopPicture() {
+    return parts_->picture;
+}
+
+} // namespace larkspan::x11

@@ -1,0 +1,36 @@
+#pragma once
+
+#include "platform/Panels.h"
+#include "platform/x11/ClientWindow.h"
+#include "platform/x11/X11Connection.h"
+
+#include <vector>
+
+namespace larkspan::x11 {
+
+/// Makes the toolkit's windows into docks: their type, no focus, every desktop, struts, input area.
+/// The requests go over the toolkit's own connection where there is one, so that they reach the X
+/// server after the window's making and before its mapping.
+class X11PanelDressing : public PanelDressing {
+  public:
+    explicit X11PanelDressing(X11Connection& connection)
+        : connection_(connection) {}
+
+    void dress(NativeWindow window) override;
+    void reserveStrip(NativeWindow window, const Screen& screen, double height) override;
+    void setInputArea(NativeWindow window, const Rect& area) override;
+
+    /// The strip can only be kept where no other monitor continues below. Told by the screens'
+    /// owner, in display coordinates.
+    void setScreens(std::vector<Screen> screens) { screens_ = std::move(screens); }
+
+  private:
+    xcb_connection_t* windowConnection() const;
+    bool isBottomOuter(const Screen& screen) const;
+    void setStrut(NativeWindow window, const Strut& strut);
+
+    X11Connection& connection_;
+    std::vector<Screen> screens_;
+};
+
+} // namespace larkspan::x11

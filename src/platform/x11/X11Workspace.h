@@ -1,0 +1,52 @@
+#pragma once
+
+#include "platform/Signal.h"
+#include "platform/Workspace.h"
+#include "platform/x11/ApplicationTable.h"
+#include "platform/x11/IconTheme.h"
+#include "platform/x11/InstalledApplications.h"
+#include "platform/x11/WindowMirror.h"
+
+#include <map>
+
+namespace larkspan::x11 {
+
+/// The applications of the table as running applications, with the names and icons of their desktop
+/// entries. An application all of whose windows stay out of task bars is an accessory.
+class X11Workspace : public Workspace {
+  public:
+    X11Workspace(X11Connection& connection, const WindowMirror& mirror,
+                 const ApplicationTable& table, const InstalledApplications& installed,
+                 const IconTheme& icons);
+
+    std::vector<RunningApplication> runningApplications() const override { return running_; }
+    std::optional<RunningApplication> frontmostApplication() const override;
+    std::optional<std::string> urlForApplication(std::string_view bundleIdentifier) const override;
+    std::string displayName(std::string_view url) const override;
+    ImageRef icon(std::string_view url) const override;
+    ImageRef genericApplicationIcon() const override { return icons_.genericApplication(); }
+    Handle subscribe(std::function<void(const WorkspaceEvent&)> callback) override {
+        return events_.subscribe(std::move(callback));
+    }
+
+    /// Reads the table and the mirror anew and tells what changed since the last time.
+    void update();
+
+  private:
+    RunningApplication applicationOf(const RunningEntry& entry, ProcessId active) const;
+    ImageRef windowIcon(const RunningEntry& entry) const;
+    void announce(const std::vector<RunningApplication>& before, bool isOtherDesktop);
+
+    X11Connection& connection_;
+    const WindowMirror& mirror_;
+    const ApplicationTable& table_;
+    const InstalledApplications& installed_;
+    const IconTheme& icons_;
+    std::vector<RunningApplication> running_;
+    std::uint32_t desktop_ = 0;
+    /// Kept per application, so that an unchanged application stays equal.
+    mutable std::map<ProcessId, ImageRef> windowIcons_;
+    Signal<const WorkspaceEvent&> events_;
+};
+
+} // namespace larkspan::x11

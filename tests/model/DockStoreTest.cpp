@@ -1,0 +1,190 @@
+#include "dock/PinnedApps.h"
+#include "model/Animation.h"
+#include "model/ModelWorld.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace larkspan {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+class DockStoreTest : public testing::Test, protected ModelWorld {
+  protected:
+    DockStoreTest()
+        : ModelWorld("1440x900 spaces=2, 1280x720") {
+        for (const auto* name : {"notes", "mail", "music"})
+            mac.install(std::string("com.example.") + name, name);
+    }
+};
+
+TEST_F(DockStoreTest, ShowsFinderFirstWhateverTheDocksListSays) {
+    mac.setPinned({"com.example.mail", "com.example.notes", "com.apple.finder"});
+    start();
+    store.reloadPinned();
+    EXPECT_EQ(pinned(), "finder mail notes");
+}
+
+TEST_F(DockStoreTest, DropsAPinnedAppThatIsNoLongerThere) {
+    mac.setPinned({"com.example.mail", "com.example.notes"});
+    mac.uninstall("com.example.mail");
+    start();
+    store.reloadPinned();
+    EXPECT_EQ(pinned(), "finder notes");
+}
+
+TEST_F(DockStoreTest, NamesAnAppThatDoesNotRunAfterItsFile) {
+    mac.setPinned({"com.example.mail"});
+    start();
+    store.reloadPinned();
+    EXPECT_EQ(item("mail").name, "mail");
+    EXPECT_TRUE(item("mail").isPinned);
+    EXPECT_FALSE(item("mail").app);
+}
+
+TEST_F(DockStoreTest, GroupsAppsByDisplayAndSpace) {
+    const auto notes = launch("notes");
+    const auto mail = launch("mail");
+    launch("music");
+    mac.openWindow(notes);
+    mac.openWindow(notes, {.display = mac.displayAt(1)});
+    mac.openWindow(mail, {.space = mac.spaceAt(mac.displayAt(0), 1)});
+    start();
+    EXPECT_EQ(groups(), "notes | (mail) | notes");
+    EXPECT_EQ(background(), "finder music");
+    EXPECT_THAT(store.groupedScreens, ElementsAre(mac.displayAt(0), mac.displayAt(1)));
+}
+
+TEST_F(DockStoreTest, LeavesOutAccessoryApps) {
+    launch("notes", {.policy = ActivationPolicy::accessory});
+    start();
+    EXPECT_EQ(background(), "finder");
+    EXPECT_EQ(groups(), "");
+}
+
+TEST_F(DockStoreTest, TellsTwoCopiesOfOneAppApart) {
+    mac.openWindow(launch("notes"));
+    const auto second = launch("notes");
+    mac.openWindow(second);
+    start();
+    EXPECT_EQ(groups(), fmt::format("notes pid:{}", second));
+}
+
+TEST_F(DockStoreTest, KeepsAHiddenAppInTheGroupWhereItWasSeen) {
+    mac.openWindow(launch("mail"));
+    const auto notes = launch("notes");
+    mac.openWindow(notes, {.display = mac.displayAt(1)});
+    start();
+    ASSERT_EQ(groups(), "mail | notes");
+    mac.hide(notes);
+    settle();
+    EXPECT_EQ(groups(), "mail | notes");
+    EXPECT_TRUE(item("notes").app->isHidden);
+}
+
+TEST_F(DockStoreTest, SetsOnlyTheListsThatDiffer) {
+    const auto notes = launch("notes");
+    mac.openWindow(notes);
+    launch("mail");
+    start();
+    int changes = 0;
+    const auto count = [&changes] { ++changes; };
+    const auto onPinned = store.pinnedItems.observe(count);
+    const auto onGroups = store.windowAppGroups.observe(count);
+    const auto onBackground = store.backgroundItems.observe(count);
+    mac.activate(notes);
+    mac.openWindow(notes);
+    settle();
+    store.rebuild();
+    EXPECT_EQ(changes, 0);
+    mac.openWindow(mac.pidOf("com.example.mail"));
+    settle();
+    EXPECT_EQ(changes, 2) << "the groups and the background items";
+}
+
+TEST_F(DockStoreTest, WritesManyPinnedChangesOnceASecondAfterTheLast) {
+    start();
+    store.setPinned({"com.example.mail"});
+    mac.scheduler.runFor(0.4);
+    store.setPinned({"com.example.mail", "com.example.notes"});
+    mac.scheduler.runFor(0.4);
+    store.setPinned({"com.example.notes"});
+    EXPECT_EQ(pinned(), "finder notes") << "shown at once";
+    mac.scheduler.runFor(0.9);
+    EXPECT_THAT(pinnedAppIdentifiers(platform.dockPreferences), IsEmpty());
+    mac.scheduler.runFor(0.2);
+    EXPECT_THAT(pinnedAppIdentifiers(platform.dockPreferences), ElementsAre("com.example.notes"));
+}
+
+TEST_F(DockStoreTest, FollowsTheDocksListUnlessItsOwnIsUnwritten) {
+    start();
+    store.setPinned({"com.example.mail"});
+    mac.setPinned({"com.example.music"});
+    store.reloadPinned();
+    EXPECT_EQ(pinned(), "finder mail");
+    store.flushPinned();
+    settle();
+    mac.setPinned({"com.example.music"});
+    std::optional<Animation> animation;
+    const auto observer =
+        store.pinnedItems.observe([&animation] { animation = currentAnimation(); });
+    store.reloadPinned();
+    EXPECT_EQ(pinned(), "finder music");
+    EXPECT_EQ(animation, pinnedListAnimation);
+}
+
+TEST_F(DockStoreTest, EndsTheLaunchingMarkWhenTheAppIsReadyOrGone) {
+    start();
+    store.launchingIDs.set({"com.example.mail", "com.example.notes"});
+    launch("mail", {.launchSeconds = 2});
+    const auto notes = launch("notes", {.launchSeconds = 9});
+    settle();
+    EXPECT_EQ(store.launchingIDs->size(), 2U);
+    mac.kill(notes);
+    settle();
+    EXPECT_THAT(*store.launchingIDs, ElementsAre("com.example.mail"));
+    mac.scheduler.runFor(2.1);
+    EXPECT_THAT(*store.launchingIDs, IsEmpty());
+}
+
+TEST_F(DockStoreTest, ForgetsWhereAnAppWasWhenItQuits) {
+    const auto notes = launch("notes");
+    mac.openWindow(notes);
+    start();
+    EXPECT_TRUE(store.seenSlots.contains(notes));
+    mac.quit(notes);
+    settle();
+    EXPECT_FALSE(store.seenSlots.contains(notes));
+    EXPECT_FALSE(store.seenDisplays.contains(notes));
+}
+
+TEST_F(DockStoreTest, TellsOfFullScreenOnlyWhenItChanges) {
+    const auto window = mac.openWindow(launch("notes"));
+    start();
+    std::vector<FullScreenState> told;
+    store.onFullScreenChange = [&told](const FullScreenState& state) { told.push_back(state); };
+    mac.enterFullScreen(window);
+    settle();
+    ASSERT_EQ(told.size(), 1U);
+    EXPECT_EQ(told[0].spaces.size(), 1U);
+    mac.leaveFullScreen(window);
+    settle();
+    EXPECT_EQ(told.back(), FullScreenState{});
+}
+
+TEST_F(DockStoreTest, MovesTheTilesOfAnUnpluggedDisplay) {
+    mac.openWindow(launch("notes"), {.display = mac.displayAt(1)});
+    mac.openWindow(launch("mail"));
+    start();
+    ASSERT_EQ(groups(), "mail | notes");
+    mac.unplug(mac.displayAt(1));
+    settle();
+    for (const auto& group : *store.windowAppGroups)
+        EXPECT_EQ(group.display, mac.displayAt(0));
+    EXPECT_THAT(store.groupedScreens, ElementsAre(mac.displayAt(0)));
+}
+
+} // namespace
+} // namespace larkspan

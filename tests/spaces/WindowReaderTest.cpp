@@ -1,0 +1,152 @@
+#include "spaces/WindowReader.h"
+
+#include "platform/sim/SimMac.h"
+#include "spaces/RecordedWindowServer.h"
+#include "spaces/SlotWindows.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace larkspan {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+/// Display 1 has the Spaces 10 (shown) and 11, display 2 the Space 20 (shown).
+SpaceMap twoDisplays() {
+    SpaceMap map;
+    map.spaces = {{1, {10, 11}}, {2, {20}}};
+    map.shown = {10, 20};
+    map.owners = {{10, 1}, {11, 1}, {20, 2}};
+    return map;
+}
+
+struct SlotCase {
+    const char* name;
+    std::vector<SpaceId> spaces;
+    bool isOnScreen;
+    std::optional<DisplayId> display;
+    std::set<Slot> slots;
+};
+
+class SlotsOfWindow : public testing::TestWithParam<SlotCase> {};
+
+TEST_P(SlotsOfWindow, FollowSpaceAndDisplay) {
+    auto map = twoDisplays();
+    if (!GetParam().spaces.empty()) map.windowSpaces[5] = GetParam().spaces;
+    const WindowInfo window{.id = 5, .pid = 7, .isOnScreen = GetParam().isOnScreen};
+    EXPECT_EQ(slotsOf(window, GetParam().display, map), GetParam().slots);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, SlotsOfWindow,
+    testing::Values(SlotCase{"OnTheShownSpace", {10}, true, 1, {{1, 10}}},
+                    SlotCase{"OnAnotherSpace", {11}, false, 1, {{1, 11}}},
+                    SlotCase{"OnEverySpace", {10, 11, 20}, true, 1, {{1, 10}, {1, 11}}},
+                    SlotCase{"AcrossTheEdgeOfAnotherDisplay", {20}, true, 1, {{2, 20}}},
+                    SlotCase{"OutsideEveryDisplay", {11}, false, {}, {{1, 11}}},
+                    SlotCase{"OnScreenOfUnknownSpace", {}, true, 1, {{1, 10}}},
+                    SlotCase{"OnADisplayWithoutSpaces", {}, true, 3, {{3, {}}}},
+                    SlotCase{"MinimisedOnTheShownSpace", {10}, false, 1, {}},
+                    SlotCase{"MinimisedOnNoSpace", {}, false, 1, {}},
+                    SlotCase{"OnASpaceThatHasGone", {99}, true, 2, {{2, 20}}}),
+    [](const auto& instance) { return std::string(instance.param.name); });
+
+class WindowReading : public testing::Test {
+  protected:
+    WindowReading() {
+        left = mac.displayAt(0);
+        right = mac.displayAt(1);
+        notes = mac.launch("com.example.notes");
+        mail = mac.launch("com.example.mail");
+    }
+    WindowRead read() {
+        auto result = reader.read(mac.platform().screens.screens());
+        EXPECT_TRUE(result);
+        return std::move(result).value_or(WindowRead{});
+    }
+    sim::SimMac mac{"1000x800 spaces=2, 1000x800"};
+    Platform platform = mac.platform();
+    WindowReader reader{platform.windowServer};
+    DisplayId left = 0;
+    DisplayId right = 0;
+    ProcessId notes = 0;
+    ProcessId mail = 0;
+};
+
+TEST_F(WindowReading, PlacesEveryAppAndNamesTheFront) {
+    mac.openWindow(notes, {.display = left});
+    mac.openWindow(mail, {.display = right});
+    const auto second = mac.spaceAt(left, 1);
+    mac.openWindow(mail, {.display = left, .space = second});
+
+    const auto result = read();
+    EXPECT_THAT(result.windowPIDs, ElementsAre(notes, mail));
+    EXPECT_EQ(result.windowSlots.at(mail),
+              (std::set<Slot>{{left, second}, {right, mac.spaceAt(right, 0)}}));
+    EXPECT_THAT(result.frontDisplays, ElementsAre(Pair(left, notes), Pair(right, mail)))
+        << "a window on a Space that is not shown is in front of nothing";
+    EXPECT_EQ(result.frontSpaces.at(left), mac.spaceAt(left, 0));
+    EXPECT_EQ(result.front().size(), 2U);
+}
+
+TEST_F(WindowReading, CountsNoMinimisedOrHiddenWindow) {
+    const auto window = mac.openWindow(notes, {.display = left});
+    mac.openWindow(mail, {.display = left});
+    mac.minimize(window);
+    mac.hide(mail);
+    const auto result = read();
+    EXPECT_THAT(result.windowPIDs, IsEmpty());
+    EXPECT_EQ(result.ids.size(), 2U);
+}
+
+TEST_F(WindowReading, WorksWithoutSpaces) {
+    mac.world().hasSpaceFunctions = false;
+    mac.openWindow(notes, {.display = right});
+    const auto result = read();
+    EXPECT_FALSE(result.spaceMap);
+    EXPECT_THAT(result.windowSlots, ElementsAre(Pair(notes, ElementsAre(Slot{right, {}}))));
+}
+
+TEST_F(WindowReading, IsSparedWhileTheFrontIsTheSame) {
+    const auto window = mac.openWindow(notes, {.title = "a"});
+    mac.openWindow(mail);
+    const auto screens = platform.screens.screens();
+    const auto front = read().front();
+    EXPECT_FALSE(reader.readUnlessFront(front, screens));
+    mac.focusWindow(window);
+    EXPECT_TRUE(reader.readUnlessFront(front, screens)) << "the order counts";
+}
+
+TEST_F(WindowReading, IsAbsentWhenTheServerIsSilent) {
+    mac.world().windowListAnswers = false;
+    EXPECT_FALSE(reader.read(platform.screens.screens()));
+}
+
+TEST(SlotWindows, KeepsThoseOfTheSlotAndMinimisedOnesOfItsDisplay) {
+    const std::vector screens{screenAt(1, "A", {0, 0, 1000, 800}),
+                              screenAt(2, "B", {1000, 0, 1000, 800})};
+    auto map = twoDisplays();
+    map.windowSpaces = {{1, {10}}, {2, {11}}, {3, {20}}};
+    const Rect onFirst{0, 0, 300, 300};
+    const Rect onSecond{1000, 0, 300, 300};
+    const std::vector<AppWindow> windows{{.id = 1, .frame = onFirst},
+                                         {.id = 2, .frame = onFirst},
+                                         {.id = 3, .frame = onSecond},
+                                         {.id = 4, .isMinimized = true, .frame = onFirst},
+                                         {.id = 5, .isMinimized = true, .frame = onSecond}};
+    const auto idsIn = [&](const Slot& slot) {
+        std::vector<WindowId> ids;
+        for (const auto& window : windowsInSlot(windows, slot, map, screens))
+            ids.push_back(window.id);
+        return ids;
+    };
+    EXPECT_THAT(idsIn({1, 10}), ElementsAre(1, 4));
+    EXPECT_THAT(idsIn({1, 11}), ElementsAre(2, 4));
+    EXPECT_THAT(idsIn({2, 20}), ElementsAre(3, 5));
+}
+
+} // namespace
+} // namespace larkspan
