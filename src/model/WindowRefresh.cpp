@@ -94,18 +94,14 @@ void WindowRefresh::workspaceChanged(const WorkspaceEvent& event) {
 }
 
 void WindowRefresh::appsChanged(const WorkspaceEvent& event) {
-    if (event.kind == WorkspaceEvent::Kind::activeSpaceDidChange) endSpaceSwitch();
+    // The slide, if there was one, is over: the read below stands for all that were held.
+    if (event.kind == WorkspaceEvent::Kind::activeSpaceDidChange) isSwitchingSpaces_ = false;
     store_.refreshRunning();
     requestRead(true);
 }
 
 void WindowRefresh::beginSpaceSwitch() {
     isSwitchingSpaces_ = true;
-}
-
-void WindowRefresh::endSpaceSwitch() {
-    if (!std::exchange(isSwitchingSpaces_, false)) return;
-    if (std::exchange(hasHeldRead_, false)) requestRead(false);
 }
 
 void WindowRefresh::frontmostChanged() {
@@ -135,10 +131,7 @@ void WindowRefresh::setPointerOnBar(bool onBar) {
 
 void WindowRefresh::requestRead(bool rebuild) {
     rebuildAfterRead_ = rebuildAfterRead_ || rebuild;
-    if (isSwitchingSpaces_) {
-        hasHeldRead_ = true;
-        return;
-    }
+    if (isSwitchingSpaces_) return;
     if (isReadingWindows_) {
         // A read that has yet to begin will see what this one asks about.
         readAgain_ = !abilities_.readsAtOnce;
@@ -186,7 +179,6 @@ void WindowRefresh::readFinished(std::optional<WindowRead> read, double start) {
     const double end = scheduler_.uptime();
     isReadingWindows_ = false;
     if (isSwitchingSpaces_) {
-        hasHeldRead_ = true;
         readAgain_ = false;
         log_.write(category,
                    fmt::format("window list read in {} ms, dropped since Spaces are sliding",

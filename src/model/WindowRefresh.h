@@ -45,7 +45,6 @@ class WindowRefresh {
     void observe();
     void workspaceChanged(const WorkspaceEvent& event);
     void appsChanged(const WorkspaceEvent& event);
-    void endSpaceSwitch();
     void frontmostChanged();
     void screensChanged();
     void checkTrash();
@@ -72,9 +71,8 @@ class WindowRefresh {
     /// Another read was asked for while one was in flight.
     bool readAgain_ = false;
     bool rebuildAfterRead_ = false;
+    /// Reads are held back during a slide; its end always brings one.
     bool isSwitchingSpaces_ = false;
-    /// A read was held back during a slide.
-    bool hasHeldRead_ = false;
     std::optional<FullRead> lastFullRead_;
     std::vector<Handle> observations_;
     /// Ends with this object, so that a read that comes back later finds nobody.

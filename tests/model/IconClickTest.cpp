@@ -1,0 +1,159 @@
+#include "model/ModelWorld.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace larkspan {
+namespace {
+
+using testing::ElementsAre;
+
+class IconClickTest : public testing::Test, protected ModelWorld {
+  protected:
+    IconClickTest()
+        : ModelWorld("1440x900 spaces=2") {
+        notes = launch("notes");
+        mail = launch("mail");
+    }
+    void clickTile(const std::string& name) {
+        const DisplayGroup* group = nullptr;
+        for (const auto& each : *store.windowAppGroups)
+            for (const auto& tile : each.items)
+                if (shortName(tile.id) == name) group = &each;
+        const auto tile = item(name);
+        click.click(tile, group, {});
+        settle();
+    }
+    bool isHidden(ProcessId pid) { return mac.world().app(pid)->hidden; }
+    ProcessId notes = 0;
+    ProcessId mail = 0;
+};
+
+TEST_F(IconClickTest, HidesTheAppInFrontAndBringsItBack) {
+    mac.openWindow(notes);
+    mac.openWindow(mail);
+    start();
+    clickTile("mail");
+    EXPECT_TRUE(isHidden(mail));
+    mac.scheduler.runFor(2);
+    clickTile("mail");
+    EXPECT_FALSE(isHidden(mail));
+    EXPECT_EQ(mac.frontmost(), mail);
+}
+
+TEST_F(IconClickTest, BringsAnAppBehindOthersForward) {
+    const auto window = mac.openWindow(notes);
+    mac.openWindow(mail);
+    mac.activate(mail);
+    start();
+    clickTile("notes");
+    EXPECT_EQ(mac.frontmost(), notes);
+    EXPECT_EQ(mac.world().windows.front().id, window);
+    EXPECT_EQ(animator.lastActivation->pid, notes);
+}
+
+TEST_F(IconClickTest, SendsAwayOnAQuickSecondClickWhateverTheSystemReports) {
+    mac.openWindow(notes);
+    mac.openWindow(mail);
+    mac.activate(mail);
+    start();
+    clickTile("notes");
+    mac.world().frontmost = mail;
+    mac.scheduler.runFor(0.9);
+    clickTile("notes");
+    EXPECT_TRUE(isHidden(notes));
+}
+
+TEST_F(IconClickTest, JudgesALateSecondClickByTheAppInFront) {
+    mac.openWindow(notes);
+    mac.openWindow(mail);
+    mac.activate(mail);
+    start();
+    clickTile("notes");
+    mac.world().frontmost = mail;
+    mac.scheduler.runFor(1.1);
+    clickTile("notes");
+    EXPECT_FALSE(isHidden(notes));
+}
+
+TEST_F(IconClickTest, BringsMinimisedWindowsBackInsteadOfHiding) {
+    const auto window = mac.openWindow(mail);
+    mac.activate(mail);
+    start();
+    mac.minimize(window);
+    store.isPointerOnBar = true;
+    settle();
+    clickTile("mail");
+    EXPECT_FALSE(isHidden(mail));
+    EXPECT_FALSE(mac.world().window(window)->minimized);
+}
+
+TEST_F(IconClickTest, GoesToTheSpaceOfTheGroupInsteadOfHiding) {
+    const auto display = mac.displayAt(0);
+    mac.openWindow(mail, {.space = mac.spaceAt(display, 1)});
+    mac.world().frontmost = mail;
+    start();
+    ASSERT_EQ(groups(), "(mail)");
+    clickTile("mail");
+    EXPECT_FALSE(isHidden(mail));
+    EXPECT_EQ(mac.world().display(display)->shown().id, mac.spaceAt(display, 1));
+}
+
+TEST_F(IconClickTest, HidesTheAppInFrontUnseenWithoutPermission) {
+    mac.activate(mail);
+    start();
+    mac.refuseAccessibility();
+    clickTile("mail");
+    EXPECT_TRUE(isHidden(mail));
+}
+
+TEST_F(IconClickTest, DoesNotHideAnAppWithoutWindows) {
+    mac.activate(mail);
+    start();
+    clickTile("mail");
+    EXPECT_FALSE(isHidden(mail));
+    EXPECT_EQ(mac.world().windows.size(), 1U) << "the app is opened again, which gives it a window";
+}
+
+TEST_F(IconClickTest, LaunchesAPinnedAppThatDoesNotRun) {
+    mac.install("com.example.music", "music").launchSeconds = 2;
+    mac.pin("com.example.music");
+    start();
+    store.reloadPinned();
+    clickTile("music");
+    EXPECT_THAT(*store.launchingIDs, ElementsAre("com.example.music"));
+    mac.scheduler.runFor(2.1);
+    EXPECT_TRUE(store.launchingIDs->empty());
+    EXPECT_EQ(groups(), "music");
+}
+
+TEST_F(IconClickTest, GivesUpTheMarkOfAnAppThatNeverComes) {
+    start();
+    DockItem ghost{.id = "com.example.ghost", .url = "x-ghost:"};
+    click.click(ghost, nullptr, {});
+    settle();
+    EXPECT_EQ(store.launchingIDs->size(), 1U);
+    mac.scheduler.runFor(31);
+    EXPECT_TRUE(store.launchingIDs->empty());
+}
+
+TEST_F(IconClickTest, DoesNothingForATileWithoutAppAndPlace) {
+    start();
+    click.click({.id = "nothing"}, nullptr, {});
+    EXPECT_TRUE(store.launchingIDs->empty());
+    EXPECT_TRUE(mac.world().opened.empty());
+}
+
+TEST_F(IconClickTest, WritesHowItFoundTheApp) {
+    mac.openWindow(mail);
+    mac.activate(mail);
+    start();
+    clickTile("mail");
+    clickTile("mail");
+    EXPECT_THAT(newLines("DockStore"),
+                ElementsAre("click mail: phase=none hidden=false active=true justActivated=false",
+                            "click mail: phase=none hidden=true active=false justActivated=false"));
+}
+
+} // namespace
+} // namespace larkspan

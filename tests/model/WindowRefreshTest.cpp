@@ -1,0 +1,253 @@
+#include "model/Animation.h"
+#include "model/ModelWorld.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace larkspan {
+namespace {
+
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsEmpty;
+using testing::SizeIs;
+using testing::StartsWith;
+
+/// The lines that reads write, without those about what they found.
+std::vector<std::string> readLines(ModelWorld& world) {
+    auto lines = world.newLines("windows");
+    std::erase_if(lines,
+                  [](const std::string& line) { return !line.starts_with("window list read"); });
+    return lines;
+}
+
+/// A desktop that announces its changes and is read at once, as X11.
+class AnnouncedRefresh : public testing::Test, protected ModelWorld {};
+
+TEST_F(AnnouncedRefresh, ReadsOnceForABurstOfEvents) {
+    const auto notes = launch("notes");
+    start();
+    settle();
+    readLines(*this);
+    mac.openWindow(notes);
+    mac.openWindow(launch("mail"));
+    mac.openWindow(launch("music"));
+    settle();
+    EXPECT_EQ(groups(), "notes mail music");
+    EXPECT_THAT(readLines(*this), SizeIs(1));
+}
+
+TEST_F(AnnouncedRefresh, IsNeverWokenWhileNothingHappens) {
+    mac.openWindow(launch("notes"));
+    start();
+    settle();
+    const auto turns = mac.scheduler.turns();
+    mac.scheduler.runFor(3600);
+    EXPECT_EQ(mac.scheduler.turns(), turns);
+    EXPECT_EQ(mac.scheduler.timerCount(), 0U);
+}
+
+TEST_F(AnnouncedRefresh, ShowsAWindowWithoutTimePassing) {
+    const auto notes = launch("notes");
+    start();
+    settle();
+    const double before = mac.scheduler.uptime();
+    mac.openWindow(notes);
+    settle();
+    EXPECT_EQ(groups(), "notes");
+    EXPECT_EQ(mac.scheduler.uptime(), before);
+}
+
+TEST_F(AnnouncedRefresh, AnimatesTheRegroup) {
+    start();
+    std::optional<Animation> animation;
+    const auto observer =
+        store.windowAppGroups.observe([&animation] { animation = currentAnimation(); });
+    mac.openWindow(launch("notes"));
+    settle();
+    EXPECT_EQ(animation, windowReadAnimation);
+    EXPECT_EQ(currentAnimation(), std::nullopt);
+}
+
+TEST_F(AnnouncedRefresh, SeesWhatChangesOutsideTheScreen) {
+    ModelWorld world("1440x900 spaces=2");
+    world.mac.openWindow(world.launch("notes"));
+    const auto mail = world.launch("mail");
+    world.start();
+    world.settle();
+    world.mac.openWindow(mail, {.space = world.mac.spaceAt(world.mac.displayAt(0), 1)});
+    world.settle();
+    EXPECT_EQ(world.groups(), "notes | (mail)");
+    world.mac.switchSpace(world.mac.displayAt(0), 1);
+    world.settle();
+    EXPECT_EQ(world.groups(), "(notes) | mail");
+}
+
+TEST_F(AnnouncedRefresh, FollowsTheAppInFront) {
+    const auto notes = launch("notes");
+    start();
+    EXPECT_EQ(store.frontmostPID.get(), notes);
+    mac.activate(mac.finder());
+    settle();
+    EXPECT_EQ(store.frontmostPID.get(), mac.finder());
+}
+
+TEST_F(AnnouncedRefresh, FollowsTrashAndPinnedList) {
+    start();
+    mac.setTrash(3);
+    mac.install("com.example.mail", "mail");
+    mac.pin("com.example.mail");
+    settle();
+    EXPECT_FALSE(*store.isTrashEmpty);
+    EXPECT_EQ(pinned(), "finder mail");
+}
+
+TEST_F(AnnouncedRefresh, HoldsTilesWhileThePointerIsOnTheBarAndFreesThemTogether) {
+    const auto notes = launch("notes");
+    const auto window = mac.openWindow(notes);
+    const auto mail = launch("mail");
+    start();
+    settle();
+    refresh->setPointerOnBar(true);
+    mac.minimize(window);
+    mac.openWindow(mail);
+    settle();
+    EXPECT_EQ(groups(), "notes");
+    EXPECT_EQ(background(), "finder mail");
+    refresh->setPointerOnBar(false);
+    settle();
+    EXPECT_EQ(groups(), "mail");
+    EXPECT_EQ(background(), "finder notes");
+}
+
+TEST_F(AnnouncedRefresh, KeepsTheGroupsWhenAReadGivesNothing) {
+    mac.openWindow(launch("notes"));
+    start();
+    settle();
+    readLines(*this);
+    mac.world().windowListAnswers = false;
+    refresh->requestRead(false);
+    settle();
+    EXPECT_EQ(groups(), "notes");
+    EXPECT_THAT(readLines(*this),
+                ElementsAre("window list read in 0 ms; no window came, went or changed on screen"));
+}
+
+TEST_F(AnnouncedRefresh, MayEndWithAReadUnderWay) {
+    start();
+    refresh->requestRead(true);
+    refresh.reset();
+    settle();
+    EXPECT_EQ(groups(), "");
+}
+
+TEST_F(AnnouncedRefresh, HoldsReadsWhileSpacesSlide) {
+    ModelWorld world("1440x900 spaces=2");
+    world.mac.openWindow(world.launch("notes"));
+    world.start();
+    world.settle();
+    readLines(world);
+    world.refresh->beginSpaceSwitch();
+    world.mac.openWindow(world.mac.pidOf("com.example.notes"));
+    world.settle();
+    EXPECT_THAT(readLines(world), IsEmpty());
+    world.mac.switchSpace(world.mac.displayAt(0), 1);
+    world.settle();
+    EXPECT_THAT(readLines(world), SizeIs(1));
+    EXPECT_EQ(world.groups(), "(notes)");
+}
+
+/// A Mac: nothing is announced but by the workspace, and reads take time on a queue.
+class PolledRefresh : public testing::Test, protected ModelWorld {
+  protected:
+    PolledRefresh() {
+        mac.setAnnouncesChanges(false);
+        notes = launch("notes");
+        mac.openWindow(notes);
+        start();
+        settle();
+        readLines(*this);
+        mac.world().windowListSeconds = 0.0125;
+    }
+    /// Lets the poll start a read that is still under way when this returns.
+    void beginRead() {
+        mac.scheduler.queueLatency = 0.1;
+        refresh->requestRead(false);
+        mac.scheduler.runFor(0.05);
+    }
+    ProcessId notes = 0;
+};
+
+TEST_F(PolledRefresh, NoticesANewWindowWithinHalfASecond) {
+    mac.activate(mac.finder());
+    settle();
+    mac.openWindow(mac.finder());
+    EXPECT_EQ(groups(), "notes");
+    mac.scheduler.runFor(0.6);
+    EXPECT_EQ(groups(), "finder notes");
+}
+
+TEST_F(PolledRefresh, ReadsOnceMoreForAnyNumberOfRequestsDuringARead) {
+    beginRead();
+    for (int i = 0; i < 10; ++i)
+        refresh->requestRead(false);
+    settle();
+    EXPECT_THAT(readLines(*this), SizeIs(2));
+}
+
+TEST_F(PolledRefresh, RebuildsAfterAReadWhenAskedDuringIt) {
+    beginRead();
+    refresh->requestRead(true);
+    settle();
+    const auto lines = readLines(*this);
+    ASSERT_THAT(lines, SizeIs(2));
+    EXPECT_THAT(lines[0], HasSubstr("icons regrouped in"));
+    EXPECT_THAT(lines[1], HasSubstr("no window came, went or changed on screen"));
+}
+
+TEST_F(PolledRefresh, DropsAReadThatEndsDuringASlideAndReadsAnewAfterIt) {
+    beginRead();
+    refresh->beginSpaceSwitch();
+    settle();
+    EXPECT_THAT(readLines(*this),
+                ElementsAre("window list read in 112 ms, dropped since Spaces are sliding"));
+    refresh->requestRead(false);
+    settle();
+    EXPECT_THAT(readLines(*this), IsEmpty());
+    mac.world().tell(WorkspaceEvent::Kind::activeSpaceDidChange);
+    settle();
+    EXPECT_THAT(readLines(*this), SizeIs(1));
+}
+
+TEST_F(PolledRefresh, WritesWhatAReadFound) {
+    mac.scheduler.runFor(2.1);
+    readLines(*this);
+    mac.scheduler.runFor(2.5);
+    auto lines = readLines(*this);
+    EXPECT_THAT(lines, testing::Contains("window list read in 12 ms; nothing to regroup"))
+        << "a full read every two seconds";
+    EXPECT_THAT(lines, testing::Contains(
+                           "window list read in 12 ms; no window came, went or changed on screen"))
+        << "cheaper reads between them";
+    mac.openWindow(launch("mail"));
+    settle();
+    lines = newLines("windows");
+    ASSERT_THAT(lines, SizeIs(testing::Ge(2U)));
+    EXPECT_THAT(lines[0], StartsWith("pid "));
+    EXPECT_EQ(lines[1], "window list read in 12 ms; icons regrouped in 0 ms, SwiftUI animates them "
+                        "for 0.35 s");
+}
+
+TEST_F(PolledRefresh, ChecksTrashAndPinnedListEveryTwoSeconds) {
+    mac.install("com.example.mail", "mail");
+    mac.pin("com.example.mail");
+    mac.setTrash(1);
+    settle();
+    EXPECT_TRUE(*store.isTrashEmpty);
+    mac.scheduler.runFor(2.1);
+    EXPECT_FALSE(*store.isTrashEmpty);
+    EXPECT_EQ(pinned(), "finder mail");
+}
+
+} // namespace
+} // namespace larkspan
