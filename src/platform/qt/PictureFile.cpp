@@ -7,7 +7,6 @@
 #include <QString>
 
 #include <algorithm>
-#include <tuple>
 #include <utility>
 
 namespace larkspan::qt {
@@ -41,14 +40,15 @@ PictureFile::PictureFile(std::string identity, std::vector<File> files)
     : identity_(std::move(identity))
     , files_(std::move(files)) {}
 
-/// The files with the one that will look sharpest first: made for the size, then sharp at any size,
-/// then the next larger, then the largest.
+/// The files with the one that will look sharpest first: made for just this size, then drawings,
+/// then pixels, each the next larger before the largest of the smaller ones.
 std::vector<PictureFile::File> PictureFile::filesByFit(int pixels) const {
     const auto misfit = [pixels](const File& file) {
-        if (file.pixels == pixels && !file.isScalable) return std::tuple(0, 0);
-        if (file.isScalable) return std::tuple(1, 0);
-        if (file.pixels > pixels) return std::tuple(2, file.pixels);
-        return std::tuple(3, -file.pixels);
+        if (file.pixels == pixels) return std::pair(0, file.isScalable ? 0 : 1);
+        const int kind = file.isScalable ? 1 : 3;
+        if (file.isScalable && file.pixels == 0) return std::pair(kind, 0);
+        if (file.pixels > pixels) return std::pair(kind, file.pixels);
+        return std::pair(kind + 1, -file.pixels);
     };
     auto files = files_;
     std::ranges::stable_sort(files, {}, misfit);

@@ -13,8 +13,9 @@ class PictureFile : public Image {
   public:
     struct File {
         std::string path;
-        /// The side it was made for in pixels; 0 when it is sharp at any size or unknown.
+        /// The side it was made for in pixels; 0 when it was made for none in particular.
         int pixels = 0;
+        /// A drawing, sharp at any size.
         bool isScalable = false;
     };
 

@@ -29,6 +29,7 @@ class DefaultApplications {
     DesktopEntryRef fromLists(std::string_view mimeType) const;
     DesktopEntryRef fromEntries(std::string_view mimeType, std::string_view category) const;
 
+    const Environment& environment_;
     XdgFolders folders_;
     const DesktopEntries& entries_;
 };

@@ -2,6 +2,7 @@
 
 #include "platform/Handle.h"
 
+#include <cstdint>
 #include <functional>
 #include <map>
 #include <string>
@@ -25,8 +26,11 @@ class FolderWatch {
     bool isWorking() const { return descriptor_ >= 0; }
 
   private:
-    void arm(const std::string& folder);
+    bool arm(const std::string& folder);
+    bool isArmed(const std::string& folder) const;
     void readEvents();
+    void forgetParents();
+    bool take(int watch, std::uint32_t mask);
 
     std::function<void()> changed_;
     int descriptor_ = -1;

@@ -34,6 +34,7 @@ class IconTheme {
     XdgFolders folders_;
     std::string themeName_;
     mutable std::vector<std::string> baseFolders_;
+    mutable std::vector<std::string> themeNames_;
     mutable std::vector<std::unique_ptr<IconThemeFolder>> themes_;
     mutable std::map<std::string, ImageRef, std::less<>> icons_;
 };

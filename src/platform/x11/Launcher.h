@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Identifiers.h"
+#include "platform/x11/ChildProcesses.h"
 #include "platform/x11/DefaultApplications.h"
 #include "platform/x11/DesktopEntries.h"
 
@@ -25,17 +26,25 @@ class Launcher {
     /// Starts the application with files or addresses to open. `startupId` lets the desktop tell
     /// which window belongs to the start.
     Result launch(const DesktopEntry& entry, const std::vector<std::string>& files = {},
-                  const std::string& startupId = {}) const;
+                  const std::string& startupId = {});
     /// Starts one of the entry's own actions, such as a new window.
-    Result launchAction(const DesktopEntry& entry, const DesktopAction& action) const;
+    Result launchAction(const DesktopEntry& entry, const DesktopAction& action);
+    /// Called after a process that was started here has ended.
+    Handle subscribeEnds(std::function<void(ProcessId)> callback) {
+        return children_.subscribe(std::move(callback));
+    }
 
   private:
+    Result startAll(const DesktopEntry& entry, std::string_view exec,
+                    const std::vector<std::string>& files, const std::string& startupId);
     Result start(std::vector<std::string> arguments, const DesktopEntry& entry,
-                 const std::string& startupId) const;
+                 const std::string& startupId);
     bool wrapInTerminal(std::vector<std::string>& arguments) const;
+    std::vector<std::string> childEnvironment(const std::string& startupId) const;
 
     const Environment& environment_;
     const DefaultApplications& defaults_;
+    ChildProcesses children_;
 };
 
 } // namespace larkspan::x11

@@ -2,11 +2,11 @@
 
 #include "platform/Signal.h"
 #include "platform/SystemDock.h"
+#include "platform/qt/WholeFile.h"
 #include "platform/x11/DefaultApplications.h"
 #include "platform/x11/FolderWatch.h"
 
 #include <functional>
-#include <map>
 #include <string>
 
 namespace larkspan::x11 {
@@ -27,18 +27,21 @@ class PinnedFile : public DockPreferences {
     Handle subscribe(std::function<void()> callback) override;
 
   private:
-    void load() const;
-    void fileChanged();
+    void load();
+    void setAside();
+    bool write();
+    void folderChanged();
     PropertyValue::Array firstList() const;
 
-    std::string path_;
+    qt::WholeFile file_;
     const DefaultApplications& defaults_;
     std::function<void(const std::string&)> report_;
     Signal<> changed_;
     FolderWatch watch_;
-    mutable bool isLoaded_ = false;
+    PropertyValue::Dictionary values_;
+    /// The state of the file that `values_` was last read from or written to.
+    std::string stamp_;
     bool isDirty_ = false;
-    mutable PropertyValue::Dictionary values_;
 };
 
 } // namespace larkspan::x11

@@ -1,0 +1,94 @@
+#include "platform/x11/ChildProcesses.h"
+
+#include "platform/qt/watchReadable.h"
+
+#include <cerrno>
+#include <csignal>
+#include <fcntl.h>
+#include <spawn.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace larkspan::x11 {
+
+namespace {
+
+std::vector<char*> pointers(const std::vector<std::string>& texts) {
+    std::vector<char*> result;
+    for (const auto& text : texts) {
+        // Not written to, despite its type.
+        result.push_back(const_cast<char*>(text.c_str())); // NOLINT
+    }
+    result.push_back(nullptr);
+    return result;
+}
+
+/// How the new process differs from a copy of ours.
+class SpawnSettings {
+  public:
+    explicit SpawnSettings(const std::string& workingFolder) {
+        posix_spawn_file_actions_init(&files);
+        posix_spawn_file_actions_addopen(&files, STDIN_FILENO, "/dev/null", O_RDONLY, 0);
+        posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
+        if (!workingFolder.empty())
+            posix_spawn_file_actions_addchdir_np(&files, workingFolder.c_str());
+
+        posix_spawnattr_init(&attributes);
+        sigset_t none;
+        sigset_t all;
+        sigemptyset(&none);
+        sigfillset(&all);
+        posix_spawnattr_setsigmask(&attributes, &none);
+        posix_spawnattr_setsigdefault(&attributes, &all);
+        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSID | POSIX_SPAWN_SETSIGMASK |
+                                                  POSIX_SPAWN_SETSIGDEF);
+    }
+    ~SpawnSettings() {
+        posix_spawn_file_actions_destroy(&files);
+        posix_spawnattr_destroy(&attributes);
+    }
+    SpawnSettings(const SpawnSettings&) = delete;
+    SpawnSettings& operator=(const SpawnSettings&) = delete;
+
+    posix_spawn_file_actions_t files{};
+    posix_spawnattr_t attributes{};
+};
+
+} // namespace
+
+ChildProcesses::~ChildProcesses() {
+    for (auto& [pid, child] : children_) {
+        child.readable.reset();
+        close(child.descriptor);
+    }
+}
+
+ProcessId ChildProcesses::start(const Program& program) {
+    const SpawnSettings settings(program.workingFolder);
+    pid_t pid = -1;
+    errno = posix_spawn(&pid, program.path.c_str(), &settings.files, &settings.attributes,
+                        pointers(program.arguments).data(), pointers(program.environment).data());
+    if (errno != 0) return -1;
+    watch(pid);
+    return pid;
+}
+
+void ChildProcesses::watch(ProcessId pid) {
+    // By number: the C library of Debian 12 declares no function for it.
+    const auto descriptor = static_cast<int>(syscall(SYS_pidfd_open, pid, 0));
+    if (descriptor < 0) return;
+    fcntl(descriptor, F_SETFD, FD_CLOEXEC);
+    children_[pid] = {descriptor, qt::watchReadable(descriptor, [this, pid] { takeNote(pid); })};
+}
+
+void ChildProcesses::takeNote(ProcessId pid) {
+    auto child = children_.extract(pid);
+    if (child.empty()) return;
+    child.mapped().readable.reset();
+    close(child.mapped().descriptor);
+    waitpid(pid, nullptr, WNOHANG);
+    ended_.emit(pid);
+}
+
+} // namespace larkspan::x11

@@ -1,0 +1,99 @@
+#include "platform/x11/IconThemeFolder.h"
+
+#include "platform/x11/Environment.h"
+#include "platform/x11/KeyFile.h"
+
+#include <charconv>
+#include <map>
+#include <unistd.h>
+
+namespace larkspan::x11 {
+
+namespace {
+
+int number(std::string_view text, int otherwise) {
+    int result = otherwise;
+    std::from_chars(text.data(), text.data() + text.size(), result);
+    return result;
+}
+
+/// What the index says of one of the theme's folders.
+struct Description {
+    int size = 0;
+    int scale = 1;
+    bool isScalable = false;
+    std::string context;
+
+    void take(std::string_view key, std::string_view value) {
+        if (key == "Size") size = number(value, 0);
+        if (key == "Scale") scale = number(value, 1);
+        if (key == "Type") isScalable = value == "Scalable";
+        if (key == "Context") context = value;
+    }
+};
+
+} // namespace
+
+IconThemeFolder::IconThemeFolder(const std::string& name,
+                                 const std::vector<std::string>& baseFolders) {
+    std::string index;
+    for (const auto& base : baseFolders) {
+        const std::string place = base + "/" + name;
+        if (access(place.c_str(), X_OK) != 0) continue;
+        places_.push_back(place);
+        // The first index describes the theme for all of its places.
+        if (index.empty()) index = readText(place + "/index.theme");
+    }
+    readIndex(index);
+}
+
+void IconThemeFolder::readIndex(const std::string& text) {
+    std::vector<std::string> names;
+    std::map<std::string, Description, std::less<>> descriptions;
+    readKeyFile(text, [&](std::string_view group, std::string_view key, std::string_view value) {
+        if (group != "Icon Theme") {
+            descriptions[std::string(group)].take(key, value);
+            return true;
+        }
+        if (key == "Inherits") inherited_ = splitList(value, ',');
+        if (key == "Directories" || key == "ScaledDirectories") {
+            for (auto& name : splitList(value, ','))
+                names.push_back(std::move(name));
+        }
+        return true;
+    });
+    for (const auto& name : names) {
+        const Description& about = descriptions[name];
+        for (const auto& place : places_) {
+            const std::string path = place + "/" + name;
+            // Most of the folders an index names are not there.
+            if (access(path.c_str(), X_OK) != 0) continue;
+            folders_.push_back({.path = path,
+                                .pixels = about.isScalable ? 0 : about.size * about.scale,
+                                .isApplications = about.context == "Applications"});
+        }
+    }
+}
+
+IconThemeFolder::Files IconThemeFolder::files(const std::string& icon) const {
+    Files found = filesIn(icon, true);
+    return found.empty() ? filesIn(icon, false) : found;
+}
+
+IconThemeFolder::Files IconThemeFolder::filesIn(const std::string& icon,
+                                                bool amongApplications) const {
+    Files found;
+    for (const auto& folder : folders_) {
+        if (folder.isApplications != amongApplications) continue;
+        for (const char* extension : {".svg", ".png", ".xpm"}) {
+            const std::string path = folder.path + "/" + icon + extension;
+            if (access(path.c_str(), R_OK) != 0) continue;
+            const bool isDrawing = extension == std::string_view(".svg");
+            found.push_back({.path = path, .pixels = folder.pixels, .isScalable = isDrawing});
+            break;
+        }
+    }
+    return found;
+}
+
+} // namespace larkspan::x11

@@ -1,0 +1,68 @@
+#include "platform/x11/LoginEntry.h"
+
+#include "platform/qt/WholeFile.h"
+#include "platform/x11/KeyFile.h"
+
+#include <fmt/format.h>
+
+#include <unistd.h>
+#include <utility>
+
+namespace larkspan::x11 {
+
+namespace {
+
+/// The path as an argument of an `Exec` line.
+std::string quoted(const std::string& path) {
+    std::string result = "\"";
+    for (const char character : path) {
+        // Escaped for the quotes, and its backslash once more for the file.
+        if (std::string_view("\"`$\\").find(character) != std::string_view::npos) result += "\\\\";
+        if (character == '\\') result += '\\';
+        if (character == '%') result += '%';
+        result += character;
+    }
+    return result + "\"";
+}
+
+} // namespace
+
+LoginEntry::LoginEntry(const Environment& environment, std::string program,
+                       std::function<void(const std::string&)> open)
+    : folder_(XdgFolders(environment).configHome + "/autostart")
+    , path_(folder_ + "/larkspan.desktop")
+    , program_(std::move(program))
+    , open_(std::move(open)) {}
+
+LoginItem::Status LoginEntry::status() const {
+    const std::string text = readText(path_);
+    if (text.empty()) return Status::notRegistered;
+    bool isEnabled = true;
+    // Both are how a desktop's own settings switch an entry off.
+    readKeyFile(text, [&](std::string_view, std::string_view key, std::string_view value) {
+        if (key == "Hidden" && value == "true") isEnabled = false;
+        if (key == "X-GNOME-Autostart-enabled" && value == "false") isEnabled = false;
+        return isEnabled;
+    });
+    return isEnabled ? Status::enabled : Status::notRegistered;
+}
+
+bool LoginEntry::registerItem() {
+    return qt::WholeFile(path_).write(fmt::format("[Desktop Entry]\n"
+                                                  "Type=Application\n"
+                                                  "Name=Larkspan\n"
+                                                  "Comment=A bar along the bottom of every screen\n"
+                                                  "Icon=larkspan\n"
+                                                  "Exec={}\n",
+                                                  quoted(program_)));
+}
+
+bool LoginEntry::unregisterItem() {
+    return unlink(path_.c_str()) == 0;
+}
+
+void LoginEntry::openSystemSettings() {
+    open_(folder_);
+}
+
+} // namespace larkspan::x11
