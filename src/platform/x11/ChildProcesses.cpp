@@ -1,12 +1,11 @@
 #include "platform/x11/ChildProcesses.h"
 
-#include "platform/qt/watchReadable.h"
+#include "platform/x11/watchProcessExit.h"
 
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
 #include <spawn.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -57,36 +56,18 @@ class SpawnSettings {
 
 } // namespace
 
-ChildProcesses::~ChildProcesses() {
-    for (auto& [pid, child] : children_) {
-        child.readable.reset();
-        close(child.descriptor);
-    }
-}
-
 ProcessId ChildProcesses::start(const Program& program) {
     const SpawnSettings settings(program.workingFolder);
     pid_t pid = -1;
     errno = posix_spawn(&pid, program.path.c_str(), &settings.files, &settings.attributes,
                         pointers(program.arguments).data(), pointers(program.environment).data());
     if (errno != 0) return -1;
-    watch(pid);
+    children_[pid] = watchProcessExit(pid, [this, pid] { takeNote(pid); });
     return pid;
 }
 
-void ChildProcesses::watch(ProcessId pid) {
-    // By number: the C library of Debian 12 declares no function for it.
-    const auto descriptor = static_cast<int>(syscall(SYS_pidfd_open, pid, 0));
-    if (descriptor < 0) return;
-    fcntl(descriptor, F_SETFD, FD_CLOEXEC);
-    children_[pid] = {descriptor, qt::watchReadable(descriptor, [this, pid] { takeNote(pid); })};
-}
-
 void ChildProcesses::takeNote(ProcessId pid) {
-    auto child = children_.extract(pid);
-    if (child.empty()) return;
-    child.mapped().readable.reset();
-    close(child.mapped().descriptor);
+    const auto child = children_.extract(pid);
     waitpid(pid, nullptr, WNOHANG);
     ended_.emit(pid);
 }

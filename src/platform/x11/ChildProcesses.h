@@ -24,11 +24,6 @@ class ChildProcesses {
         std::string workingFolder;
     };
 
-    ChildProcesses() = default;
-    ~ChildProcesses();
-    ChildProcesses(const ChildProcesses&) = delete;
-    ChildProcesses& operator=(const ChildProcesses&) = delete;
-
     /// The process in a session of its own, with none of our open files and no signal blocked or
     /// ignored. Below 1 on failure, with the reason in `errno`.
     ProcessId start(const Program& program);
@@ -38,14 +33,9 @@ class ChildProcesses {
     }
 
   private:
-    void watch(ProcessId pid);
     void takeNote(ProcessId pid);
 
-    struct Child {
-        int descriptor;
-        Handle readable;
-    };
-    std::map<ProcessId, Child> children_;
+    std::map<ProcessId, Handle> children_;
     Signal<ProcessId> ended_;
 };
 

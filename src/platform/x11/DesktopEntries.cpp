@@ -145,12 +145,15 @@ DesktopEntryRef DesktopEntries::matchId(std::string_view name) const {
 DesktopEntryRef DesktopEntries::matchExecutable(std::string_view executable) const {
     if (executable.empty()) return nullptr;
     const std::filesystem::path wanted(executable);
+    const std::string name = wanted.filename().string();
     DesktopEntryRef best;
     for (const auto& [id, entry] : entries()) {
+        // Asked for every window: most lines are told apart without taking them to pieces.
+        if (entry->exec.find(name) == std::string::npos) continue;
         // A terminal's program is not the process of the terminal's window.
         if (entry->isTerminal || !entry->isDisplayed) continue;
         const auto program = soleProgram(entry->exec);
-        if (!program || std::filesystem::path(*program).filename() != wanted.filename()) continue;
+        if (!program || std::filesystem::path(*program).filename() != name) continue;
         std::error_code error;
         if (std::filesystem::canonical(environment_.findProgram(*program), error) != wanted)
             continue;

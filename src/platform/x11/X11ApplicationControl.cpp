@@ -28,7 +28,7 @@ bool signalProcesses(const std::set<ProcessId>& processes, int signal) {
 X11ApplicationControl::X11ApplicationControl(ApplicationTable& table,
                                              const InstalledApplications& installed,
                                              const DefaultApplications& defaults,
-                                             const Launcher& launcher, WindowRequests& requests,
+                                             Launcher& launcher, WindowRequests& requests,
                                              const WindowMirror& mirror,
                                              std::function<void(const std::string&)> report)
     : table_(table)

@@ -15,7 +15,7 @@ class X11ApplicationControl : public ApplicationControl {
   public:
     /// `report` takes one line about a launch that failed.
     X11ApplicationControl(ApplicationTable& table, const InstalledApplications& installed,
-                          const DefaultApplications& defaults, const Launcher& launcher,
+                          const DefaultApplications& defaults, Launcher& launcher,
                           WindowRequests& requests, const WindowMirror& mirror,
                           std::function<void(const std::string&)> report);
 
@@ -35,7 +35,7 @@ class X11ApplicationControl : public ApplicationControl {
     ApplicationTable& table_;
     const InstalledApplications& installed_;
     const DefaultApplications& defaults_;
-    const Launcher& launcher_;
+    Launcher& launcher_;
     WindowRequests& requests_;
     const WindowMirror& mirror_;
     std::function<void(const std::string&)> report_;
