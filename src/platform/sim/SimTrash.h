@@ -15,7 +15,7 @@ class SimTrash final : public TrashFolder {
 
     std::optional<std::size_t> entryCount() const override { return world_.trashEntries; }
     bool holdsDesktopServicesFile() const override { return world_.trashHoldsDesktopServicesFile; }
-    void open() override { applications_.open("/Users/me/Trash"); }
+    void open() override { applications_.open("/Trash"); }
     bool announcesChanges() const override { return world_.announcesChanges; }
     Handle subscribe(std::function<void()> callback) override {
         return world_.trashChanged.subscribe(std::move(callback));
