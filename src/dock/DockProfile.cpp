@@ -66,6 +66,8 @@ void DockProfile::save(UserDefaults& defaults) const {
                       {"pinning", pinning},
                       {"magnification", magnification}};
     defaults.set(savedKey, Data{object.dump()});
+    // The user's own settings outlive a kill before the first of them is changed.
+    defaults.synchronize();
 }
 
 void DockProfile::forgetSaved(UserDefaults& defaults) {

@@ -1,0 +1,136 @@
+#include "platform/sim/ScenarioAction.h"
+
+#include "app/Control.h"
+
+#include <fmt/format.h>
+
+#include <utility>
+
+namespace larkspan::sim {
+
+namespace {
+
+using nlohmann::json;
+using Outcome = std::optional<std::string>;
+using Words = std::vector<std::string>;
+
+constexpr Outcome done = std::nullopt;
+constexpr const char* notRunning = "Larkspan does not run";
+
+/// Goes the road of the command line.
+Outcome request(Stage& stage, const Words& words) {
+    if (!stage.delegate()) return notRunning;
+    const ControlAnswer answer = Control(*stage.delegate()).answer(words);
+    if (answer.code == 0) return done;
+    return answer.text;
+}
+
+Outcome tell(Stage& stage, const json& fields) {
+    return request(stage, fields["words"].get<Words>());
+}
+
+Outcome click(Stage& stage, const json& fields) {
+    return request(stage, {"click", fields["app"].get<std::string>()});
+}
+
+Outcome set(Stage& stage, const json& fields) {
+    const json& value = fields["value"];
+    return request(stage, {"set", fields["key"].get<std::string>(),
+                           value.is_string() ? value.get<std::string>() : value.dump()});
+}
+
+Outcome mode(Stage& stage, const json& fields) {
+    return request(stage, {"mode", fields["mode"].get<std::string>()});
+}
+
+/// A tile with the group it stands in, as the bars show it.
+struct Tile {
+    DockItem item;
+    std::optional<DisplayGroup> group;
+};
+
+std::optional<Tile> findTile(const DockStore& store, const std::string& id) {
+    for (const DisplayGroup& group : *store.windowAppGroups) {
+        for (const DockItem& item : group.items) {
+            if (item.id == id) return Tile{item, group};
+        }
+    }
+    for (const auto* items : {&*store.pinnedItems, &*store.backgroundItems}) {
+        for (const DockItem& item : *items) {
+            if (item.id == id) return Tile{item, std::nullopt};
+        }
+    }
+    return std::nullopt;
+}
+
+Outcome chooseFrom(const Menu& menu, const std::string& title) {
+    for (const MenuItem& line : menu) {
+        if (line.title != title) continue;
+        if (!line.isEnabled || !line.action) return fmt::format("\"{}\" is not enabled", title);
+        line.action();
+        return done;
+    }
+    return fmt::format("the menu has no \"{}\"", title);
+}
+
+Outcome menu(Stage& stage, const json& fields) {
+    if (!stage.delegate()) return notRunning;
+    AppController& controller = stage.delegate()->controller();
+    const auto id = fields["app"].get<std::string>();
+    const auto tile = findTile(controller.store(), id);
+    if (!tile) return fmt::format("there is no item {} on the bar", id);
+    const DisplayGroup* group = tile->group ? &*tile->group : nullptr;
+    return chooseFrom(controller.itemMenu().menu(tile->item, group, {}),
+                      fields["choose"].get<std::string>());
+}
+
+Outcome status(Stage& stage, const json& fields) {
+    const auto title = fields["choose"].get<std::string>();
+    if (stage.mac.statusBar.choose(title)) return done;
+    return fmt::format("no menu in the status bar has \"{}\"", title);
+}
+
+Outcome pointer(Stage& stage, const json& fields) {
+    if (!stage.delegate()) return notRunning;
+    stage.delegate()->controller().refresh().setPointerOnBar(fields["onBar"].get<bool>());
+    return done;
+}
+
+Outcome start(Stage& stage, const json&) {
+    stage.start();
+    return done;
+}
+
+Outcome quit(Stage& stage, const json&) {
+    if (!stage.delegate()) return notRunning;
+    stage.quit();
+    return done;
+}
+
+Outcome kill(Stage& stage, const json&) {
+    if (!stage.delegate()) return notRunning;
+    stage.kill();
+    return done;
+}
+
+} // namespace
+
+const std::vector<ScenarioAction>& barActions() {
+    constexpr Field app{"app", FieldKind::text, true};
+    constexpr Field choose{"choose", FieldKind::text, true};
+    static const std::vector<ScenarioAction> actions{
+        {"click", {app}, click},
+        {"menu", {app, choose}, menu},
+        {"status", {choose}, status},
+        {"pointer", {{"onBar", FieldKind::flag, true}}, pointer},
+        {"set", {{"key", FieldKind::text, true}, {"value", FieldKind::anything, true}}, set},
+        {"mode", {{"mode", FieldKind::text, true}}, mode},
+        {"tell", {{"words", FieldKind::texts, true}}, tell},
+        {"startLarkspan", {}, start},
+        {"quitLarkspan", {}, quit},
+        {"killLarkspan", {}, kill},
+    };
+    return actions;
+}
+
+} // namespace larkspan::sim

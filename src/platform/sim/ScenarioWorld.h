@@ -1,0 +1,21 @@
+#pragma once
+
+#include "platform/sim/SimMac.h"
+
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <string>
+
+namespace larkspan::sim {
+
+/// Answers what is wrong with a scenario's description of the world at its start.
+std::optional<std::string> checkWorld(const nlohmann::json& world);
+
+/// Makes the Mac as the description says. It has been checked.
+void setUp(SimMac& mac, const nlohmann::json& world);
+
+/// A handful of everyday apps on the disk, the first few of them in the Dock.
+void installUsualApps(SimMac& mac);
+
+} // namespace larkspan::sim

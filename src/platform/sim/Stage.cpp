@@ -1,0 +1,47 @@
+#include "platform/sim/Stage.h"
+
+#include "platform/sim/SimBarPanels.h"
+
+#include <utility>
+
+namespace larkspan::sim {
+
+Stage::Stage(AppController::MakeBarPanels makeBarPanels)
+    : makeBarPanels_(std::move(makeBarPanels)) {
+    if (!makeBarPanels_)
+        makeBarPanels_ = [](AppController&) { return std::make_unique<SimBarPanels>(); };
+    mac.application.onTerminate = [this] {
+        if (delegate_) delegate_->willTerminate();
+        end();
+    };
+}
+
+Stage::~Stage() {
+    end();
+}
+
+void Stage::start() {
+    if (delegate_) {
+        delegate_->shouldHandleReopen();
+        return;
+    }
+    mac.application.isTerminating = false;
+    delegate_ = std::make_unique<AppDelegate>(mac.platform(), makeBarPanels_);
+    delegate_->didFinishLaunching();
+}
+
+void Stage::quit() {
+    if (delegate_) mac.application.terminate();
+}
+
+void Stage::kill() {
+    end();
+    mac.defaults.loseUnsynchronized();
+}
+
+void Stage::end() {
+    if (delegate_ && onEnd) onEnd();
+    delegate_.reset();
+}
+
+} // namespace larkspan::sim
