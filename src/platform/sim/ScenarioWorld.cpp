@@ -109,7 +109,8 @@ void setUp(SimMac& mac, const json& world) {
     for (const json& name : world.value("missing", json::array()))
         mac.removeFunction(*dockFunction(name.get<std::string>()));
     mac.setTrash(world.value("trash", std::size_t{0}));
-    for (const auto& [key, value] : world.value("settings", json::object()).items())
+    const json settings = world.value("settings", json::object());
+    for (const auto& [key, value] : settings.items())
         mac.defaults.set(key, property(value));
     for (const json& app : world.value("running", json::array()))
         mac.launch(app.get<std::string>(), {.opensWindow = true});
