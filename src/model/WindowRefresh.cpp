@@ -43,7 +43,7 @@ WindowRefresh::WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& 
 }
 
 void WindowRefresh::readAtStart() {
-    if (const auto front = workspace_.frontmostApplication()) store_.frontmostPID.set(front->pid);
+    followFront();
     checkTrash();
     store_.refreshRunning();
     if (auto read = reader_.read(screens_.screens())) store_.applyWindowRead(*std::move(read));
@@ -104,9 +104,13 @@ void WindowRefresh::beginSpaceSwitch() {
     isSwitchingSpaces_ = true;
 }
 
-void WindowRefresh::frontmostChanged() {
+void WindowRefresh::followFront() {
     const auto front = workspace_.frontmostApplication();
     store_.frontmostPID.set(front ? std::optional(front->pid) : std::nullopt);
+}
+
+void WindowRefresh::frontmostChanged() {
+    followFront();
     requestRead(false);
 }
 
@@ -148,6 +152,8 @@ void WindowRefresh::requestRead(bool rebuild) {
 void WindowRefresh::readSoon() {
     scheduler_.post([this, alive = std::weak_ptr(alive_)] {
         if (alive.expired()) return;
+        // No event tells that no app is in front any more.
+        followFront();
         const double start = scheduler_.uptime();
         readFinished(reader_.read(screens_.screens()), start);
     });

@@ -45,6 +45,7 @@ class WindowRefresh {
     void observe();
     void workspaceChanged(const WorkspaceEvent& event);
     void appsChanged(const WorkspaceEvent& event);
+    void followFront();
     void frontmostChanged();
     void screensChanged();
     void checkTrash();

@@ -110,9 +110,9 @@ std::optional<std::vector<WindowId>> SimWindowServer::windowsOfSpace(SpaceId spa
     if (!world_.hasSpaceFunctions) return std::nullopt;
     std::vector<WindowId> ids;
     for (const Window& window : world_.windows) {
+        if (window.minimized || window.space.value_or(space) != space) continue;
         const App* app = world_.app(window.pid);
-        if (window.minimized || (app && app->hidden)) continue;
-        if (window.space.value_or(space) == space) ids.push_back(window.id);
+        if (app && !app->hidden) ids.push_back(window.id);
     }
     return ids;
 }

@@ -1,0 +1,117 @@
+// What one event costs, from a window to the regrouped model, on the main thread. The figures
+// include what the simulated Mac itself needs to answer. All are processor time, so that a busy
+// machine does not blur them.
+
+#include "diagnostics/DiagnosticsLog.h"
+#include "model/DockStore.h"
+#include "model/WindowRefresh.h"
+#include "platform/sim/SimMac.h"
+#include "spaces/WindowReader.h"
+
+#include <benchmark/benchmark.h>
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <ctime>
+#include <utility>
+#include <vector>
+
+namespace larkspan {
+namespace {
+
+double processorSeconds() {
+    return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
+}
+
+/// A Mac of two displays with four Spaces each, that many windows spread over all of them, five to
+/// an app up to 200 apps, and one app more that has no window yet.
+class Desktop {
+  public:
+    explicit Desktop(std::int64_t windows) {
+        mac.setAnnouncesChanges(true);
+        const auto appCount = std::clamp<std::int64_t>(windows / 5, 1, 200);
+        std::vector<ProcessId> apps;
+        for (std::int64_t i = 0; i < appCount; ++i)
+            apps.push_back(mac.launch(fmt::format("com.example.app{}", i)));
+        for (std::int64_t i = 0; i < windows; ++i) {
+            const auto n = static_cast<std::size_t>(i);
+            const auto display = mac.displayAt(n % 2);
+            mac.openWindow(apps[n % apps.size()],
+                           {.title = fmt::format("Window {} of a document with a name", i),
+                            .display = display,
+                            .space = mac.spaceAt(display, (n / 2) % 4)});
+        }
+        newcomer = mac.launch("com.example.newcomer");
+        mac.scheduler.runUntilIdle();
+        refresh.emplace(store, platform.scheduler, platform.workspace, platform.screens,
+                        platform.windowServer, platform.dockPreferences, platform.trash, log);
+    }
+
+    sim::SimMac mac{"1920x1080 spaces=4, 1920x1080 spaces=4"};
+    Platform platform = mac.platform();
+    DiagnosticsLog log{mac.scheduler};
+    WindowAnimator animator{platform.applications};
+    DockStore store{platform.scheduler,
+                    platform.workspace,
+                    platform.applications,
+                    platform.screens,
+                    platform.dockPreferences,
+                    animator,
+                    log};
+    std::optional<WindowRefresh> refresh;
+    ProcessId newcomer = 0;
+};
+
+/// A window opens or closes; its app goes from the background items to the groups or back.
+void oneEvent(benchmark::State& state) {
+    Desktop desktop(state.range(0));
+    auto& mac = desktop.mac;
+    double worst = 0;
+    WindowId window = 0;
+    for (auto _ : state) {
+        if (window)
+            mac.closeWindow(std::exchange(window, 0));
+        else
+            window = mac.openWindow(desktop.newcomer);
+        const double start = processorSeconds();
+        mac.scheduler.runUntilIdle();
+        const double seconds = processorSeconds() - start;
+        state.SetIterationTime(seconds);
+        worst = std::max(worst, seconds);
+    }
+    state.counters["worst_ms"] = worst * 1000;
+}
+BENCHMARK(oneEvent)->Arg(50)->Arg(500)->Arg(5000)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+/// The read alone, as it is made on the main thread where the platform reads at once.
+void readWindows(benchmark::State& state) {
+    Desktop desktop(state.range(0));
+    const WindowReader reader(desktop.platform.windowServer);
+    const auto screens = desktop.platform.screens.screens();
+    for (auto _ : state)
+        benchmark::DoNotOptimize(reader.read(screens));
+}
+BENCHMARK(readWindows)->Arg(50)->Arg(500)->Arg(5000)->Unit(benchmark::kMicrosecond);
+
+/// What of that the simulated window server needs.
+void answerOfTheWindowServer(benchmark::State& state) {
+    Desktop desktop(state.range(0));
+    const auto& server = desktop.platform.windowServer;
+    for (auto _ : state) {
+        benchmark::DoNotOptimize(server.windowList(WindowListOption::excludeDesktopElements));
+        for (const auto& [space, display] : desktop.store.spaceMap->owners)
+            benchmark::DoNotOptimize(server.windowsOfSpace(space));
+    }
+}
+BENCHMARK(answerOfTheWindowServer)->Arg(50)->Arg(500)->Arg(5000)->Unit(benchmark::kMicrosecond);
+
+/// Making the item lists anew from what is known.
+void rebuild(benchmark::State& state) {
+    Desktop desktop(state.range(0));
+    for (auto _ : state)
+        desktop.store.rebuild();
+}
+BENCHMARK(rebuild)->Arg(50)->Arg(500)->Arg(5000)->Unit(benchmark::kMicrosecond);
+
+} // namespace
+} // namespace larkspan
