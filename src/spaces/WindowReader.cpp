@@ -85,6 +85,7 @@ std::optional<WindowRead> WindowReader::read(const std::vector<Screen>& screens)
             read.frontSpaces[screen.display] = *space;
 
     read.ids.reserve(windows->size());
+    read.windows.reserve(windows->size());
     for (auto& window : *windows) {
         read.ids.push_back(window.id);
         const auto display = WindowPresence::displayOf(window.bounds, screens);
