@@ -46,7 +46,7 @@ struct Banned {
 const Banned bannedWords[] = {
     {R"((TO)DO(?!\([^)]+\): \S))", "say why and when: TO"
                                    "DO(reason): what"},
-    {R"(FIX(ME)|XX(X)\b)", "mend it, or write it where a user looks"},
+    {R"(FIX(ME)|\bXX(X)\b)", "mend it, or write it where a user looks"},
     {R"((/ho)me/\w|(/Use)rs/\w|(/wo)rk/\w)", "a path of one machine"},
     {R"(\b(Pa)rt \d|\b(iss)ue #?\d)", "say it here: the reader has no other paper"},
     {R"(std::(this_thread::sleep)_|\b(u|nano)?slee(p)\s*\(\d)", "wait for a condition instead"},
