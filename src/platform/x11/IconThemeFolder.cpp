@@ -3,9 +3,12 @@
 #include "platform/x11/Environment.h"
 #include "platform/x11/KeyFile.h"
 
+#include <algorithm>
+#include <array>
 #include <charconv>
 #include <map>
 #include <unistd.h>
+#include <utility>
 
 namespace larkspan::x11 {
 
@@ -29,6 +32,13 @@ struct Description {
         if (key == "Scale") scale = number(value, 1);
         if (key == "Type") isScalable = value == "Scalable";
         if (key == "Context") context = value;
+    }
+    int pixels() const { return isScalable ? 0 : size * scale; }
+    /// Not the kinds that stand on buttons and in messages, of which there are thousands.
+    bool mayHoldApplications() const {
+        constexpr std::array others = {"Actions", "Animations",    "Emblems", "Emotes",
+                                       "Stock",   "International", "UI"};
+        return std::ranges::find(others, context) == others.end();
     }
 };
 
@@ -64,32 +74,32 @@ void IconThemeFolder::readIndex(const std::string& text) {
     });
     for (const auto& name : names) {
         const Description& about = descriptions[name];
+        if (!about.mayHoldApplications()) continue;
+        auto& kind = about.context == "Applications" ? applications_ : others_;
         for (const auto& place : places_) {
-            const std::string path = place + "/" + name;
-            // Most of the folders an index names are not there.
-            if (access(path.c_str(), X_OK) != 0) continue;
-            folders_.push_back({.path = path,
-                                .pixels = about.isScalable ? 0 : about.size * about.scale,
-                                .isApplications = about.context == "Applications"});
+            kind.folders.push_back({.path = place + "/" + name, .pixels = about.pixels()});
         }
     }
 }
 
 IconThemeFolder::Files IconThemeFolder::files(const std::string& icon) const {
-    Files found = filesIn(icon, true);
-    return found.empty() ? filesIn(icon, false) : found;
+    Files found = filesIn(applications_, icon);
+    return found.empty() ? filesIn(others_, icon) : found;
 }
 
-IconThemeFolder::Files IconThemeFolder::filesIn(const std::string& icon,
-                                                bool amongApplications) const {
+IconThemeFolder::Files IconThemeFolder::filesIn(Folders& folders, const std::string& icon) {
+    // Most of the folders an index names are not there.
+    if (!std::exchange(folders.areChecked, true))
+        std::erase_if(folders.folders,
+                      [](const Folder& folder) { return access(folder.path.c_str(), X_OK) != 0; });
     Files found;
-    for (const auto& folder : folders_) {
-        if (folder.isApplications != amongApplications) continue;
+    for (const auto& folder : folders.folders) {
         for (const char* extension : {".svg", ".png", ".xpm"}) {
-            const std::string path = folder.path + "/" + icon + extension;
+            std::string path = folder.path + "/" + icon + extension;
             if (access(path.c_str(), R_OK) != 0) continue;
             const bool isDrawing = extension == std::string_view(".svg");
-            found.push_back({.path = path, .pixels = folder.pixels, .isScalable = isDrawing});
+            found.push_back(
+                {.path = std::move(path), .pixels = folder.pixels, .isScalable = isDrawing});
             break;
         }
     }

@@ -28,15 +28,21 @@ class IconThemeFolder {
         std::string path;
         /// What the icons in it are made for; 0 for any size.
         int pixels = 0;
-        bool isApplications = false;
+    };
+    /// The folders of some kinds of icons.
+    struct Folders {
+        std::vector<Folder> folders;
+        /// Those that do not exist have been left out.
+        bool areChecked = false;
     };
 
     void readIndex(const std::string& text);
-    Files filesIn(const std::string& icon, bool amongApplications) const;
+    static Files filesIn(Folders& folders, const std::string& icon);
 
     std::vector<std::string> places_;
     std::vector<std::string> inherited_;
-    std::vector<Folder> folders_;
+    mutable Folders applications_;
+    mutable Folders others_;
 };
 
 } // namespace larkspan::x11

@@ -143,9 +143,13 @@ QVariantList MenuOnBus::answer(const QString& member, const QVariantList& argume
         if (value.isValid()) return {QVariant::fromValue(QDBusVariant(value))};
     }
     if (member == "GetGroupProperties") {
-        QList<int> ids = qdbus_cast<QList<int>>(arguments.value(0));
+        QList<int> all;
+        const QList<int> ids = qdbus_cast<QList<int>>(arguments.value(0));
+        // None named is all.
+        for (int each = root; ids.isEmpty() && isKnown(each); ++each)
+            all.push_back(each);
         QList<ItemProperties> result;
-        for (const int each : ids) {
+        for (const int each : ids.isEmpty() ? all : ids) {
             if (isKnown(each)) result.push_back({each, properties(each)});
         }
         return {QVariant::fromValue(result)};
