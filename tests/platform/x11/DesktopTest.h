@@ -1,0 +1,131 @@
+#pragma once
+
+#include "MemoryDefaults.h"
+#include "platform/qt/QtScheduler.h"
+#include "platform/qt/RunLoop.h"
+#include "platform/qt/TemporaryFolder.h"
+#include "platform/x11/PrivateServer.h"
+#include "platform/x11/TestClient.h"
+#include "platform/x11/X11Desktop.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <map>
+#include <memory>
+#include <stdexcept>
+#include <string>
+
+namespace larkspan::x11 {
+
+/// The program that never ends.
+class RestingApplication : public HostApplication {
+  public:
+    void activate() override {}
+    void terminate() override {}
+};
+
+/// An X11 desktop seen by this system, with a home folder of its own, and what a test asks of it.
+class DesktopUnderTest {
+  public:
+    explicit DesktopUnderTest(const std::string& display,
+                              const std::map<std::string, std::string>& entries = {})
+        : display_(display) {
+        for (const auto& [id, text] : entries)
+            home.write("data/applications/" + id + ".desktop",
+                       "[Desktop Entry]\nType=Application\n" + text);
+        Environment environment({{"HOME", home.path()},
+                                 {"PATH", "/usr/bin:/bin"},
+                                 {"DISPLAY", display},
+                                 {"XDG_DATA_HOME", home.path("data")},
+                                 {"XDG_CONFIG_HOME", home.path("config")},
+                                 {"XDG_DATA_DIRS", home.path("none")},
+                                 {"XDG_CONFIG_DIRS", home.path("none")}});
+        auto opened = X11Desktop::open(
+            {.scheduler = scheduler,
+             .defaults = defaults,
+             .application = application,
+             .environment = std::move(environment),
+             .program = "/usr/bin/larkspan",
+             .report = [this](const std::string& line) { reports.push_back(line); },
+             .gone = [this](const std::string& line) { gone.push_back(line); }},
+            display_.c_str());
+        if (auto* failure = std::get_if<std::string>(&opened)) throw std::runtime_error(*failure);
+        desktop = std::move(std::get<std::unique_ptr<X11Desktop>>(opened));
+    }
+
+    Platform platform() const { return desktop->platform(); }
+    WindowServer& server() const { return platform().windowServer; }
+    ApplicationControl& applications() const { return platform().applications; }
+
+    std::optional<WindowListEntry> entry(WindowId window) const {
+        const auto list = server().windowList(WindowListOption::all);
+        for (const auto& candidate : *list)
+            if (candidate.number == window) return candidate;
+        return std::nullopt;
+    }
+    bool isListed(WindowId window) const { return entry(window).has_value(); }
+    bool isOnScreen(WindowId window) const {
+        const auto found = entry(window);
+        return found && found->isOnScreen.value_or(false);
+    }
+    bool isOnSpace(WindowId window, SpaceId space) const {
+        const auto windows = *server().windowsOfSpace(space);
+        return std::find(windows.begin(), windows.end(), window) != windows.end();
+    }
+    std::string title(WindowId window) const {
+        const auto found = entry(window);
+        return found ? found->name.value_or("(none)") : "(not listed)";
+    }
+    std::optional<RunningApplication> running(const std::string& identifier) const {
+        for (const auto& candidate : platform().workspace.runningApplications())
+            if (candidate.bundleIdentifier == identifier) return candidate;
+        return std::nullopt;
+    }
+    std::string frontmost() const {
+        const auto front = platform().workspace.frontmostApplication();
+        return front ? front->bundleIdentifier.value_or("(none)") : "";
+    }
+    AXElementRef element(WindowId window) const {
+        auto& accessibility = platform().accessibility;
+        const auto owner = entry(window)->ownerPID.value_or(0);
+        const auto windows =
+            accessibility.attribute(accessibility.createApplication(owner), "AXWindows");
+        for (const auto& candidate : *windows.as<std::vector<AXElementRef>>())
+            if (accessibility.window(candidate) == window) return candidate;
+        return nullptr;
+    }
+
+    TemporaryFolder home;
+    QCoreApplication& loop = qt::testApplication();
+    qt::QtScheduler scheduler;
+    MemoryDefaults defaults;
+    RestingApplication application;
+    std::vector<std::string> reports;
+    std::vector<std::string> gone;
+    std::unique_ptr<X11Desktop> desktop;
+
+  private:
+    std::string display_;
+};
+
+/// Tests that share one X server with a window manager of two desktops.
+class ManagedDesktopTest : public testing::Test {
+  protected:
+    static void SetUpTestSuite() {
+        server = std::make_unique<PrivateServer>();
+        server->startManager();
+        // Asked for again and again: the manager throws away what reaches it while it starts.
+        TestClient pager(server->display());
+        ASSERT_TRUE(qt::runUntil([&] {
+            pager.ask(pager.root(), "_NET_NUMBER_OF_DESKTOPS", {2});
+            return pager.numbers(pager.root(), "_NET_NUMBER_OF_DESKTOPS") ==
+                   std::vector<std::uint32_t>{2};
+        }));
+    }
+    static void TearDownTestSuite() { server.reset(); }
+
+    static inline std::unique_ptr<PrivateServer> server;
+};
+
+} // namespace larkspan::x11

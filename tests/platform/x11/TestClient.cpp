@@ -1,0 +1,132 @@
+#include "platform/x11/TestClient.h"
+
+#include <cstdlib>
+#include <stdexcept>
+
+namespace larkspan::x11 {
+
+TestClient::TestClient(const std::string& display)
+    : connection_(xcb_connect(display.c_str(), nullptr)) {
+    if (xcb_connection_has_error(connection_)) throw std::runtime_error("no display");
+    screen_ = xcb_setup_roots_iterator(xcb_get_setup(connection_)).data;
+}
+
+TestClient::~TestClient() {
+    xcb_disconnect(connection_);
+}
+
+WindowId TestClient::open(const TestWindow& window) {
+    const auto id = xcb_generate_id(connection_);
+    const std::uint32_t redirect = window.isOverrideRedirect;
+    xcb_create_window(connection_, XCB_COPY_FROM_PARENT, id, root(), 40, 40,
+                      static_cast<std::uint16_t>(window.width),
+                      static_cast<std::uint16_t>(window.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
+                      XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT, &redirect);
+    if (!window.className.empty())
+        setText(id, "WM_CLASS", "STRING",
+                window.instance + std::string(1, '\0') + window.className + std::string(1, '\0'));
+    if (!window.title.empty()) setText(id, "_NET_WM_NAME", "UTF8_STRING", window.title);
+    if (!window.type.empty())
+        setNumbers(id, "_NET_WM_WINDOW_TYPE", "ATOM", {atom("_NET_WM_WINDOW_TYPE_" + window.type)});
+    if (window.pid) setNumbers(id, "_NET_WM_PID", "CARDINAL", {*window.pid});
+    if (window.transientFor) setNumbers(id, "WM_TRANSIENT_FOR", "WINDOW", {window.transientFor});
+    map(id);
+    return id;
+}
+
+void TestClient::destroy(WindowId window) {
+    xcb_destroy_window(connection_, window);
+    xcb_flush(connection_);
+}
+
+void TestClient::map(WindowId window) {
+    xcb_map_window(connection_, window);
+    xcb_flush(connection_);
+}
+
+// The synthetic event tells the window manager even when it takes the X server's own for a
+// consequence of its reparenting.
+void TestClient::withdraw(WindowId window) {
+    xcb_unmap_window(connection_, window);
+    xcb_unmap_notify_event_t event{};
+    event.response_type = XCB_UNMAP_NOTIFY;
+    event.event = root();
+    event.window = window;
+    xcb_send_event(connection_, 0, root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&event));
+    xcb_flush(connection_);
+}
+
+void TestClient::move(WindowId window, int x, int y) {
+    const std::int32_t place[] = {x, y};
+    xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_X | XCB_CONFIG_WINDOW_Y, place);
+    xcb_flush(connection_);
+}
+
+void TestClient::iconify(WindowId window) {
+    ask(window, "WM_CHANGE_STATE", {3});
+}
+
+xcb_atom_t TestClient::atom(const std::string& name) {
+    auto* reply = xcb_intern_atom_reply(
+        connection_,
+        xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data()),
+        nullptr);
+    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
+    std::free(reply);
+    return atom;
+}
+
+void TestClient::setText(WindowId window, const std::string& property, const std::string& type,
+                         const std::string& bytes) {
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, atom(property), atom(type), 8,
+                        static_cast<std::uint32_t>(bytes.size()), bytes.data());
+    xcb_flush(connection_);
+}
+
+void TestClient::setNumbers(WindowId window, const std::string& property, const std::string& type,
+                            const std::vector<std::uint32_t>& numbers) {
+    xcb_change_property(connection_, XCB_PROP_MODE_REPLACE, window, atom(property), atom(type), 32,
+                        static_cast<std::uint32_t>(numbers.size()), numbers.data());
+    xcb_flush(connection_);
+}
+
+std::vector<std::uint32_t> TestClient::numbers(WindowId window, const std::string& property) {
+    auto* reply = xcb_get_property_reply(
+        connection_,
+        xcb_get_property(connection_, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, 64),
+        nullptr);
+    std::vector<std::uint32_t> numbers;
+    if (reply && reply->format == 32) {
+        const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply));
+        numbers.assign(first, first + reply->value_len);
+    }
+    std::free(reply);
+    return numbers;
+}
+
+void TestClient::ask(WindowId window, const std::string& message,
+                     const std::vector<std::uint32_t>& data) {
+    xcb_client_message_event_t event{};
+    event.response_type = XCB_CLIENT_MESSAGE;
+    event.format = 32;
+    event.window = window;
+    event.type = atom(message);
+    for (std::size_t i = 0; i < data.size() && i < 5; ++i)
+        event.data.data32[i] = data[i];
+    xcb_send_event(connection_, 0, root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&event));
+    xcb_flush(connection_);
+}
+
+bool TestClient::isViewable(WindowId window) {
+    auto* reply = xcb_get_window_attributes_reply(
+        connection_, xcb_get_window_attributes(connection_, window), nullptr);
+    const bool isViewable = reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
+    std::free(reply);
+    return isViewable;
+}
+
+} // namespace larkspan::x11
