@@ -30,6 +30,16 @@ bool isAccessory(const RunningEntry& entry) {
            });
 }
 
+// Without a class a main window's title must do, which its dialogs do not change.
+std::string nameWithoutEntry(const RunningEntry& entry) {
+    if (!entry.className.empty()) return entry.className;
+    const auto main =
+        std::find_if(entry.windows.begin(), entry.windows.end(), [](const auto& window) {
+            return window->kind == ClientWindow::Kind::normal && !window->title.empty();
+        });
+    return main == entry.windows.end() ? "Unknown" : (*main)->title;
+}
+
 } // namespace
 
 X11Workspace::X11Workspace(X11Connection& connection, const WindowMirror& mirror,
@@ -84,10 +94,7 @@ RunningApplication X11Workspace::applicationOf(const RunningEntry& entry, Proces
         application.bundleURL = installed->path;
         application.localizedName = installed->name;
     } else {
-        const bool hasTitle = !entry.windows.empty() && !entry.windows.front()->title.empty();
-        application.localizedName = !entry.className.empty() ? entry.className
-                                    : hasTitle               ? entry.windows.front()->title
-                                                             : std::string("Unknown");
+        application.localizedName = nameWithoutEntry(entry);
         application.icon = windowIcon(entry);
     }
     if (isAccessory(entry)) application.activationPolicy = ActivationPolicy::accessory;
