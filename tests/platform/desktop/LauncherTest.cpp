@@ -20,7 +20,7 @@ class LauncherTest : public DesktopFolders {
     /// A program that writes what it was given, and says so by a file that appears whole.
     void installReporter(const std::string& name) {
         installProgram(name, "cd \"$OLDPWD\" 2>/dev/null\n{ printf '%s|' \"$@\"; echo; pwd; "
-                             "ps -o sid= -p $$ | tr -d ' '; echo $$; env; ls -l /proc/self/fd; "
+                             "cut -d' ' -f6 /proc/$$/stat; echo $$; env; ls -l /proc/self/fd; "
                              "} > " +
                                  folder_.path(name + ".new") + " 2>&1; mv " +
                                  folder_.path(name + ".new") + " " + folder_.path(name + ".out"));
