@@ -8,7 +8,8 @@ namespace larkspan::ui {
 /// What the desktop says about how views should look and move. Main thread only.
 class Appearance : public QObject {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the bars")
     Q_PROPERTY(bool isDark READ isDark NOTIFY changed)
     Q_PROPERTY(bool reducesMotion READ reducesMotion NOTIFY changed)
     Q_PROPERTY(bool increasesContrast READ increasesContrast NOTIFY changed)

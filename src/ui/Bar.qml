@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// The bar of one screen: the glass, the tiles on it, and the paddles of a bar that scrolls.
 Item {

@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// The glass under the tiles, as wide as they need it.
 GlassItem {
@@ -14,12 +15,12 @@ GlassItem {
     y: pane.y
     width: paneWidth + 2 * margin
     height: pane.height + margin
-    margin: isBand || fillsCorners ? 0 : 4
+    margin: scene.isBand || scene.cutsCorners ? 0 : 4
     radius: scene.radius
     isBand: scene.isBand
     isDark: scene.appearance.isDark
     isFrosted: scene.isFrosted
-    isOpaque: scene.appearance.increasesContrast || fillsCorners
+    isOpaque: scene.appearance.increasesContrast || scene.cutsCorners
     hasStrongEdges: scene.appearance.increasesContrast
     fillsCorners: scene.cutsCorners
     backdrop: scene.backdrop

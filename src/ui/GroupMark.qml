@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// A line between two sections, or the ring around the apps of a desktop that is not shown.
 Rectangle {

@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// The sign that an app is being opened: its tile breathes, well below three times a second, and
 /// comes to rest at 1.

@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// The lines of a menu, as wide as the longest of them.
 Rectangle {

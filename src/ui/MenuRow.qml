@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// One line of a menu.
 Item {

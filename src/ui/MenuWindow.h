@@ -14,7 +14,8 @@ namespace larkspan::ui {
 /// chosen or the user clicks elsewhere. Main thread only.
 class MenuWindow : public QQuickWindow {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("made by the bars")
     Q_PROPERTY(larkspan::ui::MenuModel* lines READ lines CONSTANT)
     Q_PROPERTY(larkspan::ui::Appearance* appearance READ appearance CONSTANT)
     Q_PROPERTY(int current READ current WRITE setCurrent NOTIFY currentChanged)

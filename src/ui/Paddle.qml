@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// The button at an end of a bar that scrolls.
 Item {

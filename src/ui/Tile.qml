@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// One app, or the Trash.
 TileItem {
@@ -38,11 +39,17 @@ TileItem {
 
     TileHighlight {
         tile: tile
+        ink: tile.ink
+        hasKeyboard: tile.scene.hasKeyboard
+        focusColor: tile.scene.dotColor
         visible: tile.isLit
     }
 
     RunningDot {
-        tile: tile
+        scene: tile.scene
+        kind: tile.dot
+        isFront: tile.isFront
+        wantsAttention: tile.wantsAttention
         visible: tile.dot !== 0 || tile.wantsAttention
     }
 

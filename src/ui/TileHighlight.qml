@@ -1,8 +1,12 @@
 import QtQuick
+import Larkspan
 
 /// The light under the tile that the pointer or the keyboard is on.
 Rectangle {
-    required property Tile tile
+    required property TileItem tile
+    required property color ink
+    required property color focusColor
+    required property bool hasKeyboard
 
     anchors.horizontalCenter: parent.horizontalCenter
     y: tile.iconTop - 3
@@ -11,7 +15,7 @@ Rectangle {
     height: tile.iconSize + 6
     radius: 11
     antialiasing: true
-    color: Qt.rgba(tile.ink.r, tile.ink.g, tile.ink.b, 0.09)
-    border.width: tile.scene.hasKeyboard ? 2 : 0
-    border.color: tile.scene.dotColor
+    color: Qt.rgba(ink.r, ink.g, ink.b, 0.09)
+    border.width: hasKeyboard ? 2 : 0
+    border.color: focusColor
 }

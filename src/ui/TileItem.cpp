@@ -33,12 +33,14 @@ void TileItem::setIconSize(double size) {
     if (size == iconSize_) return;
     iconSize_ = size;
     redraw();
+    Q_EMIT iconChanged();
 }
 
 void TileItem::setIconTop(double top) {
     if (top == iconTop_) return;
     iconTop_ = top;
     update();
+    Q_EMIT iconChanged();
 }
 
 void TileItem::redraw() {

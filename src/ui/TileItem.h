@@ -16,9 +16,9 @@ class TileItem : public QQuickItem {
     Q_PROPERTY(larkspan::ui::IconCache* icons MEMBER icons_ WRITE setIcons)
     /// An ImageRef.
     Q_PROPERTY(QVariant image READ image WRITE setImage)
-    Q_PROPERTY(QString name MEMBER name_)
-    Q_PROPERTY(double iconSize READ iconSize WRITE setIconSize)
-    Q_PROPERTY(double iconTop READ iconTop WRITE setIconTop)
+    Q_PROPERTY(QString name MEMBER name_ NOTIFY nameChanged)
+    Q_PROPERTY(double iconSize READ iconSize WRITE setIconSize NOTIFY iconChanged)
+    Q_PROPERTY(double iconTop READ iconTop WRITE setIconTop NOTIFY iconChanged)
     Q_PROPERTY(bool hovered READ isHovered NOTIFY hoveredChanged)
     Q_PROPERTY(bool pressed READ isPressed NOTIFY pressedChanged)
 
@@ -36,6 +36,8 @@ class TileItem : public QQuickItem {
     bool isPressed() const { return isPressed_; }
 
   Q_SIGNALS:
+    void nameChanged();
+    void iconChanged();
     void hoveredChanged();
     void pressedChanged();
     void clicked();

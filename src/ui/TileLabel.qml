@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// The name of a tile.
 Rectangle {

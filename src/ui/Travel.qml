@@ -1,4 +1,5 @@
 import QtQuick
+import Larkspan
 
 /// How things on the bar go to their new places: the spring that came with the change.
 NumberAnimation {

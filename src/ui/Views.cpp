@@ -3,7 +3,6 @@
 #include <QQmlComponent>
 #include <QtGlobal>
 
-extern void qml_register_types_QtQuick();
 extern void qml_register_types_Larkspan();
 
 // The toolkit's macros for resources only work outside any namespace.
@@ -19,11 +18,13 @@ Views::Views() {
     // Named here, since the linker leaves out of a static library what nobody names.
     initialiseResources();
     qml_register_types_Larkspan();
+    engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
 }
 
 std::unique_ptr<QQuickItem> Views::make(const QString& name, const QVariantMap& properties) {
     QQmlComponent component(&engine_,
                             QUrl(QStringLiteral("qrc:/qt/qml/Larkspan/%1.qml").arg(name)));
+    if (!component.isReady()) qFatal("%s", qPrintable(component.errorString()));
     auto* item = qobject_cast<QQuickItem*>(component.createWithInitialProperties(properties));
     if (!item) qFatal("%s", qPrintable(component.errorString()));
     QQmlEngine::setObjectOwnership(item, QQmlEngine::CppOwnership);

@@ -1,0 +1,54 @@
+#include "ui/BarOnScreen.h"
+
+#include <QCoreApplication>
+
+namespace larkspan::ui {
+
+BarOnScreen::Panels::Panels(AppController& app, PanelDressing& dressing, DesktopPicture& desktop)
+    : views(app.store(), app.look(), app.click(), app.itemMenu(), app.refresh(), app.trash(),
+            dressing, desktop) {
+    // A picture is taken of what has come to rest, and nothing waits for it.
+    views.appearance().set({.reducesMotion = true});
+}
+
+std::unique_ptr<BarPanel> BarOnScreen::Panels::makePanel(const Screen& screen) {
+    auto panel = views.makePanel(screen);
+    made.push_back(static_cast<QuickBarPanel*>(panel.get()));
+    return panel;
+}
+
+BarOnScreen::BarOnScreen(std::string_view displays)
+    : mac(displays)
+    , app(mac.platform(), [this](AppController& controller) {
+        auto panels = std::make_unique<Panels>(controller, dressing, desktop);
+        panels_ = panels.get();
+        return panels;
+    }) {}
+
+BarOnScreen::~BarOnScreen() { app.stop(); }
+
+void BarOnScreen::openApps(const std::vector<std::string>& names) {
+    for (const std::string& name : names) {
+        const std::string identifier = "com.example." + name;
+        mac.install(identifier, name);
+        mac.openWindow(mac.launch(identifier), {.title = name});
+    }
+}
+
+void BarOnScreen::start() {
+    app.start();
+    settle();
+}
+
+void BarOnScreen::settle() {
+    mac.scheduler.runFor(3);
+    QCoreApplication::processEvents();
+    QCoreApplication::sendPostedEvents();
+    // Icons that were drawn from another size first are made one a turn.
+    for (int turn = 0; turn < 200; ++turn)
+        QCoreApplication::processEvents();
+}
+
+QImage BarOnScreen::picture() { return panel().window().grabWindow(); }
+
+} // namespace larkspan::ui

@@ -1,0 +1,13 @@
+#include "ui/Environment.h"
+
+#include <QGuiApplication>
+
+#include <gtest/gtest.h>
+
+int main(int argc, char** argv) {
+    ::testing::InitGoogleTest(&argc, argv);
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    larkspan::ui::prepareEnvironment();
+    const QGuiApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
