@@ -11,9 +11,12 @@ Rectangle {
     required property int slotX
     required property int slotWidth
 
-    x: slotX
+    property int travelX: slotX
+    property int travelWidth: slotWidth
+
+    x: travelX
     y: isRing ? scene.iconTop - 4 : scene.iconTop + scene.iconSize * 0.08
-    width: slotWidth
+    width: travelWidth
     height: isRing ? scene.iconSize + 8 : scene.iconSize * 0.84
     radius: isRing ? 10 : 0
     color: isRing ? Qt.rgba(ink.r, ink.g, ink.b, 0.05) : Qt.rgba(ink.r, ink.g, ink.b, 0.2)
@@ -21,12 +24,12 @@ Rectangle {
     border.color: Qt.rgba(ink.r, ink.g, ink.b, 0.2)
     antialiasing: isRing
 
-    Behavior on slotX {
+    Behavior on travelX {
         enabled: mark.scene.travels
         Travel { scene: mark.scene }
     }
 
-    Behavior on slotWidth {
+    Behavior on travelWidth {
         enabled: mark.scene.travels
         Travel { scene: mark.scene }
     }

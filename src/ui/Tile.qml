@@ -21,10 +21,11 @@ TileItem {
     readonly property bool isLit: scene.litTile === index
     /// Goes up and down while the app is being opened.
     property real breath: 1
+    property int travelX: slotX
     /// The way an entering tile still has to rise, in points.
     property int rise: 0
 
-    x: slotX
+    x: travelX
     y: rise
     width: scene.tileWidth
     height: parent.height
@@ -53,7 +54,7 @@ TileItem {
         visible: tile.dot !== 0 || tile.wantsAttention
     }
 
-    Behavior on slotX {
+    Behavior on travelX {
         enabled: tile.scene.travels
         Travel { scene: tile.scene }
     }

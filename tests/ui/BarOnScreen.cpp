@@ -25,7 +25,9 @@ BarOnScreen::BarOnScreen(std::string_view displays)
         return panels;
     }) {}
 
-BarOnScreen::~BarOnScreen() { app.stop(); }
+BarOnScreen::~BarOnScreen() {
+    app.stop();
+}
 
 void BarOnScreen::openApps(const std::vector<std::string>& names) {
     for (const std::string& name : names) {
@@ -49,6 +51,8 @@ void BarOnScreen::settle() {
         QCoreApplication::processEvents();
 }
 
-QImage BarOnScreen::picture() { return panel().window().grabWindow(); }
+QImage BarOnScreen::picture() {
+    return panel().window().grabWindow();
+}
 
 } // namespace larkspan::ui
