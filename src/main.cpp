@@ -1,1 +1,219 @@
-int main() { return 0; }
+#include "app/AppDelegate.h"
+#include "app/CommandLine.h"
+#include "app/Control.h"
+#include "platform/qt/ControlSocket.h"
+#include "platform/qt/DefaultsFile.h"
+#include "platform/qt/QtApplication.h"
+#include "platform/qt/QtScheduler.h"
+#include "platform/x11/Environment.h"
+#include "platform/x11/X11Desktop.h"
+#include "platform/x11/XdgFolders.h"
+#include "platform/x11/displayComplaint.h"
+#include "ui/Environment.h"
+#include "ui/QuickBarPanels.h"
+
+#include <QGuiApplication>
+
+#include <cstdio>
+#include <filesystem>
+#include <fmt/format.h>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace larkspan {
+namespace {
+
+constexpr int failed = 1;
+constexpr int refused = 2;
+
+void print(std::FILE* stream, const std::string& text) {
+    if (!text.empty()) std::fputs((text + '\n').c_str(), stream);
+}
+
+void complain(const std::string& line) {
+    print(stderr, "larkspan: " + line);
+}
+
+/// The name under which this user's instance of this display is reached. The screen's number at the
+/// end of the display's name is left out: one instance serves all screens.
+std::string instanceName(const x11::Environment& environment) {
+    std::string display = environment.value("DISPLAY");
+    const auto colon = display.rfind(':');
+    const auto dot = display.rfind('.');
+    if (colon != std::string::npos && dot != std::string::npos && dot > colon) display.resize(dot);
+    return "x11" + display;
+}
+
+std::optional<ControlAnswer> ask(const std::string& instance,
+                                 const std::vector<std::string>& words) {
+    const auto line = qt::ControlSocket::request(instance, Control::requestLine(words));
+    return line ? std::optional(ControlAnswer::fromLine(*line)) : std::nullopt;
+}
+
+int request(const std::string& instance, const std::vector<std::string>& words) {
+    const auto answer = ask(instance, words);
+    if (!answer) {
+        complain("no running instance");
+        return failed;
+    }
+    if (answer->code == 0)
+        print(stdout, answer->text);
+    else
+        complain(answer->text);
+    return answer->code;
+}
+
+/// Lines about what does not work here: to the terminal at once, and to the diagnostics log as soon
+/// as there is one.
+class Reports {
+  public:
+    void operator()(const std::string& line) {
+        complain(line);
+        if (log_)
+            log_->write("app", line);
+        else
+            early_.push_back(line);
+    }
+    void attach(DiagnosticsLog& log) {
+        log_ = &log;
+        for (const auto& line : early_)
+            log.write("app", line);
+    }
+
+  private:
+    DiagnosticsLog* log_ = nullptr;
+    std::vector<std::string> early_;
+};
+
+void logToTerminal(DiagnosticsLog& log) {
+    log.sink = [](const DiagnosticsLog::Line& line) {
+        print(stderr, fmt::format("{:.3f} {}: {}", line.time, line.category, line.text));
+    };
+}
+
+/// The bar on this desktop, from its first moment to its last.
+class Program {
+  public:
+    Program(const x11::Environment& environment, bool isLogged)
+        : environment_(environment)
+        , isLogged_(isLogged) {}
+
+    /// Answers what the process ends with.
+    int run() {
+        const auto listening = qt::ControlSocket::listen(
+            instanceName(environment_), [this](const std::string& line) { return answer(line); });
+        // Another start was quicker by a moment.
+        if (listening.isTaken) return request(instanceName(environment_), {"reopen"});
+        if (!listening.socket) reports_("commands cannot reach this bar: " + listening.failure);
+
+        auto opened = x11::X11Desktop::open(host());
+        if (const auto* complaint = std::get_if<std::string>(&opened)) {
+            print(stderr, *complaint);
+            return failed;
+        }
+        auto& desktop = *std::get<std::unique_ptr<x11::X11Desktop>>(opened);
+        return runOn(desktop);
+    }
+
+  private:
+    x11::X11Desktop::Host host() {
+        std::error_code error;
+        const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+        return {.scheduler = scheduler_,
+                .defaults = defaults_,
+                .application = application_,
+                .environment = environment_,
+                .program = program.string(),
+                .report = [this](const std::string& line) { reports_(line); },
+                .gone =
+                    [](const std::string& line) {
+                        print(stderr, line);
+                        QCoreApplication::exit(failed);
+                    }};
+    }
+
+    int runOn(x11::X11Desktop& desktop) {
+        AppDelegate delegate(desktop.platform(), [&](AppController& controller) {
+            return std::make_unique<ui::QuickBarPanels>(
+                controller.store(), controller.look(), controller.click(), controller.itemMenu(),
+                controller.refresh(), controller.trash(), desktop.panelDressing(),
+                desktop.desktopPicture());
+        });
+        auto& log = delegate.controller().log();
+        if (isLogged_) logToTerminal(log);
+        reports_.attach(log);
+        delegate.didFinishLaunching();
+        control_.emplace(delegate);
+        const int code = QCoreApplication::exec();
+        control_.reset();
+        delegate.willTerminate();
+        return code;
+    }
+
+    /// Requests are taken from the run loop only, so there is a control by then; but for those that
+    /// come while the program ends.
+    std::string answer(const std::string& line) {
+        if (!control_) return ControlAnswer{failed, "the running instance is ending"}.toLine();
+        return control_->answerLine(line);
+    }
+
+    const x11::Environment& environment_;
+    bool isLogged_;
+    Reports reports_;
+    qt::QtScheduler scheduler_;
+    qt::QtApplication application_;
+    qt::DefaultsFile defaults_{x11::XdgFolders(environment_).ownConfigFolder() + "/settings.json",
+                               [this](const std::string& line) { reports_(line); }};
+    std::optional<Control> control_;
+};
+
+int start(const x11::Environment& environment, bool isLogged, int& argc, char** argv) {
+    if (const auto complaint = x11::displayComplaint()) {
+        complain(*complaint);
+        return failed;
+    }
+    // A second start is a re-open of the first, known before anything is loaded.
+    if (const auto answer = ask(instanceName(environment), {"reopen"})) return answer->code;
+    ui::prepareEnvironment();
+    QGuiApplication::setQuitOnLastWindowClosed(false);
+    const QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationName("larkspan");
+    QGuiApplication::setApplicationDisplayName("Larkspan");
+    return Program(environment, isLogged).run();
+}
+
+int perform(const CommandLine& line, const x11::Environment& environment, int& argc, char** argv) {
+    using Action = CommandLine::Action;
+    switch (line.action) {
+    case Action::start:
+        return start(environment, line.isLogged, argc, argv);
+    case Action::request:
+        return request(instanceName(environment), line.words);
+    case Action::help:
+        std::fputs(helpText(), stdout);
+        return 0;
+    case Action::version:
+        print(stdout, "larkspan " LARKSPAN_VERSION);
+        return 0;
+    case Action::refuse:
+        complain(line.complaint);
+        return refused;
+    case Action::demo:
+    case Action::scenario:
+        complain("the demo is not part of this version yet");
+        return failed;
+    }
+    return failed;
+}
+
+} // namespace
+} // namespace larkspan
+
+int main(int argc, char** argv) {
+    // First of all: launched applications get these variables, not the ones set for our toolkit.
+    const auto environment = larkspan::x11::Environment::ofProcess();
+    const std::vector<std::string> arguments(argv + 1, argv + argc);
+    return larkspan::perform(larkspan::parseCommandLine(arguments), environment, argc, argv);
+}
