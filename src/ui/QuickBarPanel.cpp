@@ -74,6 +74,8 @@ void QuickBarPanel::place(const Screen& screen, double height) {
 void QuickBarPanel::orderIn() {
     if (isShown_) return;
     isShown_ = true;
+    // Anew each time: window managers forget a window's desktops and states when it hides.
+    dressing_.dress(nativeWindow());
     scene_->refresh();
     updateStrip();
     window_.show();
