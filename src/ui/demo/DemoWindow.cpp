@@ -1,0 +1,93 @@
+#include "ui/demo/DemoWindow.h"
+
+#include "platform/sim/ScenarioWorld.h"
+#include "ui/demo/DemoBarPanels.h"
+
+#include <QCoreApplication>
+
+#include <algorithm>
+#include <utility>
+
+namespace larkspan::ui {
+
+namespace {
+
+/// Two frames of a usual screen: the Mac's timers need no finer beat.
+constexpr int tickMilliseconds = 33;
+/// A program that was stopped for long does not make up for it in one go.
+constexpr double longestTick = 0.25;
+/// Pictures are no wider than this, in pixels.
+constexpr double widestPicture = 1600;
+
+} // namespace
+
+DemoWindow::DemoWindow(Time time)
+    : time_(time)
+    , stage_([this](AppController& controller) { return makeBarPanels(controller); })
+    , desktop_(stage_.mac, contentItem()) {
+    setTitle("Larkspan on a simulated Mac");
+    setColor(QColor(16, 16, 20));
+    desktop_.setTransformOrigin(QQuickItem::TopLeft);
+    desktop_.onUse = [this] {
+        stage_.mac.scheduler.runUntilIdle();
+        showChanges();
+    };
+    desktop_.onStatusItem = [this](const Menu& menu, const QRectF& item) {
+        if (!statusMenu_) statusMenu_ = std::make_unique<MenuWindow>(views_, appearance_);
+        statusMenu_->open(menu, desktop_.mapRectToScene(item).translated(position()),
+                          QRectF(position(), size()), false);
+    };
+    resize(1280, 800);
+    connect(this, &QQuickWindow::widthChanged, this, &DemoWindow::showChanges);
+    connect(this, &QQuickWindow::heightChanged, this, &DemoWindow::showChanges);
+    if (time_ == Time::virtualOnly) return;
+    clock_.start();
+    connect(&timer_, &QTimer::timeout, this, &DemoWindow::tick);
+    timer_.start(tickMilliseconds);
+}
+
+DemoWindow::~DemoWindow() = default;
+
+std::unique_ptr<BarPanels> DemoWindow::makeBarPanels(AppController& controller) {
+    return std::make_unique<DemoBarPanels>(controller, views_, desktop_,
+                                           time_ == Time::virtualOnly);
+}
+
+void DemoWindow::play(sim::Scenario scenario) {
+    runner_ = std::make_unique<sim::ScenarioRunner>(std::move(scenario), stage_);
+    played_ = 0;
+}
+
+void DemoWindow::tick() {
+    const double passed = std::min(static_cast<double>(clock_.restart()) / 1000, longestTick);
+    if (runner_ && !runner_->isOver())
+        runner_->playTo(played_ += passed);
+    else
+        stage_.mac.scheduler.runFor(passed);
+    if (std::exchange(shownTurns_, stage_.mac.scheduler.turns()) != shownTurns_) showChanges();
+}
+
+void DemoWindow::showChanges() {
+    const QSizeF extent = desktop_.extent();
+    if (extent.isEmpty()) return;
+    desktop_.setSize(extent);
+    const double scale = std::min(width() / extent.width(), height() / extent.height());
+    desktop_.setScale(scale);
+    desktop_.setPosition({(width() - extent.width() * scale) / 2, 0});
+    desktop_.update();
+}
+
+QImage DemoWindow::picture() {
+    const QSizeF extent = desktop_.extent();
+    if (extent.isEmpty()) return {};
+    const double scale = std::min(1.0, widestPicture / extent.width());
+    resize((extent * scale).toSize());
+    show();
+    showChanges();
+    // The bars bring their tiles up to the model at the end of a turn of the toolkit's loop.
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+    return grabWindow();
+}
+
+} // namespace larkspan::ui

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "platform/sim/ScenarioRunner.h"
+#include "platform/sim/Stage.h"
+#include "ui/Appearance.h"
+#include "ui/MenuWindow.h"
+#include "ui/Views.h"
+#include "ui/demo/DemoDesktop.h"
+
+#include <QElapsedTimer>
+#include <QImage>
+#include <QQuickWindow>
+#include <QTimer>
+
+#include <memory>
+
+namespace larkspan::ui {
+
+/// A simulated Mac in a window, with the bar on it. Main thread only.
+class DemoWindow : public QQuickWindow {
+    Q_OBJECT
+
+  public:
+    enum class Time {
+        /// The Mac's time goes with the real one, and the Mac can be used.
+        real,
+        /// Time passes only as the stage is told; the window serves to take pictures.
+        virtualOnly,
+    };
+    explicit DemoWindow(Time time);
+    ~DemoWindow() override;
+
+    sim::Stage& stage() { return stage_; }
+    /// Plays the scenario beside the real clock.
+    void play(sim::Scenario scenario);
+    /// The whole Mac as it looks now.
+    QImage picture();
+
+  private:
+    std::unique_ptr<BarPanels> makeBarPanels(AppController& controller);
+    void tick();
+    /// Fits the Mac into the window and draws it anew.
+    void showChanges();
+
+    Time time_;
+    Views views_;
+    Appearance appearance_;
+    sim::Stage stage_;
+    DemoDesktop desktop_;
+    std::unique_ptr<MenuWindow> statusMenu_;
+    std::unique_ptr<sim::ScenarioRunner> runner_;
+    QTimer timer_;
+    QElapsedTimer clock_;
+    double played_ = 0;
+    std::uint64_t shownTurns_ = 0;
+};
+
+} // namespace larkspan::ui
