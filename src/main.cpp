@@ -11,6 +11,7 @@
 #include "platform/x11/displayComplaint.h"
 #include "ui/Environment.h"
 #include "ui/QuickBarPanels.h"
+#include "ui/demo/Demo.h"
 
 #include <QGuiApplication>
 
@@ -184,6 +185,24 @@ int start(const x11::Environment& environment, bool isLogged, int& argc, char** 
     return Program(environment, isLogged).run();
 }
 
+/// The bar on a simulated Mac: in a window, or without one in virtual time.
+int simulate(const CommandLine& line, int& argc, char** argv) {
+    const bool hasWindow = line.action == CommandLine::Action::demo;
+    if (hasWindow) {
+        if (const auto complaint = x11::displayComplaint()) {
+            complain(*complaint);
+            return failed;
+        }
+    } else {
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    }
+    ui::prepareEnvironment();
+    const QGuiApplication application(argc, argv);
+    QGuiApplication::setApplicationName("larkspan");
+    if (hasWindow) return ui::runDemo(line.scenario);
+    return ui::runScenario(line.scenario, line.picturesFolder, line.stateFile);
+}
+
 int perform(const CommandLine& line, const x11::Environment& environment, int& argc, char** argv) {
     using Action = CommandLine::Action;
     switch (line.action) {
@@ -202,8 +221,7 @@ int perform(const CommandLine& line, const x11::Environment& environment, int& a
         return refused;
     case Action::demo:
     case Action::scenario:
-        complain("the demo is not part of this version yet");
-        return failed;
+        return simulate(line, argc, argv);
     }
     return failed;
 }
