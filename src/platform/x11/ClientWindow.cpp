@@ -67,6 +67,7 @@ ClientWindow describe(const ClientFacts& facts, const Atoms& atoms, double scale
     window.demandsAttention = facts.isUrgent || has(facts.states, atoms.stateDemandsAttention);
     window.hasIcon = facts.hasIcon;
     if (facts.desktop != everyDesktop) window.desktop = facts.desktop;
+    window.isDesktopKnown = facts.desktop.has_value();
     window.bounds = boundsOf(facts, window.isFullScreen, scale);
     window.strut = facts.strut;
     return window;

@@ -83,6 +83,8 @@ struct ClientWindow {
     bool hasIcon = false;
     /// Absent: on every desktop.
     std::optional<std::uint32_t> desktop;
+    /// False in the moment between a window's appearance and its manager's word on its desktop.
+    bool isDesktopKnown = false;
     Strut strut;
 
     bool isOnDesktop(std::uint32_t number) const { return !desktop || *desktop == number; }

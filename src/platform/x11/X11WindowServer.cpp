@@ -96,7 +96,7 @@ std::optional<std::vector<WindowId>> X11WindowServer::windowsOfSpace(SpaceId spa
     const auto desktop = board_.newest();
     std::vector<WindowId> windows;
     for (const auto& window : desktop->windows)
-        if (!window->isMinimized && window->isOnDesktop(number) &&
+        if (!window->isMinimized && window->isDesktopKnown && window->isOnDesktop(number) &&
             displayOf(*window, desktop->screens) == display)
             windows.push_back(window->id);
     return windows;
