@@ -1,0 +1,93 @@
+#include "ui/TileModel.h"
+
+#include <QAbstractItemModelTester>
+#include <QSignalSpy>
+
+#include <gtest/gtest.h>
+
+namespace larkspan::ui {
+
+namespace {
+
+TileRow windowTile(const std::string& id, SpaceId space) {
+    return {.section = TileRow::Section::windows,
+            .item = {.id = id, .name = id},
+            .slot = Slot{1, space},
+            .dot = TileRow::Dot::first};
+}
+
+TileRow backgroundTile(const std::string& id) {
+    return {.section = TileRow::Section::background, .item = {.id = id, .name = id}};
+}
+
+void show(TileModel& model, const std::vector<TileRow>& rows) {
+    std::vector<double> tileX;
+    for (std::size_t i = 0; i < rows.size(); ++i)
+        tileX.push_back(static_cast<double>(i) * 50);
+    model.setRows(rows, tileX);
+}
+
+class TileModelTest : public testing::Test {
+  protected:
+    TileModel model;
+    QAbstractItemModelTester tester{&model, QAbstractItemModelTester::FailureReportingMode::Fatal};
+    QSignalSpy inserts{&model, &TileModel::rowsInserted};
+    QSignalSpy removes{&model, &TileModel::rowsRemoved};
+    QSignalSpy moves{&model, &TileModel::rowsMoved};
+    QSignalSpy contents{&model, &TileModel::dataChanged};
+
+    void forget() {
+        for (QSignalSpy* spy : {&inserts, &removes, &moves, &contents})
+            spy->clear();
+    }
+};
+
+} // namespace
+
+TEST_F(TileModelTest, SameRowsTellNothing) {
+    show(model, {windowTile("a", 1), backgroundTile("b")});
+    forget();
+    show(model, {windowTile("a", 1), backgroundTile("b")});
+    EXPECT_EQ(inserts.size() + removes.size() + moves.size() + contents.size(), 0);
+}
+
+TEST_F(TileModelTest, AppThatLosesItsWindowsTravelsToTheBackground) {
+    show(model, {windowTile("a", 1), windowTile("b", 1), backgroundTile("c")});
+    forget();
+    show(model, {windowTile("b", 1), backgroundTile("c"), backgroundTile("a")});
+    EXPECT_EQ(moves.size(), 1);
+    EXPECT_EQ(inserts.size() + removes.size(), 0);
+    EXPECT_EQ(model.indexOf("background a"), 2);
+}
+
+TEST_F(TileModelTest, AppInTwoGroupsHasTwoTiles) {
+    show(model, {windowTile("a", 1), windowTile("a", 2)});
+    EXPECT_EQ(model.rowCount(), 2);
+    forget();
+    show(model, {windowTile("a", 2)});
+    EXPECT_EQ(removes.size(), 1);
+    EXPECT_EQ(model.indexOf("windows 1 2 a"), 0);
+}
+
+TEST_F(TileModelTest, NewRowArrivesWithItsContents) {
+    QString name;
+    QObject::connect(&model, &TileModel::rowsInserted, [&](const QModelIndex&, int row) {
+        name = model.index(row).data(TileModel::NameRole).toString();
+    });
+    show(model, {windowTile("a", 1)});
+    show(model, {windowTile("b", 1), windowTile("a", 1)});
+    EXPECT_EQ(name, "b");
+}
+
+TEST_F(TileModelTest, OnlyWhatDiffersIsTold) {
+    show(model, {windowTile("a", 1), windowTile("b", 1)});
+    forget();
+    TileRow front = windowTile("b", 1);
+    front.isFront = true;
+    show(model, {windowTile("a", 1), front});
+    ASSERT_EQ(contents.size(), 1);
+    const auto roles = contents.front().at(2).value<QList<int>>();
+    EXPECT_EQ(roles, (QList<int>{TileModel::FrontRole, TileModel::StatusRole}));
+}
+
+} // namespace larkspan::ui
