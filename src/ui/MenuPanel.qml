@@ -21,6 +21,8 @@ Rectangle {
     Column {
         id: lines
 
+        objectName: "lines"
+
         x: 6
         y: 6
 

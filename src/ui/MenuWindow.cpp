@@ -3,6 +3,7 @@
 #include "ui/Shape.h"
 
 #include <QKeyEvent>
+#include <QQuickItem>
 
 #include <algorithm>
 #include <cmath>
@@ -32,6 +33,8 @@ void MenuWindow::open(const Menu& menu, const QRectF& anchor, const QRectF& scre
                       bool isTranslucent) {
     lines_.setMenu(menu);
     setCurrent(-1);
+    // The lines are put below each other only now, and how high they are is needed first.
+    root_->findChild<QQuickItem*>("lines")->ensurePolished();
     const QSizeF size(std::ceil(root_->implicitWidth()), std::ceil(root_->implicitHeight()));
     root_->setSize(size);
     const double x =

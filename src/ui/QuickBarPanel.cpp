@@ -142,8 +142,8 @@ void QuickBarPanel::updateShape() {
         return;
     }
     if (!scene_->cutsCorners()) {
-        window_.setMask(QRegion(glass.adjusted(-4, -1, 4, 4).toAlignedRect() &
-                                QRect(QPoint(), window_.size())));
+        window_.setMask(
+            QRegion(glass.adjusted(-4, 0, 4, 4).toAlignedRect() & QRect(QPoint(), window_.size())));
         return;
     }
 

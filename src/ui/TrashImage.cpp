@@ -67,7 +67,8 @@ Bitmap TrashImage::bitmap(int pixels) const {
     picture.fill(Qt::transparent);
     QPainter painter(&picture);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.scale(pixels / 64.0, pixels / 64.0);
+    painter.scale(pixels / 58.0, pixels / 58.0);
+    painter.translate(-3, -3.5);
     if (!isEmpty_) drawPaper(painter);
     drawBody(painter);
     drawRim(painter);
