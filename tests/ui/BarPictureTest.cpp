@@ -1,9 +1,10 @@
 #include "ui/BarOnScreen.h"
 
 #include <QDir>
-#include <QGuiApplication>
 
 #include <gtest/gtest.h>
+
+#include <cstdlib>
 
 namespace larkspan::ui {
 
@@ -15,36 +16,75 @@ void keep(const QImage& picture, const char* name) {
     if (!folder.isEmpty()) picture.save(QDir(folder).filePath(QString(name) + ".png"));
 }
 
-const std::vector<std::string> fewApps{"Mail", "Notes", "Terminal", "Music", "Browser"};
+/// The average lightness, 0...255, of a part of the picture.
+int lightness(const QImage& picture, const QRectF& part) {
+    const QRect area = part.toRect();
+    qint64 sum = 0;
+    for (int y = area.top(); y <= area.bottom(); ++y)
+        for (int x = area.left(); x <= area.right(); ++x)
+            sum += qGray(picture.pixel(x, y));
+    return static_cast<int>(sum / (area.width() * area.height()));
+}
+
+/// A piece of glass in the island's leading end, beside all tiles.
+QRectF freeGlass(BarOnScreen& bar) {
+    const QRectF glass = bar.scene().glass();
+    return {glass.left() + 3, glass.center().y() - 8, 6, 16};
+}
+
+class BarPicture : public testing::Test {
+  protected:
+    void SetUp() override {
+        bar.openApps({"Mail", "Notes", "Terminal", "Music"});
+        bar.start();
+    }
+    void look(bool isDark) {
+        bar.panels().appearance().set({.isDark = isDark, .reducesMotion = true});
+        bar.settle();
+    }
+    BarOnScreen bar;
+};
 
 } // namespace
 
-TEST(BarPicture, IslandIsAsWideAsItsTiles) {
-    BarOnScreen bar;
-    for (const char* name : {"Safari", "Photos", "Maps", "Calendar"}) {
-        bar.mac.install(std::string("com.example.") + name, name);
-        bar.mac.pin(std::string("com.example.") + name);
-    }
-    bar.openApps(fewApps);
-    bar.start();
-    keep(bar.picture(), "island-light");
-    bar.panels().appearance().set({.isDark = true, .reducesMotion = true});
-    keep(bar.picture(), "island-dark");
+TEST_F(BarPicture, GlassFollowsLightAndDark) {
+    look(false);
+    const QImage light = bar.picture();
+    keep(light, "island-light");
+    look(true);
+    const QImage dark = bar.picture();
+    keep(dark, "island-dark");
+    EXPECT_GT(lightness(light, freeGlass(bar)), lightness(dark, freeGlass(bar)) + 50);
+}
+
+TEST_F(BarPicture, FrostedGlassHidesMoreOfTheDesktop) {
+    look(false);
+    const int clear = lightness(bar.picture(), freeGlass(bar));
     bar.app.look().glass.set(GlassKind::regular);
     bar.settle();
-    keep(bar.picture(), "island-dark-frosted");
-    bar.panels().appearance().set({.reducesMotion = true});
-    keep(bar.picture(), "island-light-frosted");
+    keep(bar.picture(), "island-frosted");
+    EXPECT_GT(lightness(bar.picture(), freeGlass(bar)), clear + 10);
+}
+
+TEST_F(BarPicture, BandReachesBothEdges) {
     bar.app.look().style.set(BarStyle::bar);
     bar.settle();
-    keep(bar.picture(), "band-light-frosted");
-    bar.app.look().glass.set(GlassKind::clear);
-    bar.settle();
-    keep(bar.picture(), "band-light");
-    bar.panels().appearance().set({.isDark = true, .reducesMotion = true});
-    keep(bar.picture(), "band-dark");
-    const Rect frame = bar.panel().barFrame();
-    EXPECT_GT(frame.width, 0);
+    const QImage picture = bar.picture();
+    keep(picture, "band");
+    EXPECT_NE(qAlpha(picture.pixel(0, 40)), 0);
+    EXPECT_NE(qAlpha(picture.pixel(picture.width() - 1, 40)), 0);
+    EXPECT_EQ(bar.panel().barFrame(), (Rect{0, 0, 1440, 72}));
+}
+
+TEST_F(BarPicture, ATileShowsInItsFirstFrame) {
+    bar.panels().appearance().set({});
+    const QImage before = bar.picture();
+    bar.openApps({"Zebra"});
+    bar.mac.scheduler.runFor(1);
+    bar.scene().refresh();
+    const QImage after = bar.picture();
+    const QRect tile = bar.scene().tileFrame(bar.scene().tiles()->rowCount() - 3).toRect();
+    EXPECT_NE(before.copy(tile), after.copy(tile));
 }
 
 } // namespace larkspan::ui

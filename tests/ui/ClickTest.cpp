@@ -1,0 +1,89 @@
+#include "ui/BarOnScreen.h"
+
+#include <QGuiApplication>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+namespace larkspan::ui {
+
+namespace {
+
+int tileOf(BarOnScreen& bar, const std::string& name) {
+    TileModel& tiles = *bar.scene().tiles();
+    for (int i = 0; i < tiles.rowCount(); ++i)
+        if (tiles.row(i).item.name == name) return i;
+    return -1;
+}
+
+void click(BarOnScreen& bar, const std::string& name) {
+    const QPointF place = bar.scene().tileFrame(tileOf(bar, name)).center();
+    QTest::mouseClick(&bar.panel().window(), Qt::LeftButton, {}, place.toPoint());
+    bar.settle();
+}
+
+} // namespace
+
+TEST(Click, BringsAnAppForwardAndSendsItAway) {
+    BarOnScreen bar;
+    bar.openApps({"Mail", "Notes"});
+    bar.start();
+    click(bar, "Mail");
+    EXPECT_EQ(bar.mac.frontmost(), bar.mac.pidOf("com.example.Mail"));
+    EXPECT_TRUE(bar.scene().row(tileOf(bar, "Mail")).isFront);
+    click(bar, "Mail");
+    EXPECT_NE(bar.mac.frontmost(), bar.mac.pidOf("com.example.Mail"));
+}
+
+TEST(Click, NextToTheTilesDoesNothing) {
+    BarOnScreen bar;
+    bar.openApps({"Mail", "Notes"});
+    bar.start();
+    QTest::mouseClick(&bar.panel().window(), Qt::LeftButton, {}, QPoint(3, 3));
+    bar.settle();
+    EXPECT_EQ(bar.mac.frontmost(), bar.mac.pidOf("com.example.Notes"));
+}
+
+TEST(Keyboard, WalksOverTheTilesAndOpensOne) {
+    BarOnScreen bar;
+    bar.openApps({"Mail", "Notes"});
+    bar.start();
+    BarScene& scene = bar.scene();
+    EXPECT_FALSE(scene.pressKey(Qt::Key_Right, {}));
+    scene.setKeyboard(true);
+    EXPECT_EQ(scene.litTile(), 0);
+    scene.pressKey(Qt::Key_Left, {});
+    EXPECT_EQ(scene.row(scene.litTile()).section, TileRow::Section::trash);
+    scene.pressKey(Qt::Key_M, "m");
+    EXPECT_EQ(scene.litTile(), tileOf(bar, "Mail"));
+    scene.pressKey(Qt::Key_Return, "\r");
+    bar.settle();
+    EXPECT_EQ(bar.mac.frontmost(), bar.mac.pidOf("com.example.Mail"));
+    EXPECT_FALSE(scene.hasKeyboard());
+}
+
+TEST(Panel, HoldsItsStripWhileItShows) {
+    BarOnScreen bar;
+    bar.start();
+    EXPECT_GT(bar.dressing.dressed, 0);
+    EXPECT_EQ(bar.dressing.strip, 72);
+    bar.panel().orderOut();
+    EXPECT_EQ(bar.dressing.strip, 0);
+}
+
+TEST(Panel, ManyAppsScrollAndCanAllBeReached) {
+    BarOnScreen bar;
+    std::vector<std::string> names;
+    for (int i = 0; i < 70; ++i)
+        names.push_back("App" + std::to_string(i));
+    bar.openApps(names);
+    bar.start();
+    BarScene& scene = bar.scene();
+    ASSERT_TRUE(scene.scrolls());
+    scene.scrollBy(100000);
+    const QRectF last = scene.tileFrame(scene.tiles()->rowCount() - 1);
+    EXPECT_LE(last.right(), scene.viewX() + scene.viewWidth());
+    EXPECT_GE(last.left(), scene.viewX());
+}
+
+} // namespace larkspan::ui
