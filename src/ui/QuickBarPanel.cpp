@@ -99,7 +99,9 @@ Rect QuickBarPanel::barFrame() const {
 }
 
 QRectF QuickBarPanel::tileOnDesktop(int index) const {
-    return scene_->tileFrame(index).translated(window_.position());
+    // Not the window's own position: a window manager that puts it into a frame makes that
+    // relative.
+    return scene_->tileFrame(index).translated(area_.left(), area_.bottom() + 1 - height_);
 }
 
 Rect QuickBarPanel::tileOnScreen(int index) const {
