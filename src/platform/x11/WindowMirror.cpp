@@ -214,7 +214,11 @@ std::vector<WindowId> WindowMirror::topLevelWindows() {
 
 void WindowMirror::takeStacking(std::vector<WindowId> bottomToTop) {
     const std::unordered_set<WindowId> listed(bottomToTop.begin(), bottomToTop.end());
-    std::erase_if(clients_, [&](const auto& entry) { return !listed.contains(entry.first); });
+    // One that was gone when it was read and is listed still may be a new window by now: the X
+    // server gives numbers out again.
+    std::erase_if(clients_, [&](const auto& entry) {
+        return !listed.contains(entry.first) || entry.second.isGone;
+    });
     for (const auto window : bottomToTop)
         if (!clients_.contains(window)) adopt(window);
     if (bottomToTop == stacking_) return;

@@ -99,6 +99,8 @@ X11Desktop::Parts::Parts(Host theHost, std::unique_ptr<X11Connection> theConnect
     connection->onGone = [this](const std::string& line) {
         if (host.gone) host.gone(line);
     };
+    if (!mirror.hasWindowManager())
+        host.report("larkspan: no window manager runs, so windows cannot be hidden or minimised");
     settle();
     connection->start(qt::watchReadable);
 }

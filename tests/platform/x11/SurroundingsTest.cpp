@@ -19,6 +19,9 @@ TEST(SurroundingsTest, NoDisplayIsOneLine) {
 TEST(SurroundingsTest, WithoutAWindowManagerTheShownWindowsStandIn) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
+    EXPECT_EQ(desktop.reports,
+              std::vector<std::string>{
+                  "larkspan: no window manager runs, so windows cannot be hidden or minimised"});
     TestClient client(server.display());
     const auto window = client.open({.title = "Alone", .className = "Alone"});
     const auto menu = client.open({.isOverrideRedirect = true});
