@@ -1,19 +1,10 @@
 #include "ui/QuickBarPanels.h"
 
-#include <QGuiApplication>
-#include <QPalette>
+#include "ui/DesktopAppearance.h"
+
+#include <QStandardPaths>
 
 namespace larkspan::ui {
-
-namespace {
-
-bool hasDarkPalette() {
-    const QPalette palette = QGuiApplication::palette();
-    return palette.color(QPalette::WindowText).lightness() >
-           palette.color(QPalette::Window).lightness();
-}
-
-} // namespace
 
 QuickBarPanels::QuickBarPanels(DockStore& store, BarLook& look, IconClick& click,
                                const ItemMenu& menu, WindowRefresh& refresh, TrashFolder& trash,
@@ -23,7 +14,8 @@ QuickBarPanels::QuickBarPanels(DockStore& store, BarLook& look, IconClick& click
     , dressing_(dressing)
     , desktop_(desktop)
     , actions_(store, click, menu, refresh, trash) {
-    appearance_.set({.isDark = hasDarkPalette()});
+    appearance_.set(
+        desktopAppearance(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)));
 }
 
 std::unique_ptr<BarPanel> QuickBarPanels::makePanel(const Screen&) {
