@@ -1,0 +1,164 @@
+#include "RunningBar.h"
+
+#include <gtest/gtest.h>
+
+namespace larkspan::e2e {
+namespace {
+
+const auto& xterm = testApp("test-xterm");
+const auto& xclock = testApp("test-xclock");
+const auto& xeyes = testApp("test-xeyes");
+const auto& xcalc = testApp("test-xcalc");
+
+/// The bar follows its real clients: each step changes the world through the X server, then asks
+/// both the report and the pixels.
+class Clients : public testing::Test {
+  protected:
+    void TearDown() override {
+        if (HasFailure())
+            ADD_FAILURE() << "its log: " << contentsOf(desktop.home() / "larkspan.log");
+    }
+
+    void expectWindows(const TestApp& app, int windows) {
+        EXPECT_TRUE(screen().eventually([&] {
+            const auto item = bar.item(app.id);
+            return item && item->section == "groups" && item->value<bool>("running") &&
+                   item->value<int>("windows") == windows;
+        })) << app.id
+            << " should have " << windows << " windows: " << bar.state().dump(1);
+        EXPECT_TRUE(screen().eventually([&] { return bar.tile(app).has_value(); }))
+            << app.id << " has no tile on the screen";
+    }
+
+    void expectGone(const TestApp& app) {
+        EXPECT_TRUE(screen().eventually([&] { return !bar.item(app.id); })) << app.id;
+        EXPECT_TRUE(screen().eventually([&] { return !bar.tile(app); }))
+            << app.id << "'s tile is still on the screen";
+    }
+
+    void expectFront(const TestApp& app) {
+        EXPECT_TRUE(screen().eventually([&] {
+            return screen().classOf(screen().activeWindow()) == app.windowClass &&
+                   bar.frontApp() == app.id;
+        })) << app.id
+            << " should be in front, not " << screen().classOf(screen().activeWindow()) << " and "
+            << bar.frontApp();
+    }
+
+    bool isHidden(const TestApp& app) {
+        const auto item = bar.item(app.id);
+        return item && item->value<bool>("hidden");
+    }
+
+    XDisplay& screen() { return desktop.screen(); }
+
+    PrivateDesktop desktop;
+    RunningBar bar{desktop};
+};
+
+TEST_F(Clients, AppearWithTheirWindowsAndGoWithThem) {
+    const auto firstTerminal = desktop.open(xterm);
+    expectWindows(xterm, 1);
+    auto secondTerminal = desktop.open(xterm);
+    expectWindows(xterm, 2);
+    for (const auto* app : {&xclock, &xeyes, &xcalc})
+        EXPECT_FALSE(bar.item(app->id)) << app->id;
+
+    const auto clock = desktop.open(xclock);
+    const auto eyes = desktop.open(xeyes);
+    auto calculator = desktop.open(xcalc);
+    for (const auto* app : {&xclock, &xeyes, &xcalc})
+        expectWindows(*app, 1);
+
+    screen().close(*screen().windowOfClass("XEyes"));
+    expectGone(xeyes);
+    secondTerminal.reset(); // killed: its window goes without a word
+    expectWindows(xterm, 1);
+    calculator.reset();
+    expectGone(xcalc);
+    expectWindows(xclock, 1);
+}
+
+TEST_F(Clients, AreBroughtForwardSentAwayAndShownByClicks) {
+    const auto terminal = desktop.open(xterm);
+    const auto calculator = desktop.open(xcalc);
+    expectWindows(xterm, 1);
+    expectWindows(xcalc, 1);
+    const auto terminalWindow = *screen().windowOfClass("XTerm");
+
+    bar.click(xterm);
+    expectFront(xterm);
+    bar.click(xcalc);
+    expectFront(xcalc);
+    bar.click(xterm);
+    expectFront(xterm);
+
+    const auto whileFront = screen().picture(bar.area());
+    bar.click(xterm);
+    EXPECT_TRUE(screen().eventually([&] { return screen().isIconified(terminalWindow); }));
+    EXPECT_TRUE(screen().eventually([&] { return isHidden(xterm); })) << bar.state().dump(1);
+    EXPECT_TRUE(screen().eventually([&] { return screen().picture(bar.area()) != whileFront; }))
+        << "the bar looks the same with the app away";
+    EXPECT_TRUE(bar.tile(xterm)) << "an app sent away keeps its tile";
+
+    bar.click(xterm);
+    EXPECT_TRUE(screen().eventually([&] { return !screen().isIconified(terminalWindow); }));
+    EXPECT_TRUE(screen().eventually([&] { return !isHidden(xterm); }));
+    expectFront(xterm);
+    expectWindows(xterm, 1);
+}
+
+TEST_F(Clients, MinimizedByTheWindowManagerComeBackByAClick) {
+    const auto firstTerminal = desktop.open(xterm);
+    const auto clock = desktop.open(xclock);
+    expectWindows(xclock, 1);
+    expectWindows(xterm, 1);
+    const auto before = screen().picture(bar.area());
+    const auto clockWindow = *screen().windowOfClass("XClock");
+
+    screen().minimize(clockWindow);
+    ASSERT_TRUE(screen().eventually([&] { return screen().isIconified(clockWindow); }));
+    EXPECT_TRUE(screen().eventually([&] { return screen().picture(bar.area()) != before; }))
+        << "the bar looks the same with the clock minimised";
+    EXPECT_TRUE(screen().eventually([&] {
+        const auto item = bar.item(xclock.id);
+        return item && (item->section == "background" || item->value<bool>("hidden"));
+    })) << bar.state().dump(1);
+
+    bar.click(xclock);
+    EXPECT_TRUE(screen().eventually([&] { return !screen().isIconified(clockWindow); }));
+    expectWindows(xclock, 1);
+}
+
+TEST_F(Clients, PinnedOnesAreLaunchedByAClick) {
+    EXPECT_EQ(bar.command({"keep", xcalc.id}).exitCode, 0);
+    ASSERT_TRUE(screen().eventually([&] { return bar.tile(xcalc).has_value(); }));
+    EXPECT_FALSE(bar.item(xcalc.id)->value<bool>("running"));
+
+    bar.click(xcalc);
+    ASSERT_TRUE(screen().eventually([&] { return screen().windowOfClass("XCalc").has_value(); }));
+    EXPECT_TRUE(screen().eventually([&] {
+        const auto item = bar.item(xcalc.id);
+        return item && item->value<bool>("running") && item->value<int>("windows") == 1;
+    })) << bar.state().dump(1);
+
+    screen().close(*screen().windowOfClass("XCalc"));
+    EXPECT_TRUE(screen().eventually([&] {
+        const auto item = bar.item(xcalc.id);
+        return item && item->section == "pinned" && !item->value<bool>("running");
+    })) << bar.state().dump(1);
+    EXPECT_TRUE(bar.tile(xcalc)) << "a pinned app keeps its tile";
+}
+
+TEST_F(Clients, FillingTheScreenHideTheBar) {
+    const auto clock = desktop.open(xclock);
+    expectWindows(xclock, 1);
+    const auto clockWindow = *screen().windowOfClass("XClock");
+    screen().setFullScreen(clockWindow, true);
+    EXPECT_TRUE(screen().eventually([&] { return !bar.isShown(); })) << bar.state().dump(1);
+    screen().setFullScreen(clockWindow, false);
+    EXPECT_TRUE(screen().eventually([&] { return bar.isShown() && bar.tile(xclock); }));
+}
+
+} // namespace
+} // namespace larkspan::e2e

@@ -1,0 +1,105 @@
+#include "RunningBar.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+
+namespace larkspan::e2e {
+namespace {
+
+class Life : public testing::Test {
+  protected:
+    PrivateDesktop desktop;
+};
+
+TEST_F(Life, QuittingGivesTheStripBack) {
+    const auto before = desktop.screen().workArea();
+    RunningBar bar(desktop);
+    EXPECT_TRUE(desktop.screen().eventually([&] {
+        return desktop.screen().workArea().height <= before.height - 36;
+    })) << "the bar reserves no strip";
+    EXPECT_EQ(bar.quit(), 0);
+    EXPECT_TRUE(desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
+}
+
+TEST_F(Life, ATerminationSignalQuitsInOrder) {
+    const auto before = desktop.screen().workArea();
+    RunningBar bar(desktop);
+    bar.process().signal(SIGTERM);
+    EXPECT_EQ(bar.process().waitForExit(10), 0);
+    EXPECT_TRUE(desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
+}
+
+TEST_F(Life, AKilledBarLeavesNoStripAndStartsAgain) {
+    const auto before = desktop.screen().workArea();
+    {
+        RunningBar bar(desktop);
+        bar.process().signal(SIGKILL);
+        bar.process().waitForExit(5);
+    }
+    EXPECT_TRUE(desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
+    RunningBar again(desktop); // over the dead one's socket
+    EXPECT_EQ(again.quit(), 0);
+}
+
+TEST_F(Life, TheBarIsNoWindowOfTheDesktop) {
+    RunningBar bar(desktop);
+    const auto terminal = desktop.open(testApp("test-xterm"));
+    const auto isTerminalActive = [&] {
+        return desktop.screen().classOf(desktop.screen().activeWindow()) == "XTerm";
+    };
+    EXPECT_TRUE(desktop.screen().eventually(isTerminalActive));
+    ASSERT_TRUE(
+        desktop.screen().eventually([&] { return bar.tile(testApp("test-xterm")).has_value(); }));
+    EXPECT_EQ(bar.state()["groups"].size(), 1);
+    EXPECT_EQ(bar.state()["groups"][0]["items"].size(), 1) << bar.state().dump(1);
+    // A press beside every tile must not take the focus from the window that has it.
+    const auto area = bar.area();
+    bar.clickAt({area.x + 3, area.centerY(), 2, 2});
+    EXPECT_TRUE(isTerminalActive());
+}
+
+TEST_F(Life, ModesSwitchAndASecondStartIsAReopen) {
+    const auto before = desktop.screen().workArea();
+    RunningBar bar(desktop);
+    EXPECT_EQ(bar.command({"mode", "systemDock"}).exitCode, 0);
+    EXPECT_TRUE(desktop.screen().eventually([&] {
+        return !bar.isShown() && desktop.screen().workArea() == before;
+    })) << bar.state().dump(1);
+
+    EXPECT_EQ(runLarkspan(desktop, {}).exitCode, 0) << "a second start ends at once";
+    EXPECT_TRUE(desktop.screen().eventually([&] { return bar.isShown(); })) << bar.state().dump(1);
+    EXPECT_EQ(bar.state()["mode"], "vantrel");
+    EXPECT_TRUE(bar.process().isRunning());
+}
+
+TEST_F(Life, CommandsWithoutARunningBarSaySoAndFail) {
+    const std::vector<std::vector<std::string>> commands = {
+        {"state"}, {"mode", "vantrel"}, {"click", "test-xclock"}, {"quit"}};
+    for (const auto& command : commands) {
+        const auto result = runLarkspan(desktop, command);
+        EXPECT_EQ(result.exitCode, 1) << command.front();
+        EXPECT_NE(result.output.find("no running instance"), std::string::npos) << result.output;
+    }
+}
+
+TEST_F(Life, WithoutADisplayItSaysSoInOneLineAndFails) {
+    auto environment = desktop.environment();
+    environment["DISPLAY"] = ":9999";
+    const auto result =
+        runCommand({{LARKSPAN_PROGRAM}, environment, desktop.home() / "command.log"});
+    EXPECT_GT(result.exitCode, 0);
+    EXPECT_LT(result.exitCode, 128) << "it crashed";
+    EXPECT_EQ(std::ranges::count(result.output, '\n'), 1) << result.output;
+}
+
+TEST_F(Life, AServerThatGoesAwayEndsItInOrder) {
+    RunningBar bar(desktop);
+    desktop.endServer();
+    const auto exitCode = bar.process().waitForExit(10);
+    ASSERT_TRUE(exitCode) << "it hangs without its X server";
+    EXPECT_LT(*exitCode, 128) << "it crashed: " << contentsOf(desktop.home() / "larkspan.log");
+}
+
+} // namespace
+} // namespace larkspan::e2e

@@ -1,0 +1,61 @@
+#pragma once
+
+#include "ChildProcess.h"
+#include "XDisplay.h"
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include <csignal>
+
+namespace larkspan::e2e {
+
+/// An application of the private desktop: a real X client, its desktop entry, and an icon of one
+/// loud colour by which its tile is found on the screen.
+struct TestApp {
+    std::string id;
+    std::string windowClass;
+    std::vector<std::string> command;
+    std::uint32_t color = 0;
+};
+
+/// xterm, xclock, xeyes and xcalc.
+const std::vector<TestApp>& testApps();
+const TestApp& testApp(const std::string& id);
+
+/// A desktop nobody else sees: an X server without a screen, openbox, a fresh home folder with the
+/// desktop entries of the test's applications and nothing else installed.
+class PrivateDesktop {
+  public:
+    PrivateDesktop();
+    ~PrivateDesktop();
+    PrivateDesktop(const PrivateDesktop&) = delete;
+    PrivateDesktop& operator=(const PrivateDesktop&) = delete;
+
+    XDisplay& screen() { return *screen_; }
+    const std::filesystem::path& home() const { return home_; }
+    std::filesystem::path settingsFile() const { return home_ / "config/larkspan/settings.json"; }
+    /// What a program started by the user of this desktop sees.
+    Environment environment() const;
+
+    /// Starts a client at a place of its own and waits for its window.
+    std::unique_ptr<ChildProcess> open(const TestApp& app);
+    /// Takes the X server away, as a crash would.
+    void endServer() { server_->signal(SIGKILL); }
+
+  private:
+    void startServer();
+    void startWindowManager();
+    void writeEntry(const TestApp& app) const;
+
+    std::filesystem::path home_;
+    std::string display_;
+    std::unique_ptr<ChildProcess> server_;
+    std::unique_ptr<XDisplay> screen_;
+    std::unique_ptr<ChildProcess> windowManager_;
+    int opened_ = 0;
+};
+
+} // namespace larkspan::e2e

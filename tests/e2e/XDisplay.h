@@ -1,0 +1,82 @@
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <memory>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include <xcb/xcb.h>
+
+namespace larkspan::e2e {
+
+/// In pixels from the screen's top left.
+struct Area {
+    int x = 0;
+    int y = 0;
+    int width = 0;
+    int height = 0;
+
+    int centerX() const { return x + width / 2; }
+    int centerY() const { return y + height / 2; }
+    bool operator==(const Area&) const = default;
+};
+
+struct Picture {
+    int width = 0;
+    /// 0xRRGGBB, row by row.
+    std::vector<std::uint32_t> pixels;
+
+    bool operator==(const Picture&) const = default;
+};
+
+/// What a person in front of the screen can see and do, through the X server alone.
+class XDisplay {
+  public:
+    explicit XDisplay(const std::string& name);
+
+    int width() const { return screen_->width_in_pixels; }
+    int height() const { return screen_->height_in_pixels; }
+
+    void movePointer(int x, int y);
+    void press(int button = 1);
+    void release(int button = 1);
+
+    Picture picture(const Area& area);
+    /// Where pixels of this colour stand inside the area; absent for fewer than 30 of them.
+    std::optional<Area> find(std::uint32_t color, const Area& area);
+
+    /// The managed windows, oldest first.
+    std::vector<xcb_window_t> windows();
+    xcb_window_t activeWindow();
+    /// The class of WM_CLASS; empty without one.
+    std::string classOf(xcb_window_t window);
+    std::optional<xcb_window_t> windowOfClass(const std::string& windowClass);
+    bool isIconified(xcb_window_t window);
+    Area workArea();
+
+    /// Asks the window manager, as its own buttons do.
+    void minimize(xcb_window_t window);
+    void close(xcb_window_t window);
+    void setFullScreen(xcb_window_t window, bool isFullScreen);
+
+    /// Checks the condition now and after whatever happens on the screen, until it holds or
+    /// `seconds` are over.
+    bool eventually(const std::function<bool()>& condition, double seconds = 10);
+
+  private:
+    struct Disconnect {
+        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
+    };
+
+    xcb_atom_t atom(const std::string& name);
+    std::vector<std::uint32_t> values(xcb_window_t window, const std::string& property);
+    void send(xcb_window_t window, const std::string& type, std::vector<std::uint32_t> data);
+    void waitForEvents(int milliseconds);
+
+    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
+    xcb_screen_t* screen_ = nullptr;
+};
+
+} // namespace larkspan::e2e
