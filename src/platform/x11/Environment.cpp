@@ -44,7 +44,7 @@ std::string Environment::findProgram(std::string_view name) const {
     if (path.find('/') != std::string::npos) return isProgram(path) ? path : std::string();
     const std::string& searched = value("PATH");
     for (const auto& folder : splitList(searched.empty() ? "/usr/bin:/bin" : searched, ':')) {
-        const std::string candidate = folder + "/" + path;
+        std::string candidate = folder + "/" + path;
         if (isProgram(candidate)) return candidate;
     }
     return {};

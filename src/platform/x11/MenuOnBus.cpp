@@ -76,7 +76,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayout&) {
     return argument;
 }
 
-MenuOnBus::MenuOnBus(Menu menu) {
+MenuOnBus::MenuOnBus(const Menu& menu) {
     qDBusRegisterMetaType<MenuLayout>();
     qDBusRegisterMetaType<ItemProperties>();
     qDBusRegisterMetaType<QList<ItemProperties>>();

@@ -23,7 +23,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayout& layou
 /// not change; a chosen item's action runs in a later turn of the run loop.
 class MenuOnBus : public QDBusVirtualObject {
   public:
-    explicit MenuOnBus(Menu menu);
+    explicit MenuOnBus(const Menu& menu);
 
     QString introspect(const QString& path) const override;
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
