@@ -70,8 +70,8 @@ class DockStore {
     std::vector<WindowInfo> latestWindows;
     std::map<ProcessId, std::set<Slot>> windowSlots;
     std::map<ProcessId, std::set<Slot>> seenSlots;
-    /// Item ids that may move between sections in the next regroup although the pointer is on the
-    /// bar.
+    /// Ids of the items that may move between sections although the pointer is on the bar: those of
+    /// apps that were brought forward from it. Emptied when the pointer leaves.
     std::set<std::string> regroupingIDs;
     std::vector<DisplayId> groupedScreens;
 

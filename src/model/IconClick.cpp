@@ -70,16 +70,20 @@ void IconClick::clickRunning(const Clicked& clicked) {
                            clicked.item.name, nameOf(clicked.phase), clicked.isHidden,
                            front && front->pid == clicked.pid, recentActivation() == clicked.pid));
     const bool isComing = clicked.phase == Phase::showing || clicked.phase == Phase::settling;
-    if (isComing || (clicked.phase == Phase::none && shouldHide(clicked)))
+    if (isComing || (clicked.phase == Phase::none && shouldHide(clicked))) {
+        store_.regroupingIDs.erase(clicked.item.id);
         store_.animator.hide(clicked.pid, clicked.tileFrame);
-    else
+    } else {
+        letTileMove(clicked.item.id);
         bringForward(clicked);
+    }
 }
 
 void IconClick::launch(const DockItem& item) {
     if (!item.url) return;
     auto launching = store_.launchingIDs.get();
     const bool isNew = !store_.runningIDs.contains(item.id) && launching.insert(item.id).second;
+    letTileMove(item.id);
     if (!applications_.open(*item.url) || !isNew) return;
     store_.launchingIDs.set(std::move(launching));
     launchLimits_[item.id] = scheduler_.after(launchLimit, [this, id = item.id] {
@@ -87,6 +91,12 @@ void IconClick::launch(const DockItem& item) {
         stillLaunching.erase(id);
         store_.launchingIDs.set(std::move(stillLaunching));
     });
+}
+
+/// Tiles keep their places under the pointer, but not the one whose app was just asked to show
+/// itself: it goes where its window is.
+void IconClick::letTileMove(const std::string& id) {
+    if (store_.isPointerOnBar) store_.regroupingIDs.insert(id);
 }
 
 bool IconClick::shouldHide(const Clicked& clicked) const {

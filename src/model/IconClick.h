@@ -38,6 +38,7 @@ class IconClick {
 
     void clickRunning(const Clicked& clicked);
     void launch(const DockItem& item);
+    void letTileMove(const std::string& id);
     bool shouldHide(const Clicked& clicked) const;
     void bringForward(const Clicked& clicked);
     void raiseMainWindow(ProcessId pid);

@@ -127,6 +127,22 @@ TEST_F(IconClickTest, LaunchesAPinnedAppThatDoesNotRun) {
     EXPECT_EQ(groups(), "music");
 }
 
+TEST_F(IconClickTest, LetsTheClickedTileMoveUnderThePointerAndNoOther) {
+    start();
+    mac.scheduler.runUntilIdle();
+    ASSERT_EQ(background(), "finder notes mail");
+    refresh->setPointerOnBar(true);
+    clickTile("notes");
+    EXPECT_EQ(groups(), "notes") << "opened again, it has a window now";
+    mac.openWindow(mail);
+    settle();
+    EXPECT_EQ(background(), "finder mail") << "held where it is, under the pointer";
+    refresh->setPointerOnBar(false);
+    settle();
+    EXPECT_EQ(groups(), "notes mail");
+    EXPECT_TRUE(store.regroupingIDs.empty());
+}
+
 TEST_F(IconClickTest, GivesUpTheMarkOfAnAppThatNeverComes) {
     start();
     DockItem ghost{.id = "com.example.ghost", .url = "x-ghost:"};
