@@ -52,8 +52,8 @@ class CoreDock {
 class DockPreferences {
   public:
     virtual ~DockPreferences() = default;
-    /// Writes what was set and forgets what was read, so that the next read sees the Dock's own
-    /// changes.
+    /// Writes the keys that were set, and only those, and forgets what was read, so that the next
+    /// read sees the Dock's own changes. False when it could not be written.
     virtual bool synchronize() = 0;
     virtual std::optional<PropertyValue> copyAppValue(std::string_view key) const = 0;
     virtual void setAppValue(std::string_view key, PropertyValue value) = 0;

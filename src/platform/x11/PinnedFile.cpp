@@ -90,25 +90,29 @@ bool PinnedFile::write() {
         return false;
     }
     stamp_ = file_.stamp();
-    isDirty_ = false;
     return true;
 }
 
+// Read first, so that what others wrote under other keys is kept.
 bool PinnedFile::synchronize() {
-    if (isDirty_) return write();
     if (file_.stamp() != stamp_) load();
+    if (unsaved_.empty()) return true;
+    for (const auto& [key, value] : unsaved_)
+        values_[key] = value;
+    if (!write()) return false;
+    unsaved_.clear();
     return true;
 }
 
 std::optional<PropertyValue> PinnedFile::copyAppValue(std::string_view key) const {
-    const auto found = values_.find(std::string(key));
-    if (found == values_.end()) return std::nullopt;
-    return found->second;
+    for (const auto* values : {&unsaved_, &values_})
+        if (const auto found = values->find(std::string(key)); found != values->end())
+            return found->second;
+    return std::nullopt;
 }
 
 void PinnedFile::setAppValue(std::string_view key, PropertyValue value) {
-    values_[std::string(key)] = std::move(value);
-    isDirty_ = true;
+    unsaved_[std::string(key)] = std::move(value);
 }
 
 bool PinnedFile::announcesChanges() const {
@@ -121,7 +125,7 @@ Handle PinnedFile::subscribe(std::function<void()> callback) {
 
 void PinnedFile::folderChanged() {
     // Mostly another file of ours, or our own writing.
-    if (isDirty_ || file_.stamp() == stamp_) return;
+    if (file_.stamp() == stamp_) return;
     load();
     changed_.emit();
 }

@@ -39,9 +39,10 @@ class PinnedFile : public DockPreferences {
     Signal<> changed_;
     FolderWatch watch_;
     PropertyValue::Dictionary values_;
+    /// What was set and is not in the file yet.
+    PropertyValue::Dictionary unsaved_;
     /// The state of the file that `values_` was last read from or written to.
     std::string stamp_;
-    bool isDirty_ = false;
 };
 
 } // namespace larkspan::x11
