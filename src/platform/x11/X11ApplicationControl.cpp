@@ -127,8 +127,9 @@ bool X11ApplicationControl::forceTerminate(ProcessId pid) {
     const auto* entry = table_.find(pid);
     if (!entry) return false;
     const bool wasSent = signalProcesses(entry->processes, SIGKILL);
+    // Not every window says which process it is of.
     for (const auto& window : entry->windows)
-        if (!wasSent) requests_.kill(window->id);
+        requests_.kill(window->id);
     return wasSent || !entry->windows.empty();
 }
 
