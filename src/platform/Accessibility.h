@@ -29,7 +29,7 @@ enum class AXError : std::int32_t {
 };
 
 /// An element of an app's Accessibility tree. Opaque to all but the adapter that made it; may name
-/// something that has gone.
+/// something that has gone, and then every call answers `invalidUIElement`.
 class AXElement {
   public:
     virtual ~AXElement() = default;
@@ -75,7 +75,7 @@ class Accessibility {
                                  const AXValue& value) const = 0;
     virtual AXError performAction(const AXElementRef& element, std::string_view action) const = 0;
     virtual std::optional<ProcessId> pid(const AXElementRef& element) const = 0;
-    /// The window server's number of a window element.
+    /// The window server's number of a window element; absent once the window has gone.
     virtual std::optional<WindowId> window(const AXElementRef& element) const = 0;
 };
 

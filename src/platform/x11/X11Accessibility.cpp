@@ -170,7 +170,8 @@ std::optional<ProcessId> X11Accessibility::pid(const AXElementRef& reference) co
 std::optional<WindowId> X11Accessibility::window(const AXElementRef& reference) const {
     const auto* element = elementOf(reference);
     if (!element || element->role != Element::Role::window) return std::nullopt;
-    return element->number;
+    const auto window = board_.newest()->find(element->number);
+    return window ? std::optional(window->id) : std::nullopt;
 }
 
 } // namespace larkspan::x11

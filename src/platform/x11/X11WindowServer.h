@@ -7,8 +7,8 @@
 namespace larkspan::x11 {
 
 /// The managed windows as a Mac's window list, and each desktop of the window manager as one Space
-/// on every display. A Space's identifier is display × 2³² + desktop + 1. Iconified windows and
-/// those of other desktops are not on screen, yet stay on their Space.
+/// on every display. A Space's identifier is display × 2³² + desktop + 1. Windows of
+/// other desktops are not on screen, yet stay on their Space; iconified ones are on none.
 class X11WindowServer : public WindowServer {
   public:
     explicit X11WindowServer(const SnapshotBoard& board)
