@@ -43,7 +43,9 @@ class LoginItem {
     enum class Status { notRegistered, enabled, requiresApproval, notFound };
     virtual ~LoginItem() = default;
     virtual Status status() const = 0;
+    /// Answers whether the program starts at login from now on, unless the user has yet to agree.
     virtual bool registerItem() = 0;
+    /// False when the system refuses, and when there is nothing to take back.
     virtual bool unregisterItem() = 0;
     virtual void openSystemSettings() = 0;
 };
@@ -52,9 +54,10 @@ class LoginItem {
 class TrashFolder {
   public:
     virtual ~TrashFolder() = default;
-    /// How many entries the folder holds; absent when it cannot be read.
+    /// How many entries the folder holds, the hidden ones too; absent when it cannot be read.
     virtual std::optional<std::size_t> entryCount() const = 0;
     virtual bool holdsDesktopServicesFile() const = 0;
+    /// Shows the folder to the user.
     virtual void open() = 0;
     /// Whether every change is announced to subscribers, so that nothing needs to be polled.
     virtual bool announcesChanges() const = 0;

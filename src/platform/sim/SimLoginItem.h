@@ -8,7 +8,9 @@ class SimLoginItem final : public LoginItem {
   public:
     Status status() const override { return current; }
     bool registerItem() override { return change(Status::enabled); }
-    bool unregisterItem() override { return change(Status::notRegistered); }
+    bool unregisterItem() override {
+        return current != Status::notRegistered && change(Status::notRegistered);
+    }
     void openSystemSettings() override { ++settingsOpened; }
 
     Status current = Status::notRegistered;
