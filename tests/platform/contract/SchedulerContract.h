@@ -1,76 +1,135 @@
 #pragma once
 
 #include "platform/Scheduler.h"
+#include "platform/contract/Adapter.h"
 
 #include <algorithm>
+#include <functional>
 #include <gmock/gmock.h>
+#include <memory>
 #include <string>
 #include <vector>
 
 namespace larkspan::contract {
 
-/// What every scheduler must do. `Adapter` makes one: it has `Scheduler& scheduler()` and
-/// `void run(double seconds)`, which lets its loop run for so long. Another adapter joins with
-/// INSTANTIATE_TYPED_TEST_SUITE_P.
-template <typename Adapter>
-class SchedulerContract : public testing::Test {
-  protected:
-    Scheduler& scheduler() { return adapter_.scheduler(); }
-    void run(double seconds) { adapter_.run(seconds); }
+/// A scheduler and the loop that drives it.
+class SchedulerWorld {
+  public:
+    virtual ~SchedulerWorld() = default;
+    virtual Scheduler& scheduler() = 0;
+    /// Runs the loop until the condition holds; false when it does not within a limit.
+    virtual bool runUntil(const std::function<bool()>& condition) = 0;
+};
 
-    Adapter adapter_;
+/// What every scheduler must do. The parameter makes a world anew for each test.
+class SchedulerContract : public testing::TestWithParam<Adapter<SchedulerWorld>> {
+  protected:
+    Scheduler::Task note(const std::string& what) {
+        return [this, what] { ran_.push_back(what); };
+    }
+    bool hasRun(const std::string& what) {
+        return world_->runUntil(
+            [&] { return std::find(ran_.begin(), ran_.end(), what) != ran_.end(); });
+    }
+
+    std::unique_ptr<SchedulerWorld> world_ = GetParam().make();
+    Scheduler& scheduler_ = world_->scheduler();
     std::vector<std::string> ran_;
 };
 
-TYPED_TEST_SUITE_P(SchedulerContract);
-
-TYPED_TEST_P(SchedulerContract, PostedTasksRunInOrderAndNeverAtOnce) {
-    this->scheduler().post([this] { this->ran_.push_back("first"); });
-    this->scheduler().post([this] { this->ran_.push_back("second"); });
-    EXPECT_TRUE(this->ran_.empty());
-    this->run(0.02);
-    EXPECT_THAT(this->ran_, testing::ElementsAre("first", "second"));
-}
-
-TYPED_TEST_P(SchedulerContract, AnEndedHandleKeepsItsTaskFromRunning) {
-    Handle ended = this->scheduler().after(0.005, [this] { this->ran_.push_back("ended"); });
-    const Handle kept = this->scheduler().after(0.01, [this] { this->ran_.push_back("kept"); });
-    ended.reset();
-    this->run(0.1);
-    EXPECT_THAT(this->ran_, testing::ElementsAre("kept"));
-}
-
-TYPED_TEST_P(SchedulerContract, ARepeatingTimerMayEndItselfFromItsOwnTask) {
-    Handle timer;
-    timer = this->scheduler().every(0.005, [&] {
-        this->ran_.push_back("beat");
-        if (this->ran_.size() == 2) timer.reset();
+TEST_P(SchedulerContract, PostedTasksRunInOrderAndNeverAtOnce) {
+    scheduler_.post([this] {
+        ran_.push_back("first");
+        scheduler_.post(note("posted by the first"));
+        ran_.push_back("still the first");
     });
-    this->run(0.2);
-    EXPECT_EQ(this->ran_.size(), 2U);
+    scheduler_.post(note("second"));
+    EXPECT_TRUE(ran_.empty());
+    ASSERT_TRUE(hasRun("posted by the first"));
+    EXPECT_THAT(ran_,
+                testing::ElementsAre("first", "still the first", "second", "posted by the first"));
 }
 
-TYPED_TEST_P(SchedulerContract, AQueueKeepsItsOrderAndIsNotTheMainThread) {
+TEST_P(SchedulerContract, ATimerIsNeverEarlyAndRunsOnce) {
+    const double start = scheduler_.uptime();
+    double ranAt = 0;
+    const Handle once = scheduler_.after(0.0103, [&] {
+        ranAt = scheduler_.uptime();
+        ran_.push_back("once");
+    });
+    const Handle now = scheduler_.after(0, note("now"));
+    EXPECT_TRUE(ran_.empty()) << "not even a timer of no time runs before the loop does";
+    const Handle later = scheduler_.after(0.03, note("later"));
+    ASSERT_TRUE(hasRun("later"));
+    EXPECT_THAT(ran_, testing::ElementsAre("now", "once", "later"));
+    EXPECT_GE(ranAt - start, 0.0103);
+}
+
+TEST_P(SchedulerContract, AnEndedHandleKeepsItsTaskFromRunning) {
+    Handle ended = scheduler_.after(0.005, note("ended"));
+    const Handle kept = scheduler_.after(0.01, note("kept"));
+    ended.reset();
+    ASSERT_TRUE(hasRun("kept"));
+    EXPECT_THAT(ran_, testing::ElementsAre("kept"));
+}
+
+TEST_P(SchedulerContract, ATimerMayEndAnotherThatIsDue) {
+    Handle victim;
+    const Handle first = scheduler_.after(0, [&] {
+        victim.reset();
+        ran_.push_back("first");
+    });
+    victim = scheduler_.after(0, note("ended"));
+    const Handle last = scheduler_.after(0.005, note("last"));
+    ASSERT_TRUE(hasRun("last"));
+    EXPECT_THAT(ran_, testing::ElementsAre("first", "last"));
+}
+
+TEST_P(SchedulerContract, ARepeatingTimerMayEndItselfFromItsOwnTask) {
+    const double start = scheduler_.uptime();
+    double firstBeat = 0;
+    Handle timer;
+    timer = scheduler_.every(0.005, [&] {
+        if (ran_.empty()) firstBeat = scheduler_.uptime();
+        ran_.push_back("beat");
+        if (ran_.size() == 2) timer.reset();
+    });
+    ASSERT_TRUE(world_->runUntil([&] { return ran_.size() == 2; }));
+    EXPECT_GE(firstBeat - start, 0.005) << "the first beat comes after one interval";
+    const Handle later = scheduler_.after(0.02, note("later"));
+    ASSERT_TRUE(hasRun("later"));
+    EXPECT_EQ(ran_.size(), 3U);
+}
+
+TEST_P(SchedulerContract, AQueueKeepsItsOrderAndIsNotTheMainThread) {
     std::vector<int> order;
-    bool wasMain = true;
-    SerialQueue& queue = this->scheduler().queue("contract");
-    EXPECT_EQ(&queue, &this->scheduler().queue("contract"));
+    bool wasMain = false;
+    SerialQueue& queue = scheduler_.queue("contract");
+    EXPECT_EQ(&queue, &scheduler_.queue("contract"));
+    EXPECT_NE(&queue, &scheduler_.queue("another"));
     for (int task = 0; task < 50; ++task) {
         queue.post([&, task] {
-            wasMain = this->scheduler().isMainThread();
-            this->scheduler().post([&order, task] { order.push_back(task); });
+            const bool isMain = scheduler_.isMainThread();
+            scheduler_.post([&, task, isMain] {
+                wasMain = wasMain || isMain;
+                order.push_back(task);
+            });
         });
     }
-    this->run(0.2);
-    EXPECT_FALSE(wasMain);
-    EXPECT_TRUE(this->scheduler().isMainThread());
-    ASSERT_EQ(order.size(), 50U);
+    EXPECT_TRUE(order.empty());
+    ASSERT_TRUE(world_->runUntil([&] { return order.size() == 50; }));
     EXPECT_TRUE(std::is_sorted(order.begin(), order.end()));
+    EXPECT_FALSE(wasMain);
+    EXPECT_TRUE(scheduler_.isMainThread());
 }
 
-REGISTER_TYPED_TEST_SUITE_P(SchedulerContract, PostedTasksRunInOrderAndNeverAtOnce,
-                            AnEndedHandleKeepsItsTaskFromRunning,
-                            ARepeatingTimerMayEndItselfFromItsOwnTask,
-                            AQueueKeepsItsOrderAndIsNotTheMainThread);
+TEST_P(SchedulerContract, HandlesMayOutliveTheScheduler) {
+    Handle once = scheduler_.after(60, note("never"));
+    Handle again = scheduler_.every(60, note("never"));
+    world_.reset();
+    once.reset();
+    again.reset();
+    EXPECT_TRUE(ran_.empty());
+}
 
 } // namespace larkspan::contract

@@ -1,19 +1,121 @@
+#include "platform/contract/AccessibilityContract.h"
+#include "platform/contract/DockPreferencesContract.h"
 #include "platform/contract/SchedulerContract.h"
-#include "platform/sim/VirtualScheduler.h"
+#include "platform/contract/ScreensContract.h"
+#include "platform/contract/ShellContract.h"
+#include "platform/contract/UserDefaultsContract.h"
+#include "platform/contract/WindowServerContract.h"
+#include "platform/contract/WorkspaceContract.h"
+#include "platform/sim/SimDesktopWorld.h"
+
+// The simulated Mac keeps every promise that the adapters of real desktops keep.
 
 namespace larkspan::contract {
 namespace {
 
-class VirtualAdapter {
+class VirtualSchedulerWorld : public SchedulerWorld {
   public:
-    Scheduler& scheduler() { return scheduler_; }
-    void run(double seconds) { scheduler_.runFor(seconds); }
+    Scheduler& scheduler() override { return scheduler_; }
+    bool runUntil(const std::function<bool()>& condition) override {
+        for (int milliseconds = 0; milliseconds < 10'000 && !condition(); ++milliseconds)
+            scheduler_.runFor(0.001);
+        return condition();
+    }
 
   private:
     sim::VirtualScheduler scheduler_;
 };
 
-INSTANTIATE_TYPED_TEST_SUITE_P(Virtual, SchedulerContract, VirtualAdapter);
+class SimUserDefaultsWorld : public UserDefaultsWorld {
+  public:
+    UserDefaults& defaults() override { return defaults_; }
+    void killAndRestart() override { defaults_.loseUnsynchronized(); }
+    void breakStorage() override { defaults_.diskIsFull = true; }
+
+  private:
+    sim::SimUserDefaults defaults_;
+};
+
+class SimDockPreferencesWorld : public DockPreferencesWorld {
+  public:
+    SimDockPreferencesWorld() { mac_.setAnnouncesChanges(true); }
+    DockPreferences& preferences() override { return mac_.platform().dockPreferences; }
+    std::optional<PropertyValue> readElsewhere(const std::string& key) override {
+        const auto found = mac_.world().dockPreferences.find(key);
+        if (found == mac_.world().dockPreferences.end()) return std::nullopt;
+        return found->second;
+    }
+    void writeElsewhere(const std::string& key, const PropertyValue& value) override {
+        mac_.world().dockPreferences[key] = value;
+        mac_.scheduler.post([this] { mac_.world().dockPreferencesChanged.emit(); });
+    }
+    bool runUntil(const std::function<bool()>& condition) override {
+        mac_.scheduler.runUntilIdle();
+        return condition();
+    }
+
+  private:
+    sim::SimMac mac_;
+};
+
+class SimTrashWorld : public TrashWorld {
+  public:
+    SimTrashWorld() { mac_.setAnnouncesChanges(true); }
+    TrashFolder& trash() override { return mac_.trash; }
+    void throwAway(const std::string& name) override {
+        if (name == ".DS_Store") mac_.world().trashHoldsDesktopServicesFile = true;
+        mac_.setTrash(mac_.world().trashEntries.value_or(0) + 1);
+    }
+    void empty() override {
+        mac_.world().trashHoldsDesktopServicesFile = false;
+        mac_.setTrash(0);
+    }
+    void makeUnreadable() override { mac_.setTrash(std::nullopt); }
+    std::size_t opened() override { return mac_.world().opened.size(); }
+    bool runUntil(const std::function<bool()>& condition) override {
+        mac_.scheduler.runUntilIdle();
+        return condition();
+    }
+
+  private:
+    sim::SimMac mac_;
+};
+
+class SimLoginItemWorld : public LoginItemWorld {
+  public:
+    LoginItem& item() override { return item_; }
+    void switchOff() override { item_.current = LoginItem::Status::requiresApproval; }
+    void refuse() override { item_.refuses = true; }
+
+  private:
+    sim::SimLoginItem item_;
+};
+
+const auto byName = testing::PrintToStringParamName();
+
+INSTANTIATE_TEST_SUITE_P(
+    Simulated, SchedulerContract,
+    testing::Values(adapter<SchedulerWorld, VirtualSchedulerWorld>("VirtualScheduler")), byName);
+INSTANTIATE_TEST_SUITE_P(
+    Simulated, UserDefaultsContract,
+    testing::Values(adapter<UserDefaultsWorld, SimUserDefaultsWorld>("SimUserDefaults")), byName);
+INSTANTIATE_TEST_SUITE_P(
+    Simulated, DockPreferencesContract,
+    testing::Values(adapter<DockPreferencesWorld, SimDockPreferencesWorld>("SimDockPreferences")),
+    byName);
+INSTANTIATE_TEST_SUITE_P(Simulated, TrashContract,
+                         testing::Values(adapter<TrashWorld, SimTrashWorld>("SimTrash")), byName);
+INSTANTIATE_TEST_SUITE_P(
+    Simulated, LoginItemContract,
+    testing::Values(adapter<LoginItemWorld, SimLoginItemWorld>("SimLoginItem")), byName);
+
+// As a Mac is, which has to be polled, and telling of changes by itself.
+const auto desktops = testing::Values(adapter<DesktopWorld, SimDesktopWorld, false>("PolledMac"),
+                                      adapter<DesktopWorld, SimDesktopWorld, true>("TellingMac"));
+INSTANTIATE_TEST_SUITE_P(Simulated, ScreensContract, desktops, byName);
+INSTANTIATE_TEST_SUITE_P(Simulated, WindowServerContract, desktops, byName);
+INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, desktops, byName);
+INSTANTIATE_TEST_SUITE_P(Simulated, AccessibilityContract, desktops, byName);
 
 } // namespace
 } // namespace larkspan::contract

@@ -17,7 +17,7 @@ const std::map<std::string, std::string> installed{
 
 } // namespace
 
-class ApplicationsTest : public ManagedDesktopTest {
+class ApplicationsTest : public testing::Test {
   protected:
     std::vector<std::string> runningIdentifiers() const {
         std::vector<std::string> identifiers;
@@ -27,8 +27,8 @@ class ApplicationsTest : public ManagedDesktopTest {
     }
     ProcessId owner(WindowId window) const { return desktop.entry(window)->ownerPID.value_or(0); }
 
-    DesktopUnderTest desktop{server->display(), installed};
-    TestClient client{server->display()};
+    DesktopUnderTest desktop{ManagedServer::display(), installed};
+    TestClient client{ManagedServer::display()};
 };
 
 TEST_F(ApplicationsTest, WindowsFindTheirDesktopEntryAndShareIt) {
@@ -159,7 +159,7 @@ TEST_F(ApplicationsTest, FailedLaunchIsReportedAndLeavesNothingBehind) {
 }
 
 TEST_F(ApplicationsTest, QuittingClosesTheWindowsAndForcingKillsTheProcess) {
-    auto dying = std::make_unique<TestClient>(server->display());
+    auto dying = std::make_unique<TestClient>(ManagedServer::display());
     const auto window = dying->open({.className = "Closing"});
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
     ASSERT_TRUE(desktop.applications().terminate(owner(window)));

@@ -109,23 +109,34 @@ class DesktopUnderTest {
     std::string display_;
 };
 
-/// Tests that share one X server with a window manager of two desktops.
-class ManagedDesktopTest : public testing::Test {
-  protected:
-    static void SetUpTestSuite() {
-        server = std::make_unique<PrivateServer>();
-        server->startManager();
+/// The X server, with a window manager of two desktops, that every test needing one shares.
+class ManagedServer : public testing::Environment {
+  public:
+    /// Started when it is first asked for.
+    static const std::string& display() {
+        if (!server_) start();
+        return server_->display();
+    }
+    void TearDown() override { server_.reset(); }
+
+  private:
+    static void start() {
+        server_ = std::make_unique<PrivateServer>();
+        server_->startManager();
         // Asked for again and again: the manager throws away what reaches it while it starts.
-        TestClient pager(server->display());
-        ASSERT_TRUE(qt::runUntil([&] {
+        qt::testApplication();
+        TestClient pager(server_->display());
+        EXPECT_TRUE(qt::runUntil([&] {
             pager.ask(pager.root(), "_NET_NUMBER_OF_DESKTOPS", {2});
             return pager.numbers(pager.root(), "_NET_NUMBER_OF_DESKTOPS") ==
                    std::vector<std::uint32_t>{2};
         }));
     }
-    static void TearDownTestSuite() { server.reset(); }
 
-    static inline std::unique_ptr<PrivateServer> server;
+    static inline std::unique_ptr<PrivateServer> server_;
 };
+
+inline const testing::Environment* const managedServer =
+    testing::AddGlobalTestEnvironment(new ManagedServer);
 
 } // namespace larkspan::x11

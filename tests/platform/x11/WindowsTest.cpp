@@ -4,7 +4,7 @@ namespace larkspan::x11 {
 
 using qt::runUntil;
 
-class WindowsTest : public ManagedDesktopTest {
+class WindowsTest : public testing::Test {
   protected:
     SpaceId space(std::size_t number) const {
         return desktop.server().managedDisplaySpaces()->at(0).spaces.at(number).id64.value();
@@ -13,8 +13,8 @@ class WindowsTest : public ManagedDesktopTest {
         return desktop.server().managedDisplaySpaces()->at(0).currentSpace->id64.value();
     }
 
-    DesktopUnderTest desktop{server->display()};
-    TestClient client{server->display()};
+    DesktopUnderTest desktop{ManagedServer::display()};
+    TestClient client{ManagedServer::display()};
 };
 
 TEST_F(WindowsTest, WindowIsListedFromItsMapToItsWithdrawal) {
@@ -34,7 +34,7 @@ TEST_F(WindowsTest, WindowIsListedFromItsMapToItsWithdrawal) {
 TEST_F(WindowsTest, WindowsThatWereThereBeforeAreRead) {
     const auto window = client.open({.title = "Earlier"});
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
-    const DesktopUnderTest later(server->display());
+    const DesktopUnderTest later(ManagedServer::display());
     EXPECT_EQ(later.title(window), "Earlier");
     EXPECT_TRUE(later.isOnScreen(window));
 }
@@ -164,7 +164,7 @@ TEST_F(WindowsTest, TitlesOfEveryEncodingAreReadAndFollowed) {
 
 TEST_F(WindowsTest, ClientsThatDieWhileTheyAreReadAreJustGone) {
     for (int round = 0; round < 20; ++round) {
-        TestClient shortLived(server->display());
+        TestClient shortLived(ManagedServer::display());
         const auto window = shortLived.open({.className = "Gone"});
         shortLived.setText(window, "_NET_WM_NAME", "UTF8_STRING", "Late title");
         if (round % 2) desktop.scheduler.post([] {});

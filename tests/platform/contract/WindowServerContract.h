@@ -1,0 +1,174 @@
+#pragma once
+
+#include "platform/contract/DesktopWorld.h"
+
+#include <gmock/gmock.h>
+#include <set>
+
+namespace larkspan::contract {
+
+/// What every window server must do.
+class WindowServerContract : public DesktopContract {
+  protected:
+    SpaceId space(std::size_t number) const {
+        return server_.managedDisplaySpaces()->at(0).spaces.at(number).id64.value();
+    }
+    bool isOnSpace(WindowId window, std::size_t number) const {
+        const auto windows = *server_.windowsOfSpace(space(number));
+        return std::count(windows.begin(), windows.end(), window) == 1;
+    }
+
+    WindowServer& server_ = platform_.windowServer;
+};
+
+TEST_P(WindowServerContract, AnEntrySaysWhatTheWindowIs) {
+    const auto window = world_->openWindow("writer", {.title = "Letter"});
+    const auto found = *entry(window);
+    EXPECT_EQ(found.layer, 0);
+    EXPECT_EQ(found.alpha, 1.0);
+    EXPECT_EQ(found.name, "Letter");
+    EXPECT_EQ(found.ownerPID, running("writer")->pid);
+    const Rect screen = platform_.screens.screens().front().bounds;
+    EXPECT_TRUE(screen.contains({found.bounds->x, found.bounds->y}));
+    EXPECT_GT(found.bounds->area(), 0);
+    world_->setTitle(window, "Second letter");
+    EXPECT_TRUE(runUntil([&] { return entry(window)->name == "Second letter"; }));
+}
+
+TEST_P(WindowServerContract, NumbersAreUniqueAndOrdinaryWindowsBelongToRunningApps) {
+    world_->openWindow("writer");
+    world_->openWindow("writer");
+    world_->openWindow("painter");
+    std::set<ProcessId> pids;
+    for (const auto& app : platform_.workspace.runningApplications())
+        pids.insert(app.pid);
+    std::set<WindowId> numbers;
+    const auto list = *server_.windowList(WindowListOption::all);
+    for (const auto& each : list) {
+        EXPECT_TRUE(numbers.insert(each.number.value_or(0)).second) << each.number.value_or(0);
+        if (each.layer == 0) {
+            EXPECT_TRUE(pids.contains(each.ownerPID.value_or(0)));
+        }
+    }
+    EXPECT_FALSE(numbers.contains(0)) << "0 is no window";
+}
+
+TEST_P(WindowServerContract, TheListRunsFrontToBackWhateverIsAskedFor) {
+    const auto first = world_->openWindow("writer");
+    const auto second = world_->openWindow("painter");
+    const auto third = world_->openWindow("painter");
+    const std::vector<WindowId> all{first, second, third};
+    EXPECT_THAT(ordered(all), testing::ElementsAre(third, second, first));
+    platform_.applications.activate(owner(first));
+    ASSERT_TRUE(runUntil([&] { return ordered(all).front() == first; }));
+    EXPECT_THAT(ordered(all), testing::ElementsAre(first, third, second));
+    for (const auto option : {WindowListOption::onScreenOnly | WindowListOption::all,
+                              WindowListOption::excludeDesktopElements | 0U})
+        EXPECT_THAT(ordered(all, option), testing::ElementsAre(first, third, second)) << option;
+}
+
+TEST_P(WindowServerContract, AMinimisedWindowStaysListedYetIsOnNoScreenAndNoSpace) {
+    const auto shown = world_->openWindow("writer");
+    const auto window = world_->openWindow("writer");
+    world_->minimize(window);
+    ASSERT_TRUE(runUntil([&] { return !isOnScreen(window); }));
+    EXPECT_TRUE(entry(window));
+    EXPECT_FALSE(entry(window, WindowListOption::onScreenOnly));
+    EXPECT_FALSE(isOnSpace(window, 0));
+    EXPECT_FALSE(isOnSpace(window, 1));
+    EXPECT_TRUE(isOnScreen(shown));
+    EXPECT_TRUE(isOnSpace(shown, 0));
+}
+
+TEST_P(WindowServerContract, AWindowOfAnotherSpaceIsListedButNotOnScreen) {
+    const auto window = world_->openWindow("writer");
+    world_->moveToSpace(window, 1);
+    ASSERT_TRUE(runUntil([&] { return isOnSpace(window, 1) && !isOnScreen(window); }));
+    EXPECT_FALSE(isOnSpace(window, 0));
+    EXPECT_FALSE(entry(window, WindowListOption::onScreenOnly));
+
+    world_->showSpace(1);
+    EXPECT_TRUE(runUntil([&] {
+        return isOnScreen(window) &&
+               server_.managedDisplaySpaces()->at(0).currentSpace->id64 == space(1);
+    }));
+    world_->showSpace(0);
+    EXPECT_TRUE(runUntil([&] {
+        return !isOnScreen(window) &&
+               server_.managedDisplaySpaces()->at(0).currentSpace->id64 == space(0);
+    }));
+}
+
+TEST_P(WindowServerContract, AWindowOfEverySpaceIsOnEachOfThem) {
+    const auto window = world_->openWindow("writer");
+    world_->moveToSpace(window, std::nullopt);
+    EXPECT_TRUE(runUntil([&] { return isOnSpace(window, 0) && isOnSpace(window, 1); }));
+    EXPECT_TRUE(isOnScreen(window));
+}
+
+TEST_P(WindowServerContract, AClosedWindowIsNowhere) {
+    const auto window = world_->openWindow("writer");
+    const auto other = world_->openWindow("painter");
+    world_->closeWindow(window);
+    ASSERT_TRUE(runUntil([&] { return !entry(window); }));
+    EXPECT_FALSE(isOnSpace(window, 0));
+    EXPECT_TRUE(isOnScreen(other));
+}
+
+TEST_P(WindowServerContract, DisplaysAreTheScreensAndEachShowsOneOfItsSpaces) {
+    const auto displays = *server_.managedDisplaySpaces();
+    const auto screens = platform_.screens.screens();
+    ASSERT_EQ(displays.size(), screens.size());
+    std::set<SpaceId> spaces;
+    for (std::size_t i = 0; i < displays.size(); ++i) {
+        EXPECT_EQ(displays[i].displayIdentifier, screens[i].displayIdentifier);
+        for (const auto& each : displays[i].spaces)
+            EXPECT_TRUE(spaces.insert(each.id64.value()).second);
+        const auto& own = displays[i].spaces;
+        EXPECT_EQ(std::count(own.begin(), own.end(), displays[i].currentSpace), 1);
+    }
+    EXPECT_EQ(spaces.size(), 2U);
+}
+
+TEST_P(WindowServerContract, EveryKindOfChangeIsToldWhereThatIsPromised) {
+    if (!server_.abilities().announcesChanges) GTEST_SKIP() << "has to be polled";
+    const auto below = world_->openWindow("painter");
+    const auto window = world_->openWindow("writer");
+    // Looks only when told, so that a change that is not told is never seen.
+    std::function<bool()> condition = [] { return false; };
+    bool wasSeen = false;
+    int toldAfterItsEnd = 0;
+    const Handle subscription = server_.subscribe([&] { wasSeen = wasSeen || condition(); });
+    Handle ended = server_.subscribe([&] { ++toldAfterItsEnd; });
+    ended.reset();
+    const auto isTold = [&](const std::string& what, const std::function<void()>& change,
+                            std::function<bool()> effect) {
+        wasSeen = false;
+        condition = std::move(effect);
+        change();
+        EXPECT_TRUE(runUntil([&] { return wasSeen; })) << what;
+    };
+    isTold(
+        "title", [&] { world_->setTitle(window, "New"); },
+        [&] { return entry(window)->name == "New"; });
+    isTold(
+        "order", [&] { platform_.applications.activate(owner(below)); },
+        [&] {
+            return ordered({below, window}).front() == below;
+        });
+    isTold(
+        "minimised", [&] { world_->minimize(window); }, [&] { return !isOnScreen(window); });
+    isTold(
+        "Space", [&] { world_->moveToSpace(below, 1); },
+        [&] { return isOnSpace(below, 1) && !isOnSpace(below, 0); });
+    isTold(
+        "Space shown", [&] { world_->showSpace(1); }, [&] { return isOnScreen(below); });
+    isTold(
+        "closed", [&] { world_->closeWindow(below); }, [&] { return !entry(below); });
+    EXPECT_EQ(toldAfterItsEnd, 0);
+    world_->showSpace(0);
+    EXPECT_TRUE(runUntil(
+        [&] { return server_.managedDisplaySpaces()->at(0).currentSpace->id64 == space(0); }));
+}
+
+} // namespace larkspan::contract

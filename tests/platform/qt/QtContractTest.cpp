@@ -1,0 +1,54 @@
+#include "platform/contract/SchedulerContract.h"
+#include "platform/contract/UserDefaultsContract.h"
+#include "platform/qt/DefaultsFile.h"
+#include "platform/qt/QtScheduler.h"
+#include "platform/qt/RunLoop.h"
+#include "platform/qt/TemporaryFolder.h"
+
+#include <filesystem>
+#include <optional>
+
+namespace larkspan::contract {
+namespace {
+
+class QtSchedulerWorld : public SchedulerWorld {
+  public:
+    Scheduler& scheduler() override { return scheduler_; }
+    bool runUntil(const std::function<bool()>& condition) override {
+        return qt::runUntil(condition);
+    }
+
+  private:
+    QCoreApplication& application_ = qt::testApplication();
+    qt::QtScheduler scheduler_;
+};
+
+class DefaultsFileWorld : public UserDefaultsWorld {
+  public:
+    DefaultsFileWorld() { killAndRestart(); }
+    UserDefaults& defaults() override { return *defaults_; }
+    void killAndRestart() override {
+        defaults_.emplace(folder_.path("larkspan/settings.json"), [](const std::string&) {});
+    }
+    // A file stands where its folder should be.
+    void breakStorage() override {
+        std::filesystem::remove_all(folder_.path("larkspan"));
+        folder_.write("larkspan", "");
+    }
+
+  private:
+    TemporaryFolder folder_;
+    std::optional<qt::DefaultsFile> defaults_;
+};
+
+const auto byName = testing::PrintToStringParamName();
+
+INSTANTIATE_TEST_SUITE_P(Qt, SchedulerContract,
+                         testing::Values(adapter<SchedulerWorld, QtSchedulerWorld>("QtScheduler")),
+                         byName);
+INSTANTIATE_TEST_SUITE_P(
+    Qt, UserDefaultsContract,
+    testing::Values(adapter<UserDefaultsWorld, DefaultsFileWorld>("DefaultsFile")), byName);
+
+} // namespace
+} // namespace larkspan::contract

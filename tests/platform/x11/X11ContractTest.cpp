@@ -1,0 +1,21 @@
+#include "platform/contract/AccessibilityContract.h"
+#include "platform/contract/ScreensContract.h"
+#include "platform/contract/WindowServerContract.h"
+#include "platform/contract/WorkspaceContract.h"
+#include "platform/x11/X11DesktopWorld.h"
+
+// A real X11 desktop keeps every promise that the simulated Mac keeps.
+
+namespace larkspan::contract {
+namespace {
+
+const auto desktop = testing::Values(adapter<DesktopWorld, X11DesktopWorld>("X11Desktop"));
+const auto byName = testing::PrintToStringParamName();
+
+INSTANTIATE_TEST_SUITE_P(X11, ScreensContract, desktop, byName);
+INSTANTIATE_TEST_SUITE_P(X11, WindowServerContract, desktop, byName);
+INSTANTIATE_TEST_SUITE_P(X11, WorkspaceContract, desktop, byName);
+INSTANTIATE_TEST_SUITE_P(X11, AccessibilityContract, desktop, byName);
+
+} // namespace
+} // namespace larkspan::contract
