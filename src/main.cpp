@@ -1,4 +1,5 @@
 #include "app/AppDelegate.h"
+#include "app/BarMenu.h"
 #include "app/CommandLine.h"
 #include "app/Control.h"
 #include "platform/qt/ControlSocket.h"
@@ -140,7 +141,7 @@ class Program {
             return std::make_unique<ui::QuickBarPanels>(
                 controller.store(), controller.look(), controller.click(), controller.itemMenu(),
                 controller.refresh(), controller.trash(), desktop.panelDressing(),
-                desktop.desktopPicture());
+                desktop.desktopPicture(), [&controller] { return barMenu(controller); });
         });
         auto& log = delegate.controller().log();
         if (isLogged_) logToTerminal(log);

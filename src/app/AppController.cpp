@@ -120,8 +120,13 @@ BarController& AppController::makeBars() {
         bars_ = std::make_unique<BarController>(store_, platform_.screens, platform_.coreDock,
                                                 *barPanels_, log_, wantedBarHeight());
         bars_->fullScreenChanged(store_.fullScreen);
+        keyboardEntry_ = std::make_unique<KeyboardEntry>(platform_.scheduler, store_, *bars_, log_);
     }
     return *bars_;
+}
+
+bool AppController::focusBar() {
+    return keyboardEntry_ && keyboardEntry_->begin();
 }
 
 void AppController::setBarHeight(std::optional<double> height) {

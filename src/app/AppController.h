@@ -4,6 +4,7 @@
 #include "app/BarSettings.h"
 #include "app/PermissionsWindow.h"
 #include "bar/BarController.h"
+#include "bar/KeyboardEntry.h"
 #include "diagnostics/DiagnosticsLog.h"
 #include "dock/DockFitting.h"
 #include "model/DockStore.h"
@@ -48,6 +49,9 @@ class AppController {
     /// strip follow at once.
     void setBarHeight(std::optional<double> height);
 
+    /// Brings the keyboard onto the bar of the display in use; false when no bar is shown.
+    bool focusBar();
+
     /// Opens the program at login, or no longer does; where the system refuses, its own settings
     /// are shown instead.
     void toggleLoginItem();
@@ -89,6 +93,7 @@ class AppController {
     ItemMenu itemMenu_;
     std::unique_ptr<BarPanels> barPanels_;
     std::unique_ptr<BarController> bars_;
+    std::unique_ptr<KeyboardEntry> keyboardEntry_;
     /// Present only while the system Dock is in use.
     Handle statusItem_;
     std::unique_ptr<DockFitting> fitting_;

@@ -99,6 +99,7 @@ commands:
   state                     what shows on the bars, as JSON
   mode [vantrel|systemDock] which of the two modes is in use, or change it
   click ID                  a click on the item with that id
+  focus                     bring the keyboard onto the bar: arrows, Return, Escape
   keep ID, remove ID        keep an app on the bar, or no longer
   get [KEY]                 a setting, or all of them
   set KEY VALUE             change a setting

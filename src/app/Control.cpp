@@ -91,6 +91,7 @@ const std::vector<Control::Command>& Control::commands() {
         {"state", "", 0, 0, &Control::state},
         {"mode", "[vantrel|systemDock]", 0, 1, &Control::mode},
         {"click", "ID", 1, 1, &Control::click},
+        {"focus", "", 0, 0, &Control::focus},
         {"get", "[KEY]", 0, 1, &Control::get},
         {"set", "KEY VALUE", 2, 2, &Control::set},
         {"reset-appearance", "", 0, 0, &Control::resetAppearance},
@@ -161,6 +162,12 @@ ControlAnswer Control::click(const Words& words) {
     const auto frame = barFrame(controller_.bars(), tile.group);
     controller_.click().click(item, group ? &*group : nullptr, frame);
     return {};
+}
+
+ControlAnswer Control::focus(const Words&) {
+    return controller_.focusBar()
+               ? ControlAnswer{}
+               : ControlAnswer{senseless, "no bar is shown that could take the keyboard"};
 }
 
 ControlAnswer Control::get(const Words& words) {

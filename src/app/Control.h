@@ -45,6 +45,7 @@ class Control {
     ControlAnswer state(const std::vector<std::string>& words);
     ControlAnswer mode(const std::vector<std::string>& words);
     ControlAnswer click(const std::vector<std::string>& words);
+    ControlAnswer focus(const std::vector<std::string>& words);
     ControlAnswer get(const std::vector<std::string>& words);
     ControlAnswer set(const std::vector<std::string>& words);
     ControlAnswer resetAppearance(const std::vector<std::string>& words);

@@ -17,6 +17,9 @@ class BarPanel {
     /// Shows the panel without taking the focus.
     virtual void orderIn() = 0;
     virtual void orderOut() = 0;
+    /// Lets the user walk over the tiles with the keyboard until a tile is chosen or the bar is
+    /// left. False while another program holds the keyboard.
+    virtual bool takeKeyboard() = 0;
     /// The frame of what is visible of the bar (for an island, the island alone), in screen
     /// coordinates.
     virtual Rect barFrame() const = 0;

@@ -14,6 +14,16 @@ Item {
         scene: bar.scene
     }
 
+    MouseArea {
+        id: emptyGlass
+
+        x: bar.scene.glass.x
+        width: bar.scene.glass.width
+        height: bar.height
+        acceptedButtons: Qt.RightButton
+        onPressed: event => bar.scene.barMenuRequested(emptyGlass.x + event.x)
+    }
+
     Item {
         id: view
 

@@ -249,6 +249,9 @@ bool BarScene::pressKey(int key, const QString& text) {
     case Qt::Key_Space:
         Q_EMIT menuRequested(litTile_);
         return true;
+    case Qt::Key_Down:
+        Q_EMIT barMenuRequested(tileFrame(litTile_).center().x());
+        return true;
     case Qt::Key_Escape:
         Q_EMIT keyboardLeft();
         return true;

@@ -123,6 +123,8 @@ class BarScene : public QObject {
     void litTileChanged();
     void tileClicked(int index);
     void menuRequested(int index);
+    /// The menu of the bar itself, above this place of the panel.
+    void barMenuRequested(double x);
     void pointerInsideChanged(bool isInside);
     void keyboardLeft();
 

@@ -8,12 +8,22 @@ BarWindow::BarWindow() {
     setTitle("Larkspan");
 }
 
-void BarWindow::takeKeyboard() {
-    setKeyboardGrabEnabled(true);
+bool BarWindow::takeKeyboard() {
+    if (!setKeyboardGrabEnabled(true)) return false;
+    setMouseGrabEnabled(true);
+    return true;
 }
+
 void BarWindow::releaseKeyboard() {
+    setMouseGrabEnabled(false);
     setKeyboardGrabEnabled(false);
 }
+
+void BarWindow::mousePressEvent(QMouseEvent* event) {
+    Q_EMIT pressed();
+    QQuickWindow::mousePressEvent(event);
+}
+
 void BarWindow::keyPressEvent(QKeyEvent* event) {
     Q_EMIT keyPressed(event);
 }

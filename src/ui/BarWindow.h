@@ -11,14 +11,18 @@ class BarWindow : public QQuickWindow {
   public:
     BarWindow();
 
-    void takeKeyboard();
+    /// Takes the keyboard, and the pointer so that a click elsewhere is noticed; false while
+    /// another program holds the keyboard.
+    bool takeKeyboard();
     void releaseKeyboard();
 
   Q_SIGNALS:
     void keyPressed(QKeyEvent* event);
+    void pressed();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
 };
 
 } // namespace larkspan::ui

@@ -28,9 +28,13 @@ bool isOn(const QSettings& settings, const char* key, bool otherwise) {
 
 } // namespace
 
+QString desktopSettingsFile(const QString& configFolder) {
+    return configFolder + "/gtk-3.0/settings.ini";
+}
+
 Appearance::Values desktopAppearance(const QString& configFolder) {
     Appearance::Values values{.isDark = hasDarkPalette()};
-    const QString file = configFolder + "/gtk-3.0/settings.ini";
+    const QString file = desktopSettingsFile(configFolder);
     if (!QFile::exists(file)) return values;
     QSettings settings(file, QSettings::IniFormat);
     settings.beginGroup("Settings");

@@ -72,6 +72,7 @@ void MenuWindow::choose(int row) {
     if (!lines_.canChoose(row)) return;
     // A copy: the action may open the menu anew.
     const auto action = lines_.item(row).action;
+    Q_EMIT chosen();
     hide();
     if (action) action();
 }

@@ -33,9 +33,12 @@ class MenuWindow : public QQuickWindow {
     int current() const { return current_; }
     void setCurrent(int row);
     Q_INVOKABLE void choose(int row);
+    /// For a menu that was opened by a key.
+    void lightFirst() { setCurrent(lines_.nextChoice(-1, 1)); }
 
   Q_SIGNALS:
     void currentChanged();
+    void chosen();
     void closed();
 
   protected:

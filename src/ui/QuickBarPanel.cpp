@@ -49,6 +49,8 @@ QuickBarPanel::QuickBarPanel(Views& views, std::unique_ptr<BarScene> scene, BarL
     connect(&window_, &BarWindow::keyPressed, this, [this](QKeyEvent* event) {
         event->setAccepted(scene_->pressKey(event->key(), event->text()));
     });
+    connect(&window_, &BarWindow::pressed, this, &QuickBarPanel::leaveKeyboard);
+    connect(scene_.get(), &BarScene::keyboardLeft, this, &QuickBarPanel::leaveKeyboard);
 }
 
 QuickBarPanel::~QuickBarPanel() {
@@ -84,8 +86,21 @@ void QuickBarPanel::orderIn() {
 void QuickBarPanel::orderOut() {
     if (!isShown_) return;
     isShown_ = false;
+    leaveKeyboard();
     window_.hide();
     updateStrip();
+}
+
+bool QuickBarPanel::takeKeyboard() {
+    if (!isShown_ || !window_.takeKeyboard()) return false;
+    scene_->setKeyboard(true);
+    return true;
+}
+
+void QuickBarPanel::leaveKeyboard() {
+    if (!scene_->hasKeyboard()) return;
+    scene_->setKeyboard(false);
+    window_.releaseKeyboard();
 }
 
 void QuickBarPanel::updateStrip() {
@@ -99,9 +114,13 @@ Rect QuickBarPanel::barFrame() const {
 }
 
 QRectF QuickBarPanel::tileOnDesktop(int index) const {
+    return placeOnDesktop(scene_->tileFrame(index));
+}
+
+QRectF QuickBarPanel::placeOnDesktop(const QRectF& place) const {
     // Not the window's own position: a window manager that puts it into a frame makes that
     // relative.
-    return scene_->tileFrame(index).translated(area_.left(), area_.bottom() + 1 - height_);
+    return place.translated(area_.left(), area_.bottom() + 1 - height_);
 }
 
 Rect QuickBarPanel::tileOnScreen(int index) const {

@@ -25,13 +25,17 @@ class QuickBarPanel final : public QObject, public BarPanel {
     void place(const Screen& screen, double height) override;
     void orderIn() override;
     void orderOut() override;
+    bool takeKeyboard() override;
     Rect barFrame() const override;
+
+    void leaveKeyboard();
 
     BarScene& scene() { return *scene_; }
     BarWindow& window() { return window_; }
     const Screen& screen() const { return screen_; }
     /// A tile's frame in the coordinates of the toolkit's windows, and in screen coordinates.
     QRectF tileOnDesktop(int index) const;
+    QRectF placeOnDesktop(const QRectF& place) const;
     Rect tileOnScreen(int index) const;
     QRectF screenOnDesktop() const { return area_; }
 

@@ -1,22 +1,23 @@
 #include "ui/QuickBarPanels.h"
 
-#include "ui/DesktopAppearance.h"
-
 #include <QStandardPaths>
+
+#include <utility>
 
 namespace larkspan::ui {
 
 QuickBarPanels::QuickBarPanels(DockStore& store, BarLook& look, IconClick& click,
                                const ItemMenu& menu, WindowRefresh& refresh, TrashFolder& trash,
-                               PanelDressing& dressing, DesktopPicture& desktop)
+                               PanelDressing& dressing, DesktopPicture& desktop,
+                               std::function<Menu()> barMenu)
     : store_(store)
     , look_(look)
     , dressing_(dressing)
     , desktop_(desktop)
-    , actions_(store, click, menu, refresh, trash) {
-    appearance_.set(
-        desktopAppearance(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)));
-}
+    , barMenu_(std::move(barMenu))
+    , actions_(store, click, menu, refresh, trash)
+    , appearanceWatch_(appearance_,
+                       QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)) {}
 
 std::unique_ptr<BarPanel> QuickBarPanels::makePanel(const Screen&) {
     auto scene = std::make_unique<BarScene>(store_, look_, appearance_, icons_);
@@ -35,15 +36,13 @@ void QuickBarPanels::connectPanel(QuickBarPanel& panel) {
         actions_.click(row, panel.tileOnScreen(index));
     });
     connect(&scene, &BarScene::menuRequested, this,
-            [this, &panel](int index) { openMenu(panel, index); });
+            [this, &panel](int index) { openTileMenu(panel, index); });
+    connect(&scene, &BarScene::barMenuRequested, this,
+            [this, &panel](double x) { openBarMenu(panel, x); });
     connect(&scene, &BarScene::litTileChanged, this, [this, &panel] { updateLabel(panel); });
     connect(&scene, &BarScene::pointerInsideChanged, this, [this](bool isInside) {
         isPointerOnBar_ = isInside;
         setPointer(isInside || isMenuOpen_);
-    });
-    connect(&scene, &BarScene::keyboardLeft, this, [&panel] {
-        panel.scene().setKeyboard(false);
-        panel.window().releaseKeyboard();
     });
 }
 
@@ -66,20 +65,38 @@ void QuickBarPanels::updateLabel(QuickBarPanel& panel) {
                       panel.tileOnDesktop(index), panel.screenOnDesktop(), desktop_.isComposited());
 }
 
-void QuickBarPanels::openMenu(QuickBarPanel& panel, int index) {
+void QuickBarPanels::openTileMenu(QuickBarPanel& panel, int index) {
+    openMenu(panel, actions_.menu(panel.scene().row(index), panel.tileOnScreen(index)),
+             panel.tileOnDesktop(index));
+}
+
+void QuickBarPanels::openBarMenu(QuickBarPanel& panel, double x) {
+    const QRectF glass = panel.scene().glass();
+    openMenu(panel, barMenu_(), panel.placeOnDesktop(QRectF(x, glass.top(), 0, glass.height())));
+}
+
+void QuickBarPanels::openMenu(QuickBarPanel& panel, const Menu& menu, const QRectF& anchor) {
     hideLabel();
-    const Menu menu = actions_.menu(panel.scene().row(index), panel.tileOnScreen(index));
     if (menu.empty()) return;
-    if (!menu_) {
-        menu_ = std::make_unique<MenuWindow>(views_, appearance_);
-        connect(menu_.get(), &MenuWindow::closed, this, [this] {
-            isMenuOpen_ = false;
-            setPointer(isPointerOnBar_);
-        });
-    }
+    if (!menu_) makeMenuWindow();
+    menuPanel_ = &panel;
     isMenuOpen_ = true;
     setPointer(true);
-    menu_->open(menu, panel.tileOnDesktop(index), panel.screenOnDesktop(), desktop_.isComposited());
+    menu_->open(menu, anchor, panel.screenOnDesktop(), desktop_.isComposited());
+    if (panel.scene().hasKeyboard()) menu_->lightFirst();
+}
+
+void QuickBarPanels::makeMenuWindow() {
+    menu_ = std::make_unique<MenuWindow>(views_, appearance_);
+    connect(menu_.get(), &MenuWindow::chosen, this, [this] {
+        if (menuPanel_) menuPanel_->leaveKeyboard();
+    });
+    connect(menu_.get(), &MenuWindow::closed, this, [this] {
+        isMenuOpen_ = false;
+        setPointer(isPointerOnBar_);
+        // The menu had the keyboard in the bar's place.
+        if (menuPanel_ && menuPanel_->scene().hasKeyboard()) menuPanel_->takeKeyboard();
+    });
 }
 
 } // namespace larkspan::ui

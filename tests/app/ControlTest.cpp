@@ -169,6 +169,15 @@ TEST_F(ControlTest, ModeReopenAndQuitReachTheProgram) {
     EXPECT_TRUE(mac.application.isTerminating);
 }
 
+TEST_F(ControlTest, FocusNeedsABarThatShows) {
+    launch();
+    app->takeCalls();
+    EXPECT_EQ(answer({"focus"}), ControlAnswer{});
+    EXPECT_THAT(app->takeCalls(), testing::ElementsAre("keyboard 1"));
+    answer({"mode", "systemDock"});
+    EXPECT_EQ(answer({"focus"}).code, 2);
+}
+
 TEST_F(ControlTest, LinesCarryRequestsAndAnswers) {
     launch();
     const auto line = Control::requestLine({"set", "tools", "a\nb \"c\""});

@@ -21,6 +21,8 @@ class RecordingPanels : public BarPanels {
     std::vector<std::string> takeCalls() { return std::exchange(calls, {}); }
 
     std::vector<std::string> calls;
+    /// Another program has the keyboard.
+    bool isKeyboardHeld = false;
 
   private:
     class Panel : public BarPanel {
@@ -36,6 +38,10 @@ class RecordingPanels : public BarPanels {
         }
         void orderIn() override { write("in"); }
         void orderOut() override { write("out"); }
+        bool takeKeyboard() override {
+            write("keyboard");
+            return !owner_.isKeyboardHeld;
+        }
         Rect barFrame() const override { return frame_; }
 
       private:

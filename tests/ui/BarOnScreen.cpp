@@ -1,12 +1,14 @@
 #include "ui/BarOnScreen.h"
 
+#include "app/BarMenu.h"
+
 #include <QCoreApplication>
 
 namespace larkspan::ui {
 
 BarOnScreen::Panels::Panels(AppController& app, PanelDressing& dressing, DesktopPicture& desktop)
     : views(app.store(), app.look(), app.click(), app.itemMenu(), app.refresh(), app.trash(),
-            dressing, desktop) {
+            dressing, desktop, [&app] { return barMenu(app); }) {
     // A picture is taken of what has come to rest, and nothing waits for it.
     views.appearance().set({.reducesMotion = true});
 }

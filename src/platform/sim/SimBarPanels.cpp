@@ -11,6 +11,7 @@ class Panel final : public BarPanel {
     }
     void orderIn() override {}
     void orderOut() override {}
+    bool takeKeyboard() override { return true; }
     Rect barFrame() const override { return frame_; }
 
   private:

@@ -43,6 +43,11 @@ void DemoBarPanel::orderOut() {
     root_->setVisible(false);
 }
 
+/// The demo's window has the keyboard for itself and hands it to no bar.
+bool DemoBarPanel::takeKeyboard() {
+    return false;
+}
+
 Rect DemoBarPanel::barFrame() const {
     const QRectF glass = scene_->glass();
     return {screen_.frame.x + glass.x(), screen_.frame.y + height_ - glass.bottom(), glass.width(),

@@ -23,6 +23,7 @@ class DemoBarPanel final : public QObject, public BarPanel {
     void place(const Screen& screen, double height) override;
     void orderIn() override;
     void orderOut() override;
+    bool takeKeyboard() override;
     Rect barFrame() const override;
 
     BarScene& scene() { return *scene_; }
