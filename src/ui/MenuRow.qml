@@ -21,7 +21,8 @@ Item {
 
     implicitWidth: isSeparator ? 0 : Math.min(label.implicitWidth, 340) + label.x + 14
     implicitHeight: isSeparator ? 9 : Math.round(label.implicitHeight + 9)
-    width: rowWidth
+    // At least its own width: the menu measures its lines before it has a width itself.
+    width: Math.max(implicitWidth, rowWidth)
 
     Rectangle {
         visible: row.isSeparator || row.isCurrent

@@ -31,6 +31,8 @@ MenuWindow::~MenuWindow() {
 
 void MenuWindow::open(const Menu& menu, const QRectF& anchor, const QRectF& screen,
                       bool isTranslucent) {
+    // No wider than its lines from here on: the last menu may have been.
+    root_->setSize(QSizeF());
     lines_.setMenu(menu);
     setCurrent(-1);
     // The lines are put below each other only now, and how high they are is needed first.

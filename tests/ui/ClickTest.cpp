@@ -1,6 +1,7 @@
 #include "ui/BarOnScreen.h"
 
 #include <QGuiApplication>
+#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -42,6 +43,30 @@ TEST(Click, NextToTheTilesDoesNothing) {
     QTest::mouseClick(&bar.panel().window(), Qt::LeftButton, {}, QPoint(3, 3));
     bar.settle();
     EXPECT_EQ(bar.mac.frontmost(), bar.mac.pidOf("com.example.Notes"));
+}
+
+TEST(Click, OfTheOtherButtonBesideTheTilesOpensTheBarsMenu) {
+    BarOnScreen bar;
+    bar.openApps({"Mail"});
+    bar.start();
+    BarScene& scene = bar.scene();
+    QSignalSpy barMenu(&scene, &BarScene::barMenuRequested);
+    QSignalSpy tileMenu(&scene, &BarScene::menuRequested);
+    const auto click = [&bar](double x) {
+        QTest::mouseClick(&bar.panel().window(), Qt::RightButton, {}, QPoint(qRound(x), 40));
+    };
+    const double divider =
+        scene.viewX() +
+        scene.marks()->data(scene.marks()->index(0), MarkModel::SlotXRole).toDouble();
+    click(divider);
+    click(scene.glass().left() + 4);
+    EXPECT_EQ(barMenu.count(), 2);
+    EXPECT_EQ(tileMenu.count(), 0);
+    EXPECT_EQ(barMenu.at(0).at(0).toDouble(), qRound(divider));
+    click(scene.tileFrame(0).center().x());
+    click(scene.glass().left() - 40);
+    EXPECT_EQ(barMenu.count(), 2);
+    EXPECT_EQ(tileMenu.count(), 1);
 }
 
 TEST(Keyboard, WalksOverTheTilesAndOpensOne) {
