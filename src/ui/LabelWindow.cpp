@@ -35,6 +35,7 @@ void LabelWindow::showAbove(const QString& text, const QRectF& anchor, const QRe
                                 std::max(screen.left() + 2, screen.right() - 2 - size.width()));
     const QPointF place(std::round(x), std::round(anchor.top() - distance - size.height()));
     setGeometry(QRect(place.toPoint(), size.toSize()));
+    root_->setProperty("cutsCorners", !isTranslucent);
     setMask(isTranslucent ? QRegion() : roundedRegion(QRectF(QPointF(), size), cornerRadius));
     show();
 }

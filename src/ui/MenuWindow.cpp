@@ -44,6 +44,7 @@ void MenuWindow::open(const Menu& menu, const QRectF& anchor, const QRectF& scre
                    std::max(screen.left() + distance, screen.right() - distance - size.width()));
     const double y = std::max(screen.top(), anchor.top() - distance - size.height());
     setGeometry(QRect(QPointF(x, y).toPoint(), size.toSize()));
+    root_->setProperty("cutsCorners", !isTranslucent);
     setMask(isTranslucent ? QRegion() : roundedRegion(QRectF(QPointF(), size), cornerRadius));
     show();
 }
