@@ -80,10 +80,13 @@ TEST_F(Clients, AppearWithTheirWindowsAndGoWithThem) {
 }
 
 TEST_F(Clients, AreBroughtForwardSentAwayAndShownByClicks) {
+    // One after the other, so that it is known which of them stands in front.
     const auto terminal = desktop.open(xterm);
-    const auto calculator = desktop.open(xcalc);
     expectWindows(xterm, 1);
+    expectFront(xterm);
+    const auto calculator = desktop.open(xcalc);
     expectWindows(xcalc, 1);
+    expectFront(xcalc);
     const auto terminalWindow = *screen().windowOfClass("XTerm");
 
     bar.click(xterm);
