@@ -102,7 +102,8 @@ TEST_F(Clients, AreBroughtForwardSentAwayAndShownByClicks) {
     EXPECT_TRUE(screen().eventually([&] { return isHidden(xterm); })) << bar.state().dump(1);
     EXPECT_TRUE(screen().eventually([&] { return screen().picture(bar.area()) != whileFront; }))
         << "the bar looks the same with the app away";
-    EXPECT_TRUE(bar.tile(xterm)) << "an app sent away keeps its tile";
+    EXPECT_TRUE(screen().eventually([&] { return bar.tile(xterm).has_value(); }))
+        << "an app sent away keeps its tile";
 
     bar.click(xterm);
     EXPECT_TRUE(screen().eventually([&] { return !screen().isIconified(terminalWindow); }));
@@ -150,7 +151,8 @@ TEST_F(Clients, PinnedOnesAreLaunchedByAClick) {
         const auto item = bar.item(xcalc.id);
         return item && item->section == "pinned" && !item->value<bool>("running");
     })) << bar.state().dump(1);
-    EXPECT_TRUE(bar.tile(xcalc)) << "a pinned app keeps its tile";
+    EXPECT_TRUE(screen().eventually([&] { return bar.tile(xcalc).has_value(); }))
+        << "a pinned app keeps its tile";
 }
 
 TEST_F(Clients, FillingTheScreenHideTheBar) {

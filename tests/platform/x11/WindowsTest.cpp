@@ -68,7 +68,8 @@ TEST_F(WindowsTest, MinimisedWindowStaysListedOffScreenAndOnNoSpace) {
     const auto element = desktop.element(window);
     auto& accessibility = desktop.platform().accessibility;
     ASSERT_EQ(accessibility.setAttribute(element, "AXMinimized", true), AXError::success);
-    ASSERT_TRUE(runUntil([&] { return !desktop.isOnScreen(window); }));
+    ASSERT_TRUE(
+        runUntil([&] { return !desktop.isOnScreen(window) && !client.isViewable(window); }));
     EXPECT_TRUE(desktop.isListed(window));
     EXPECT_FALSE(desktop.isOnSpace(window, currentSpace()));
     EXPECT_TRUE(*accessibility.attribute(element, "AXMinimized").as<bool>());
