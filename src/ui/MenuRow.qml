@@ -19,8 +19,12 @@ Item {
     readonly property bool isHeading: kind === 2 || kind === 3
     readonly property bool isCurrent: menu.current === index
 
-    implicitWidth: isSeparator ? 0 : Math.min(label.implicitWidth, 340) + label.x + 14
-    implicitHeight: isSeparator ? 9 : Math.round(label.implicitHeight + 9)
+    // Room above a heading that has lines above it.
+    readonly property int lead: kind === 2 && index > 0 ? 5 : 0
+
+    // A column leaves out what has no width at all.
+    implicitWidth: isSeparator ? 1 : Math.min(label.implicitWidth, 340) + label.x + 14
+    implicitHeight: isSeparator ? 9 : Math.round(label.implicitHeight + 9) + lead
     // At least its own width: the menu measures its lines before it has a width itself.
     width: Math.max(implicitWidth, rowWidth)
 
@@ -50,6 +54,7 @@ Item {
 
         visible: !row.isSeparator
         anchors.verticalCenter: parent.verticalCenter
+        anchors.verticalCenterOffset: row.lead / 2
         x: 22 + 12 * row.depth
         width: Math.min(implicitWidth, 340)
         text: row.title

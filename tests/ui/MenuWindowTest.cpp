@@ -33,6 +33,13 @@ TEST_F(MenuWindowTest, IsAsWideAsItsLongestLine) {
     EXPECT_EQ(menu.width(), narrow);
 }
 
+TEST_F(MenuWindowTest, IsAsHighAsAllItsLines) {
+    open({{.title = "Open"}, {.title = "Quit"}});
+    const int without = menu.height();
+    open({{.title = "Open"}, MenuItem::separator(), {.title = "Quit"}});
+    EXPECT_GT(menu.height(), without);
+}
+
 TEST_F(MenuWindowTest, StandsAboveItsTileAndOnTheScreen) {
     open({{.title = "Open"}, {.title = "Quit"}});
     EXPECT_NEAR(menu.geometry().center().x(), 725, 1);
