@@ -96,17 +96,14 @@ class LoginEntryWorld : public LoginItemWorld {
     x11::LoginEntry entry_{home_.environment, "/usr/bin/larkspan", [](const std::string&) {}};
 };
 
-const auto byName = testing::PrintToStringParamName();
-
 INSTANTIATE_TEST_SUITE_P(
     Files, DockPreferencesContract,
-    testing::Values(adapter<DockPreferencesWorld, PinnedFileWorld>("PinnedFile")), byName);
+    testing::Values(adapter<DockPreferencesWorld, PinnedFileWorld>("PinnedFile")));
 INSTANTIATE_TEST_SUITE_P(
     Files, TrashContract,
-    testing::Values(adapter<TrashWorld, FreedesktopTrashWorld>("FreedesktopTrash")), byName);
+    testing::Values(adapter<TrashWorld, FreedesktopTrashWorld>("FreedesktopTrash")));
 INSTANTIATE_TEST_SUITE_P(Files, LoginItemContract,
-                         testing::Values(adapter<LoginItemWorld, LoginEntryWorld>("LoginEntry")),
-                         byName);
+                         testing::Values(adapter<LoginItemWorld, LoginEntryWorld>("LoginEntry")));
 
 } // namespace
 } // namespace larkspan::contract

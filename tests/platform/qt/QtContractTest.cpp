@@ -41,14 +41,11 @@ class DefaultsFileWorld : public UserDefaultsWorld {
     std::optional<qt::DefaultsFile> defaults_;
 };
 
-const auto byName = testing::PrintToStringParamName();
-
 INSTANTIATE_TEST_SUITE_P(Qt, SchedulerContract,
-                         testing::Values(adapter<SchedulerWorld, QtSchedulerWorld>("QtScheduler")),
-                         byName);
+                         testing::Values(adapter<SchedulerWorld, QtSchedulerWorld>("QtScheduler")));
 INSTANTIATE_TEST_SUITE_P(
     Qt, UserDefaultsContract,
-    testing::Values(adapter<UserDefaultsWorld, DefaultsFileWorld>("DefaultsFile")), byName);
+    testing::Values(adapter<UserDefaultsWorld, DefaultsFileWorld>("DefaultsFile")));
 
 } // namespace
 } // namespace larkspan::contract

@@ -91,31 +91,28 @@ class SimLoginItemWorld : public LoginItemWorld {
     sim::SimLoginItem item_;
 };
 
-const auto byName = testing::PrintToStringParamName();
-
 INSTANTIATE_TEST_SUITE_P(
     Simulated, SchedulerContract,
-    testing::Values(adapter<SchedulerWorld, VirtualSchedulerWorld>("VirtualScheduler")), byName);
+    testing::Values(adapter<SchedulerWorld, VirtualSchedulerWorld>("VirtualScheduler")));
 INSTANTIATE_TEST_SUITE_P(
     Simulated, UserDefaultsContract,
-    testing::Values(adapter<UserDefaultsWorld, SimUserDefaultsWorld>("SimUserDefaults")), byName);
+    testing::Values(adapter<UserDefaultsWorld, SimUserDefaultsWorld>("SimUserDefaults")));
 INSTANTIATE_TEST_SUITE_P(
     Simulated, DockPreferencesContract,
-    testing::Values(adapter<DockPreferencesWorld, SimDockPreferencesWorld>("SimDockPreferences")),
-    byName);
+    testing::Values(adapter<DockPreferencesWorld, SimDockPreferencesWorld>("SimDockPreferences")));
 INSTANTIATE_TEST_SUITE_P(Simulated, TrashContract,
-                         testing::Values(adapter<TrashWorld, SimTrashWorld>("SimTrash")), byName);
+                         testing::Values(adapter<TrashWorld, SimTrashWorld>("SimTrash")));
 INSTANTIATE_TEST_SUITE_P(
     Simulated, LoginItemContract,
-    testing::Values(adapter<LoginItemWorld, SimLoginItemWorld>("SimLoginItem")), byName);
+    testing::Values(adapter<LoginItemWorld, SimLoginItemWorld>("SimLoginItem")));
 
 // As a Mac is, which has to be polled, and telling of changes by itself.
 const auto desktops = testing::Values(adapter<DesktopWorld, SimDesktopWorld, false>("PolledMac"),
                                       adapter<DesktopWorld, SimDesktopWorld, true>("TellingMac"));
-INSTANTIATE_TEST_SUITE_P(Simulated, ScreensContract, desktops, byName);
-INSTANTIATE_TEST_SUITE_P(Simulated, WindowServerContract, desktops, byName);
-INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, desktops, byName);
-INSTANTIATE_TEST_SUITE_P(Simulated, AccessibilityContract, desktops, byName);
+INSTANTIATE_TEST_SUITE_P(Simulated, ScreensContract, desktops);
+INSTANTIATE_TEST_SUITE_P(Simulated, WindowServerContract, desktops);
+INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, desktops);
+INSTANTIATE_TEST_SUITE_P(Simulated, AccessibilityContract, desktops);
 
 } // namespace
 } // namespace larkspan::contract

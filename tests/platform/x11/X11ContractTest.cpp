@@ -10,12 +10,10 @@ namespace larkspan::contract {
 namespace {
 
 const auto desktop = testing::Values(adapter<DesktopWorld, X11DesktopWorld>("X11Desktop"));
-const auto byName = testing::PrintToStringParamName();
-
-INSTANTIATE_TEST_SUITE_P(X11, ScreensContract, desktop, byName);
-INSTANTIATE_TEST_SUITE_P(X11, WindowServerContract, desktop, byName);
-INSTANTIATE_TEST_SUITE_P(X11, WorkspaceContract, desktop, byName);
-INSTANTIATE_TEST_SUITE_P(X11, AccessibilityContract, desktop, byName);
+INSTANTIATE_TEST_SUITE_P(X11, ScreensContract, desktop);
+INSTANTIATE_TEST_SUITE_P(X11, WindowServerContract, desktop);
+INSTANTIATE_TEST_SUITE_P(X11, WorkspaceContract, desktop);
+INSTANTIATE_TEST_SUITE_P(X11, AccessibilityContract, desktop);
 
 } // namespace
 } // namespace larkspan::contract
