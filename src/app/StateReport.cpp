@@ -3,9 +3,11 @@
 #include "app/AppController.h"
 #include "app/NamedSettings.h"
 #include "app/RawValues.h"
+#include "spaces/WindowPresence.h"
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
+#include <set>
 
 namespace larkspan {
 namespace {
@@ -31,42 +33,64 @@ json barsJson(const BarController* bars) {
     return list;
 }
 
-std::ptrdiff_t windowCount(const DockStore& store, ProcessId pid) {
-    return std::count_if(store.latestWindows.begin(), store.latestWindows.end(),
-                         [&](const WindowInfo& window) { return window.pid == pid; });
+/// How long an app is waited for that may be hung, in seconds.
+constexpr float patience = 0.1F;
+
+struct WindowCounts {
+    std::size_t all = 0;
+    std::size_t minimized = 0;
+};
+
+/// The window list knows the windows of other Spaces, and Accessibility the minimised ones.
+WindowCounts countWindows(AppController& controller, ProcessId pid) {
+    std::set<WindowId> ids;
+    for (const auto& window : controller.store().latestWindows)
+        if (window.pid == pid) ids.insert(window.id);
+    const auto windows =
+        WindowPresence::accessibilityWindows(controller.platform().accessibility, pid, patience);
+    WindowCounts counts;
+    for (const auto& window : windows.value_or(std::vector<AppWindow>{})) {
+        ids.insert(window.id);
+        counts.minimized += window.isMinimized ? 1 : 0;
+    }
+    counts.all = ids.size();
+    return counts;
 }
 
-json itemJson(const DockStore& store, const DockItem& item) {
+json itemJson(AppController& controller, const DockItem& item) {
     json object{{"id", item.id},
                 {"name", item.name},
                 {"running", item.app.has_value()},
                 {"pinned", item.isPinned},
-                {"launching", store.launchingIDs->contains(item.id)},
+                {"launching", controller.store().launchingIDs->contains(item.id)},
                 {"pid", nullptr},
                 {"windows", 0},
+                {"minimized", 0},
                 {"hidden", false}};
     if (item.app) {
         object["pid"] = item.app->pid;
-        object["windows"] = windowCount(store, item.app->pid);
+        const auto counts = countWindows(controller, item.app->pid);
+        object["windows"] = counts.all;
+        object["minimized"] = counts.minimized;
         object["hidden"] = item.app->isHidden;
     }
     return object;
 }
 
-json itemsJson(const DockStore& store, const std::vector<DockItem>& items) {
+json itemsJson(AppController& controller, const std::vector<DockItem>& items) {
     json list = json::array();
     for (const auto& item : items)
-        list.push_back(itemJson(store, item));
+        list.push_back(itemJson(controller, item));
     return list;
 }
 
-json groupsJson(const DockStore& store) {
+json groupsJson(AppController& controller) {
     json list = json::array();
-    for (const auto& group : *store.windowAppGroups)
+    for (const auto& group : *controller.store().windowAppGroups)
         list.push_back({{"display", orNull(group.display)},
                         {"space", orNull(group.slot.space)},
                         {"ring", group.isRing},
-                        {"items", itemsJson(store, group.items)}});
+                        {"items", itemsJson(controller, group.items)}});
     return list;
 }
 
@@ -101,9 +125,9 @@ json stateReport(AppController& controller) {
             {"permissions", permissionsJson(controller)},
             {"bars", barsJson(bars)},
             {"warning", bars ? orNull(bars->warning()) : json(nullptr)},
-            {"pinned", itemsJson(store, *store.pinnedItems)},
-            {"groups", groupsJson(store)},
-            {"background", itemsJson(store, *store.backgroundItems)},
+            {"pinned", itemsJson(controller, *store.pinnedItems)},
+            {"groups", groupsJson(controller)},
+            {"background", itemsJson(controller, *store.backgroundItems)},
             {"frontmost", frontmostJson(store)},
             {"trashEmpty", *store.isTrashEmpty}};
 }

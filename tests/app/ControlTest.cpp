@@ -39,10 +39,17 @@ TEST_F(ControlTest, StateTellsWhatShows) {
     const auto report = state();
     const json finder{
         {"id", "com.apple.finder"}, {"name", "Finder"},    {"running", true}, {"pinned", true},
-        {"launching", false},       {"pid", mac.finder()}, {"windows", 0},    {"hidden", false}};
-    const json chess{
-        {"id", "com.example.chess"}, {"name", "Chess"}, {"running", false}, {"pinned", true},
-        {"launching", false},        {"pid", nullptr},  {"windows", 0},     {"hidden", false}};
+        {"launching", false},       {"pid", mac.finder()}, {"windows", 0},    {"minimized", 0},
+        {"hidden", false}};
+    const json chess{{"id", "com.example.chess"},
+                     {"name", "Chess"},
+                     {"running", false},
+                     {"pinned", true},
+                     {"launching", false},
+                     {"pid", nullptr},
+                     {"windows", 0},
+                     {"minimized", 0},
+                     {"hidden", false}};
     EXPECT_EQ(report["pinned"], json({finder, chess}));
     ASSERT_EQ(report["groups"].size(), 1U);
     const auto& group = report["groups"][0];
@@ -57,6 +64,22 @@ TEST_F(ControlTest, StateTellsWhatShows) {
     EXPECT_EQ(report["mode"], "vantrel");
     EXPECT_EQ(report["settings"]["style"], "island");
     EXPECT_EQ(report["settings"]["barHeight"], nullptr);
+}
+
+TEST_F(ControlTest, StateCountsAllWindowsOfAnAppAndHungOnesCostLittle) {
+    mac.addSpace(mac.displayAt(0));
+    const auto notes = mac.launch("com.example.notes");
+    mac.openWindow(notes);
+    mac.minimize(mac.openWindow(notes));
+    mac.openWindow(notes, {.space = mac.spaceAt(mac.displayAt(0), 1)});
+    launch();
+    const json item = state()["groups"][0]["items"][0];
+    EXPECT_EQ(item["windows"], 3);
+    EXPECT_EQ(item["minimized"], 1);
+    mac.hang(notes);
+    const double start = mac.scheduler.uptime();
+    EXPECT_EQ(state()["groups"][0]["items"][0]["windows"], 2) << "what the window list knows";
+    EXPECT_LT(mac.scheduler.uptime() - start, 1);
 }
 
 TEST_F(ControlTest, AClickLaunchesBringsForwardAndSendsAway) {
