@@ -59,8 +59,11 @@ TileItem {
         Travel { scene: tile.scene }
     }
 
-    NumberAnimation on rise {
-        running: tile.scene.travels
+    NumberAnimation {
+        id: rising
+
+        target: tile
+        property: "rise"
         from: 7
         to: 0
         duration: 220
@@ -70,6 +73,9 @@ TileItem {
     LaunchPulse on breath {
         running: tile.isLaunching && !tile.scene.appearance.reducesMotion
     }
+
+    // Started once: bound to the scene it would be stopped half-way when tiles cease to travel.
+    Component.onCompleted: if (scene.travels) rising.start()
 
     Accessible.role: Accessible.Button
     Accessible.name: name

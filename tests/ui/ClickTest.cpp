@@ -1,10 +1,13 @@
 #include "ui/BarOnScreen.h"
+#include "ui/TileItem.h"
 
 #include <QGuiApplication>
 #include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
+
+#include <algorithm>
 
 namespace larkspan::ui {
 
@@ -15,6 +18,16 @@ int tileOf(BarOnScreen& bar, const std::string& name) {
     for (int i = 0; i < tiles.rowCount(); ++i)
         if (tiles.row(i).item.name == name) return i;
     return -1;
+}
+
+std::vector<TileItem*> tileItems(const QQuickItem& item) {
+    std::vector<TileItem*> tiles;
+    for (QQuickItem* child : item.childItems()) {
+        if (auto* tile = qobject_cast<TileItem*>(child)) tiles.push_back(tile);
+        for (TileItem* tile : tileItems(*child))
+            tiles.push_back(tile);
+    }
+    return tiles;
 }
 
 void click(BarOnScreen& bar, const std::string& name) {
@@ -94,6 +107,27 @@ TEST(Panel, HoldsItsStripWhileItShows) {
     EXPECT_EQ(bar.dressing.strip, 72);
     bar.panel().orderOut();
     EXPECT_EQ(bar.dressing.strip, 0);
+}
+
+TEST(Panel, TilesThatWereRisingComeToRestInACrowdToo) {
+    BarOnScreen bar;
+    bar.start();
+    bar.panels().appearance().set({});
+    bar.openApps({"Mail", "Notes"});
+    bar.mac.scheduler.runFor(3);
+    bar.scene().refresh();
+    std::vector<std::string> names;
+    for (int i = 0; i < 50; ++i)
+        names.push_back("App" + std::to_string(i));
+    bar.openApps(names);
+    bar.mac.scheduler.runFor(3);
+    bar.scene().refresh();
+    ASSERT_GT(tileItems(*bar.panel().window().contentItem()).size(), 50U);
+    EXPECT_TRUE(QTest::qWaitFor([&bar] {
+        const auto tiles = tileItems(*bar.panel().window().contentItem());
+        return std::all_of(tiles.begin(), tiles.end(),
+                           [](const TileItem* tile) { return tile->y() == 0; });
+    }));
 }
 
 TEST(Panel, ManyAppsScrollAndCanAllBeReached) {
