@@ -61,6 +61,38 @@ void XDisplay::release(int button) {
     xcb_flush(connection_.get());
 }
 
+void XDisplay::tapKey(std::uint32_t symbol) {
+    const auto* setup = xcb_get_setup(connection_.get());
+    const auto first = setup->min_keycode;
+    const auto count = static_cast<std::uint8_t>(setup->max_keycode - first + 1);
+    const auto cookie = xcb_get_keyboard_mapping(connection_.get(), first, count);
+    const auto map = owned(xcb_get_keyboard_mapping_reply(connection_.get(), cookie, nullptr));
+    if (!map) throw std::runtime_error("no keyboard mapping");
+    const auto* symbols = xcb_get_keyboard_mapping_keysyms(map.get());
+    for (int i = 0; i < count; ++i) {
+        if (symbols[i * map->keysyms_per_keycode] != symbol) continue;
+        const auto key = static_cast<std::uint8_t>(first + i);
+        for (const int type : {XCB_KEY_PRESS, XCB_KEY_RELEASE})
+            xcb_test_fake_input(connection_.get(), static_cast<std::uint8_t>(type), key, 0,
+                                screen_->root, 0, 0, 0);
+        xcb_flush(connection_.get());
+        return;
+    }
+    throw std::runtime_error("no key for a symbol");
+}
+
+bool XDisplay::grabKeyboard() {
+    const auto cookie = xcb_grab_keyboard(connection_.get(), 0, screen_->root, XCB_CURRENT_TIME,
+                                          XCB_GRAB_MODE_ASYNC, XCB_GRAB_MODE_ASYNC);
+    const auto reply = owned(xcb_grab_keyboard_reply(connection_.get(), cookie, nullptr));
+    return reply && reply->status == XCB_GRAB_STATUS_SUCCESS;
+}
+
+void XDisplay::letKeyboardGo() {
+    xcb_ungrab_keyboard(connection_.get(), XCB_CURRENT_TIME);
+    xcb_flush(connection_.get());
+}
+
 Picture XDisplay::picture(const Area& area) {
     const auto cookie = xcb_get_image(
         connection_.get(), XCB_IMAGE_FORMAT_Z_PIXMAP, screen_->root,

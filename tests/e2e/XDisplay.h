@@ -42,6 +42,11 @@ class XDisplay {
     void movePointer(int x, int y);
     void press(int button = 1);
     void release(int button = 1);
+    /// Presses and releases the key of that symbol, such as XK_Return.
+    void tapKey(std::uint32_t symbol);
+    /// Takes the keyboard for this display's own; false while another client holds it.
+    bool grabKeyboard();
+    void letKeyboardGo();
 
     Picture picture(const Area& area);
     /// Where pixels of this colour stand inside the area; absent for fewer than 30 of them.
