@@ -7,6 +7,7 @@ namespace {
 // The window manager lets a pager do what it would refuse an application that pushes itself
 // forward.
 constexpr std::uint32_t fromPager = 2;
+constexpr std::uint32_t normalState = 1;
 constexpr std::uint32_t iconicState = 3;
 
 } // namespace
@@ -44,9 +45,16 @@ void WindowRequests::iconify(WindowId window) {
     });
 }
 
-// Mapping an iconified window is how a client itself asks for it; every window manager obeys.
+// Mapping an iconified window is how a client itself asks for it; every window manager obeys. But a
+// window manager may call a window iconified a moment before it unmaps it, and to map it then asks
+// for nothing. Who understands the message puts it back in that case too.
 void WindowRequests::restore(WindowId window) {
-    connection_.perform([this, window] { xcb_map_window(connection_.raw(), window); });
+    connection_.perform([this, window] {
+        xcb_map_window(connection_.raw(), window);
+        if (mirror_.hasWindowManager())
+            connection_.sendToRoot(window, connection_.atoms().wmChangeState,
+                                   {normalState, 0, 0, 0, 0});
+    });
 }
 
 void WindowRequests::close(WindowId window) {
