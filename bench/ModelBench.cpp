@@ -2,10 +2,7 @@
 // include what the simulated Mac itself needs to answer. All are processor time, so that a busy
 // machine does not blur them.
 
-#include "diagnostics/DiagnosticsLog.h"
-#include "model/DockStore.h"
-#include "model/WindowRefresh.h"
-#include "platform/sim/SimMac.h"
+#include "model/ModelOnMac.h"
 #include "spaces/WindowReader.h"
 
 #include <benchmark/benchmark.h>
@@ -25,9 +22,9 @@ double processorSeconds() {
 
 /// A Mac of two displays with four Spaces each, that many windows spread over all of them, five to
 /// an app up to 200 apps, and one app more that has no window yet.
-class Desktop {
-  public:
-    explicit Desktop(std::int64_t windows) {
+struct Desktop : ModelOnMac {
+    explicit Desktop(std::int64_t windows)
+        : ModelOnMac("1920x1080 spaces=4, 1920x1080 spaces=4") {
         mac.setAnnouncesChanges(true);
         const auto appCount = std::clamp<std::int64_t>(windows / 5, 1, 200);
         std::vector<ProcessId> apps;
@@ -43,22 +40,9 @@ class Desktop {
         }
         newcomer = mac.launch("com.example.newcomer");
         mac.scheduler.runUntilIdle();
-        refresh.emplace(store, platform.scheduler, platform.workspace, platform.screens,
-                        platform.windowServer, platform.dockPreferences, platform.trash, log);
+        start();
     }
 
-    sim::SimMac mac{"1920x1080 spaces=4, 1920x1080 spaces=4"};
-    Platform platform = mac.platform();
-    DiagnosticsLog log{mac.scheduler};
-    WindowAnimator animator{platform.applications};
-    DockStore store{platform.scheduler,
-                    platform.workspace,
-                    platform.applications,
-                    platform.screens,
-                    platform.dockPreferences,
-                    animator,
-                    log};
-    std::optional<WindowRefresh> refresh;
     ProcessId newcomer = 0;
 };
 

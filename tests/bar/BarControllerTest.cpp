@@ -1,7 +1,7 @@
 #include "bar/BarController.h"
 
 #include "bar/RecordingPanels.h"
-#include "platform/sim/SimMac.h"
+#include "model/ModelOnMac.h"
 
 #include <gmock/gmock.h>
 
@@ -37,7 +37,7 @@ Screen screen(DisplayId display, Rect frame, double strip = 70) {
 const Rect left{0, 0, 1440, 900};
 const Rect right{1440, 0, 1280, 720};
 
-class BarControllerTest : public testing::Test {
+class BarControllerTest : public testing::Test, protected ModelOnMac {
   protected:
     /// What was logged since the last time.
     std::vector<std::string> takeLog() {
@@ -49,17 +49,6 @@ class BarControllerTest : public testing::Test {
         return lines;
     }
 
-    sim::SimMac mac;
-    Platform platform = mac.platform();
-    DiagnosticsLog log{platform.scheduler};
-    WindowAnimator animator{platform.applications};
-    DockStore store{platform.scheduler,
-                    platform.workspace,
-                    platform.applications,
-                    platform.screens,
-                    platform.dockPreferences,
-                    animator,
-                    log};
     StripScreens screens;
     RecordingPanels panels;
     BarController bars{store, screens, platform.coreDock, panels, log, 72};

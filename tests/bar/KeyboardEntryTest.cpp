@@ -2,7 +2,7 @@
 
 #include "bar/RecordingPanels.h"
 #include "dock/FixedScreens.h"
-#include "platform/sim/SimMac.h"
+#include "model/ModelOnMac.h"
 
 #include <gmock/gmock.h>
 
@@ -12,7 +12,7 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class KeyboardEntryTest : public testing::Test {
+class KeyboardEntryTest : public testing::Test, protected ModelOnMac {
   protected:
     KeyboardEntryTest() {
         screens.add(1, {0, 0, 1440, 900}, 72);
@@ -26,17 +26,6 @@ class KeyboardEntryTest : public testing::Test {
         store.latestWindows.push_back({.pid = pid, .bounds = bounds, .isOnScreen = isOnScreen});
     }
 
-    sim::SimMac mac;
-    Platform platform = mac.platform();
-    DiagnosticsLog log{platform.scheduler};
-    WindowAnimator animator{platform.applications};
-    DockStore store{platform.scheduler,
-                    platform.workspace,
-                    platform.applications,
-                    platform.screens,
-                    platform.dockPreferences,
-                    animator,
-                    log};
     FixedScreens screens;
     RecordingPanels panels;
     BarController bars{store, screens, platform.coreDock, panels, log, 72};

@@ -1,12 +1,8 @@
 #pragma once
 
-#include "diagnostics/DiagnosticsLog.h"
-#include "model/DockStore.h"
 #include "model/IconClick.h"
 #include "model/ItemMenu.h"
-#include "model/WindowAnimator.h"
-#include "model/WindowRefresh.h"
-#include "platform/sim/SimMac.h"
+#include "model/ModelOnMac.h"
 
 #include <fmt/format.h>
 #include <fmt/ranges.h>
@@ -16,19 +12,15 @@
 
 namespace larkspan {
 
-/// The model over a simulated Mac. Apps are named by the last word of their identifiers.
-class ModelWorld {
+/// The model with its clicks and menus over a simulated Mac that tells of changes. Apps are named
+/// by the last word of their identifiers.
+class ModelWorld : public ModelOnMac {
   public:
     explicit ModelWorld(std::string_view displays = "1440x900")
-        : mac(displays) {
+        : ModelOnMac(displays) {
         mac.setAnnouncesChanges(true);
     }
 
-    /// Starts the model; the world may be furnished before.
-    void start() {
-        refresh.emplace(store, platform.scheduler, platform.workspace, platform.screens,
-                        platform.windowServer, platform.dockPreferences, platform.trash, log);
-    }
     ProcessId launch(const std::string& name, const sim::LaunchOptions& options = {}) {
         return mac.launch("com.example." + name, options);
     }
@@ -69,18 +61,6 @@ class ModelWorld {
         return lines;
     }
 
-    sim::SimMac mac;
-    Platform platform = mac.platform();
-    DiagnosticsLog log{mac.scheduler};
-    WindowAnimator animator{platform.applications};
-    DockStore store{platform.scheduler,
-                    platform.workspace,
-                    platform.applications,
-                    platform.screens,
-                    platform.dockPreferences,
-                    animator,
-                    log};
-    std::optional<WindowRefresh> refresh;
     IconClick click{store,
                     platform.scheduler,
                     platform.workspace,
