@@ -1,5 +1,4 @@
 #include "app/AppDelegate.h"
-#include "app/BarMenu.h"
 #include "app/CommandLine.h"
 #include "app/Control.h"
 #include "platform/qt/ControlSocket.h"
@@ -10,11 +9,14 @@
 #include "platform/x11/X11Desktop.h"
 #include "platform/x11/XdgFolders.h"
 #include "platform/x11/displayComplaint.h"
+#include "ui/AppearanceWatch.h"
 #include "ui/Environment.h"
 #include "ui/QuickBarPanels.h"
+#include "ui/Views.h"
 #include "ui/demo/Demo.h"
 
 #include <QGuiApplication>
+#include <QStandardPaths>
 
 #include <cstdio>
 #include <filesystem>
@@ -137,11 +139,13 @@ class Program {
     }
 
     int runOn(x11::X11Desktop& desktop) {
+        ui::Appearance appearance;
+        const ui::AppearanceWatch watch(
+            appearance, QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
+        ui::Views views;
         AppDelegate delegate(desktop.platform(), [&](AppController& controller) {
             return std::make_unique<ui::QuickBarPanels>(
-                controller.store(), controller.look(), controller.click(), controller.itemMenu(),
-                controller.refresh(), controller.trash(), desktop.panelDressing(),
-                desktop.desktopPicture(), [&controller] { return barMenu(controller); });
+                controller, views, appearance, desktop.panelDressing(), desktop.desktopPicture());
         });
         auto& log = delegate.controller().log();
         if (isLogged_) logToTerminal(log);

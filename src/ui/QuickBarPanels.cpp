@@ -1,28 +1,26 @@
 #include "ui/QuickBarPanels.h"
 
-#include <QStandardPaths>
+#include "app/BarMenu.h"
 
 #include <utility>
 
 namespace larkspan::ui {
 
-QuickBarPanels::QuickBarPanels(DockStore& store, BarLook& look, IconClick& click,
-                               const ItemMenu& menu, WindowRefresh& refresh, TrashFolder& trash,
-                               PanelDressing& dressing, DesktopPicture& desktop,
-                               std::function<Menu()> barMenu)
-    : store_(store)
-    , look_(look)
+QuickBarPanels::QuickBarPanels(AppController& controller, Views& views, Appearance& appearance,
+                               PanelDressing& dressing, DesktopPicture& desktop)
+    : controller_(controller)
+    , views_(views)
+    , appearance_(appearance)
     , dressing_(dressing)
     , desktop_(desktop)
-    , barMenu_(std::move(barMenu))
-    , actions_(store, click, menu, refresh, trash)
-    , appearanceWatch_(appearance_,
-                       QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation)) {}
+    , actions_(controller.store(), controller.click(), controller.itemMenu(), controller.refresh(),
+               controller.trash()) {}
 
 std::unique_ptr<BarPanel> QuickBarPanels::makePanel(const Screen&) {
-    auto scene = std::make_unique<BarScene>(store_, look_, appearance_, icons_);
+    BarLook& look = controller_.look();
+    auto scene = std::make_unique<BarScene>(controller_.store(), look, appearance_, icons_);
     auto panel =
-        std::make_unique<QuickBarPanel>(views_, std::move(scene), look_, dressing_, desktop_);
+        std::make_unique<QuickBarPanel>(views_, std::move(scene), look, dressing_, desktop_);
     connectPanel(*panel);
     return panel;
 }
@@ -72,7 +70,8 @@ void QuickBarPanels::openTileMenu(QuickBarPanel& panel, int index) {
 
 void QuickBarPanels::openBarMenu(QuickBarPanel& panel, double x) {
     const QRectF glass = panel.scene().glass();
-    openMenu(panel, barMenu_(), panel.placeOnDesktop(QRectF(x, glass.top(), 0, glass.height())));
+    openMenu(panel, barMenu(controller_),
+             panel.placeOnDesktop(QRectF(x, glass.top(), 0, glass.height())));
 }
 
 void QuickBarPanels::openMenu(QuickBarPanel& panel, const Menu& menu, const QRectF& anchor) {

@@ -1,9 +1,9 @@
 #pragma once
 
+#include "app/AppController.h"
 #include "bar/BarPanel.h"
 #include "platform/Panels.h"
 #include "ui/Appearance.h"
-#include "ui/AppearanceWatch.h"
 #include "ui/IconCache.h"
 #include "ui/LabelWindow.h"
 #include "ui/MenuWindow.h"
@@ -14,7 +14,6 @@
 #include <QObject>
 #include <QPointer>
 
-#include <functional>
 #include <memory>
 
 namespace larkspan::ui {
@@ -24,13 +23,10 @@ class QuickBarPanels final : public QObject, public BarPanels {
     Q_OBJECT
 
   public:
-    /// `barMenu` makes the menu of the bar itself, anew each time it opens.
-    QuickBarPanels(DockStore& store, BarLook& look, IconClick& click, const ItemMenu& menu,
-                   WindowRefresh& refresh, TrashFolder& trash, PanelDressing& dressing,
-                   DesktopPicture& desktop, std::function<Menu()> barMenu);
+    QuickBarPanels(AppController& controller, Views& views, Appearance& appearance,
+                   PanelDressing& dressing, DesktopPicture& desktop);
 
     std::unique_ptr<BarPanel> makePanel(const Screen& screen) override;
-    Appearance& appearance() { return appearance_; }
 
   private:
     void connectPanel(QuickBarPanel& panel);
@@ -42,16 +38,13 @@ class QuickBarPanels final : public QObject, public BarPanels {
     void setPointer(bool isOnBar);
     void hideLabel();
 
-    DockStore& store_;
-    BarLook& look_;
+    AppController& controller_;
+    Views& views_;
+    Appearance& appearance_;
     PanelDressing& dressing_;
     DesktopPicture& desktop_;
-    std::function<Menu()> barMenu_;
     TileActions actions_;
-    Appearance appearance_;
-    AppearanceWatch appearanceWatch_;
     IconCache icons_;
-    Views views_;
     /// Made when they are first needed: most starts never show them.
     std::unique_ptr<LabelWindow> label_;
     std::unique_ptr<MenuWindow> menu_;

@@ -15,15 +15,18 @@ static void initialiseResources() {
 
 namespace larkspan::ui {
 
-Views::Views() {
+QQmlEngine& Views::engine() {
+    if (engine_) return *engine_;
     // Named here, since the linker leaves out of a static library what nobody names.
     initialiseResources();
     qml_register_types_Larkspan();
-    engine_.addImportPath(QStringLiteral("qrc:/qt/qml"));
+    engine_ = std::make_unique<QQmlEngine>();
+    engine_->addImportPath(QStringLiteral("qrc:/qt/qml"));
+    return *engine_;
 }
 
 std::unique_ptr<QQuickItem> Views::make(const QString& name, const QVariantMap& properties) {
-    QQmlComponent component(&engine_,
+    QQmlComponent component(&engine(),
                             QUrl(QStringLiteral("qrc:/qt/qml/Larkspan/%1.qml").arg(name)));
     if (!component.isReady()) qFatal("%s", qPrintable(component.errorString()));
     auto* item = qobject_cast<QQuickItem*>(component.createWithInitialProperties(properties));

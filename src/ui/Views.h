@@ -9,18 +9,18 @@
 
 namespace larkspan::ui {
 
-/// The views that are compiled into the program, by name.
+/// The views that are compiled into the program, by name. What makes them is loaded with the first
+/// of them.
 class Views {
   public:
-    Views();
-
     /// An instance of `name`.qml with those properties. Stops the program when the view does not
     /// compile: it is part of the program.
     std::unique_ptr<QQuickItem> make(const QString& name, const QVariantMap& properties);
-    QQmlEngine& engine() { return engine_; }
 
   private:
-    QQmlEngine engine_;
+    QQmlEngine& engine();
+
+    std::unique_ptr<QQmlEngine> engine_;
 };
 
 } // namespace larkspan::ui

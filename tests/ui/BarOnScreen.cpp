@@ -1,16 +1,13 @@
 #include "ui/BarOnScreen.h"
 
-#include "app/BarMenu.h"
-
 #include <QCoreApplication>
 
 namespace larkspan::ui {
 
-BarOnScreen::Panels::Panels(AppController& app, PanelDressing& dressing, DesktopPicture& desktop)
-    : views(app.store(), app.look(), app.click(), app.itemMenu(), app.refresh(), app.trash(),
-            dressing, desktop, [&app] { return barMenu(app); }) {
+BarOnScreen::Panels::Panels(AppController& app, BarOnScreen& stage)
+    : views(app, stage.views, stage.appearance, stage.dressing, stage.desktop) {
     // A picture is taken of what has come to rest, and nothing waits for it.
-    views.appearance().set({.reducesMotion = true});
+    stage.appearance.set({.reducesMotion = true});
 }
 
 std::unique_ptr<BarPanel> BarOnScreen::Panels::makePanel(const Screen& screen) {
@@ -22,7 +19,7 @@ std::unique_ptr<BarPanel> BarOnScreen::Panels::makePanel(const Screen& screen) {
 BarOnScreen::BarOnScreen(std::string_view displays)
     : mac(displays)
     , app(mac.platform(), [this](AppController& controller) {
-        auto panels = std::make_unique<Panels>(controller, dressing, desktop);
+        auto panels = std::make_unique<Panels>(controller, *this);
         panels_ = panels.get();
         return panels;
     }) {}

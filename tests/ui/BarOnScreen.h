@@ -31,6 +31,8 @@ class BarOnScreen {
     QuickBarPanels& panels() { return panels_->views; }
     BarScene& scene() { return panel().scene(); }
 
+    Appearance appearance;
+    Views views;
     sim::SimMac mac;
     FakeDesktop desktop;
     FakeDressing dressing;
@@ -38,7 +40,7 @@ class BarOnScreen {
 
   private:
     struct Panels : BarPanels {
-        Panels(AppController& app, PanelDressing& dressing, DesktopPicture& desktop);
+        Panels(AppController& app, BarOnScreen& stage);
         std::unique_ptr<BarPanel> makePanel(const Screen& screen) override;
 
         QuickBarPanels views;

@@ -39,7 +39,7 @@ class BarPicture : public testing::Test {
         bar.start();
     }
     void look(bool isDark) {
-        bar.panels().appearance().set({.isDark = isDark, .reducesMotion = true});
+        bar.appearance.set({.isDark = isDark, .reducesMotion = true});
         bar.settle();
     }
     BarOnScreen bar;
@@ -77,7 +77,7 @@ TEST_F(BarPicture, BandReachesBothEdges) {
 }
 
 TEST_F(BarPicture, ATileShowsInItsFirstFrame) {
-    bar.panels().appearance().set({});
+    bar.appearance.set({});
     const QImage before = bar.picture();
     bar.openApps({"Zebra"});
     bar.mac.scheduler.runFor(1);

@@ -112,7 +112,7 @@ TEST(Panel, HoldsItsStripWhileItShows) {
 TEST(Panel, TilesThatWereRisingComeToRestInACrowdToo) {
     BarOnScreen bar;
     bar.start();
-    bar.panels().appearance().set({});
+    bar.appearance.set({});
     bar.openApps({"Mail", "Notes"});
     bar.mac.scheduler.runFor(3);
     bar.scene().refresh();
