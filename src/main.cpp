@@ -1,25 +1,24 @@
 #include "app/AppDelegate.h"
 #include "app/CommandLine.h"
 #include "app/Control.h"
+#include "platform/Desktop.h"
 #include "platform/qt/ControlSocket.h"
-#include "platform/qt/DefaultsFile.h"
-#include "platform/qt/QtApplication.h"
 #include "platform/qt/QtScheduler.h"
-#include "platform/x11/Environment.h"
-#include "platform/x11/X11Desktop.h"
-#include "platform/x11/XdgFolders.h"
-#include "platform/x11/displayComplaint.h"
 #include "ui/AppearanceWatch.h"
 #include "ui/Environment.h"
 #include "ui/QuickBarPanels.h"
 #include "ui/Views.h"
 #include "ui/demo/Demo.h"
+#ifdef __APPLE__
+#include "platform/mac/MacStart.h"
+#else
+#include "platform/x11/X11Start.h"
+#endif
 
 #include <QGuiApplication>
 #include <QStandardPaths>
 
 #include <cstdio>
-#include <filesystem>
 #include <fmt/format.h>
 #include <memory>
 #include <optional>
@@ -38,16 +37,6 @@ void print(std::FILE* stream, const std::string& text) {
 
 void complain(const std::string& line) {
     print(stderr, "larkspan: " + line);
-}
-
-/// The name under which this user's instance of this display is reached. The screen's number at the
-/// end of the display's name is left out: one instance serves all screens.
-std::string instanceName(const x11::Environment& environment) {
-    std::string display = environment.value("DISPLAY");
-    const auto colon = display.rfind(':');
-    const auto dot = display.rfind('.');
-    if (colon != std::string::npos && dot != std::string::npos && dot > colon) display.resize(dot);
-    return "x11" + display;
 }
 
 std::optional<ControlAnswer> ask(const std::string& instance,
@@ -85,6 +74,8 @@ class Reports {
         for (const auto& line : early_)
             log.write("app", line);
     }
+    /// Before the log ends.
+    void detach() { log_ = nullptr; }
 
   private:
     DiagnosticsLog* log_ = nullptr;
@@ -100,45 +91,39 @@ void logToTerminal(DiagnosticsLog& log) {
 /// The bar on this desktop, from its first moment to its last.
 class Program {
   public:
-    Program(const x11::Environment& environment, bool isLogged)
-        : environment_(environment)
+    Program(const DesktopStart& start, bool isLogged)
+        : start_(start)
         , isLogged_(isLogged) {}
 
     /// Answers what the process ends with.
     int run() {
+        const std::string name = start_.instanceName();
         const auto listening = qt::ControlSocket::listen(
-            instanceName(environment_), [this](const std::string& line) { return answer(line); });
+            name, [this](const std::string& line) { return answer(line); });
         // Another start was quicker by a moment.
-        if (listening.isTaken) return request(instanceName(environment_), {"reopen"});
+        if (listening.isTaken) return request(name, {"reopen"});
         if (!listening.socket) reports_("commands cannot reach this bar: " + listening.failure);
 
-        auto opened = x11::X11Desktop::open(host());
+        const auto opened = start_.open(scheduler_, callbacks());
         if (const auto* complaint = std::get_if<std::string>(&opened)) {
             print(stderr, *complaint);
             return failed;
         }
-        auto& desktop = *std::get<std::unique_ptr<x11::X11Desktop>>(opened);
-        return runOn(desktop);
+        return runOn(*std::get<std::unique_ptr<Desktop>>(opened));
     }
 
   private:
-    x11::X11Desktop::Host host() {
-        std::error_code error;
-        const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
-        return {.scheduler = scheduler_,
-                .defaults = defaults_,
-                .application = application_,
-                .environment = environment_,
-                .program = program.string(),
-                .report = [this](const std::string& line) { reports_(line); },
+    DesktopCallbacks callbacks() {
+        return {.report = [this](const std::string& line) { reports_(line); },
                 .gone =
                     [](const std::string& line) {
                         print(stderr, line);
                         QCoreApplication::exit(failed);
-                    }};
+                    },
+                .reopened = [this] { answer(Control::requestLine({"reopen"})); }};
     }
 
-    int runOn(x11::X11Desktop& desktop) {
+    int runOn(Desktop& desktop) {
         ui::Appearance appearance;
         const ui::AppearanceWatch watch(
             appearance, QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
@@ -155,6 +140,7 @@ class Program {
         const int code = QCoreApplication::exec();
         control_.reset();
         delegate.willTerminate();
+        reports_.detach();
         return code;
     }
 
@@ -165,36 +151,33 @@ class Program {
         return control_->answerLine(line);
     }
 
-    const x11::Environment& environment_;
+    const DesktopStart& start_;
     bool isLogged_;
     Reports reports_;
     qt::QtScheduler scheduler_;
-    qt::QtApplication application_;
-    qt::DefaultsFile defaults_{x11::XdgFolders(environment_).ownConfigFolder() + "/settings.json",
-                               [this](const std::string& line) { reports_(line); }};
     std::optional<Control> control_;
 };
 
-int start(const x11::Environment& environment, bool isLogged, int& argc, char** argv) {
-    if (const auto complaint = x11::displayComplaint()) {
+int runOnDesktop(const DesktopStart& desktop, bool isLogged, int& argc, char** argv) {
+    if (const auto complaint = desktop.complaint()) {
         complain(*complaint);
         return failed;
     }
     // A second start is a re-open of the first, known before anything is loaded.
-    if (const auto answer = ask(instanceName(environment), {"reopen"})) return answer->code;
+    if (const auto answer = ask(desktop.instanceName(), {"reopen"})) return answer->code;
     ui::prepareEnvironment();
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName("larkspan");
     QGuiApplication::setApplicationDisplayName("Larkspan");
-    return Program(environment, isLogged).run();
+    return Program(desktop, isLogged).run();
 }
 
 /// The bar on a simulated Mac: in a window, or without one in virtual time.
-int simulate(const CommandLine& line, int& argc, char** argv) {
+int simulate(const CommandLine& line, const DesktopStart& desktop, int& argc, char** argv) {
     const bool hasWindow = line.action == CommandLine::Action::demo;
     if (hasWindow) {
-        if (const auto complaint = x11::displayComplaint()) {
+        if (const auto complaint = desktop.complaint()) {
             complain(*complaint);
             return failed;
         }
@@ -208,13 +191,13 @@ int simulate(const CommandLine& line, int& argc, char** argv) {
     return ui::runScenario(line.scenario, line.picturesFolder, line.stateFile);
 }
 
-int perform(const CommandLine& line, const x11::Environment& environment, int& argc, char** argv) {
+int perform(const CommandLine& line, const DesktopStart& desktop, int& argc, char** argv) {
     using Action = CommandLine::Action;
     switch (line.action) {
     case Action::start:
-        return start(environment, line.isLogged, argc, argv);
+        return runOnDesktop(desktop, line.isLogged, argc, argv);
     case Action::request:
-        return request(instanceName(environment), line.words);
+        return request(desktop.instanceName(), line.words);
     case Action::help:
         std::fputs(helpText(), stdout);
         return 0;
@@ -226,7 +209,7 @@ int perform(const CommandLine& line, const x11::Environment& environment, int& a
         return refused;
     case Action::demo:
     case Action::scenario:
-        return simulate(line, argc, argv);
+        return simulate(line, desktop, argc, argv);
     }
     return failed;
 }
@@ -235,8 +218,11 @@ int perform(const CommandLine& line, const x11::Environment& environment, int& a
 } // namespace larkspan
 
 int main(int argc, char** argv) {
-    // First of all: launched applications get these variables, not the ones set for our toolkit.
-    const auto environment = larkspan::x11::Environment::ofProcess();
+#ifdef __APPLE__
+    const larkspan::mac::MacStart desktop;
+#else
+    const larkspan::x11::X11Start desktop;
+#endif
     const std::vector<std::string> arguments(argv + 1, argv + argc);
-    return larkspan::perform(larkspan::parseCommandLine(arguments), environment, argc, argv);
+    return larkspan::perform(larkspan::parseCommandLine(arguments), desktop, argc, argv);
 }
