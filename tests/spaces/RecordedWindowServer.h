@@ -20,6 +20,9 @@ class RecordedWindowServer final : public WindowServer {
     std::optional<std::vector<WindowListEntry>> windowList(std::uint32_t) const override {
         return list;
     }
+    std::optional<std::vector<WindowId>> windowNumbers(std::uint32_t) const override {
+        return std::nullopt;
+    }
     std::optional<std::vector<ManagedDisplay>> managedDisplaySpaces() const override {
         return displays;
     }
@@ -28,6 +31,7 @@ class RecordedWindowServer final : public WindowServer {
         if (found == windows.end()) return std::nullopt;
         return found->second;
     }
+    bool moveWindows(const std::vector<WindowId>&, SpaceId) override { return false; }
     Handle subscribe(std::function<void()>) override { return {}; }
 };
 

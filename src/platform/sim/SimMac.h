@@ -122,7 +122,7 @@ class SimMac {
     SimApplicationControl control_{world_, applications_, dock_};
     SimScreens screens_{world_};
     SimDockStrip strip_;
-    SimWindowServer windowServer_{world_};
+    SimWindowServer windowServer_{world_, windows_};
     SimDockPreferences dockPreferences_{world_};
 
   public:

@@ -74,6 +74,18 @@ std::optional<std::vector<WindowListEntry>>
 SimWindowServer::windowList(std::uint32_t option) const {
     world_.scheduler.spend(world_.windowListSeconds);
     if (!world_.windowListAnswers) return std::nullopt;
+    return entries(option);
+}
+
+std::optional<std::vector<WindowId>> SimWindowServer::windowNumbers(std::uint32_t option) const {
+    if (!world_.windowListAnswers || !world_.hasWindowNumbers) return std::nullopt;
+    std::vector<WindowId> numbers;
+    for (const WindowListEntry& entry : entries(option))
+        numbers.push_back(entry.number.value_or(0));
+    return numbers;
+}
+
+std::vector<WindowListEntry> SimWindowServer::entries(std::uint32_t option) const {
     const bool onScreenOnly = (option & WindowListOption::onScreenOnly) != 0;
     std::vector<WindowListEntry> list;
     list.reserve(world_.windows.size() + 2 * world_.displays.size() + 1);
@@ -115,6 +127,17 @@ std::optional<std::vector<WindowId>> SimWindowServer::windowsOfSpace(SpaceId spa
         if (app && !app->hidden) ids.push_back(window.id);
     }
     return ids;
+}
+
+bool SimWindowServer::moveWindows(const std::vector<WindowId>& windows, SpaceId space) {
+    if (!world_.hasMoveFunction) return false;
+    if (world_.movesWindows) {
+        world_.scheduler.post([this, windows, space] {
+            for (const WindowId window : windows)
+                windows_.moveToSpace(window, space);
+        });
+    }
+    return true;
 }
 
 Handle SimWindowServer::subscribe(std::function<void()> callback) {

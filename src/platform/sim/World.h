@@ -136,6 +136,11 @@ struct World {
     bool hasRemoteTokens = true;
     /// The functions behind the Spaces exist.
     bool hasSpaceFunctions = true;
+    /// The function that gives the windows' numbers alone exists.
+    bool hasWindowNumbers = true;
+    /// The function that moves windows to another Space exists, and does what it says.
+    bool hasMoveFunction = true;
+    bool movesWindows = true;
     /// The window server answers when asked for its list.
     bool windowListAnswers = true;
     /// Seconds that a read of the window list takes.

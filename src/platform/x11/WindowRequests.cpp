@@ -57,6 +57,15 @@ void WindowRequests::restore(WindowId window) {
     });
 }
 
+bool WindowRequests::moveToDesktop(WindowId window, std::uint32_t desktop) {
+    if (!mirror_.hasWindowManager()) return false;
+    connection_.perform([this, window, desktop] {
+        connection_.sendToRoot(window, connection_.atoms().netWmDesktop,
+                               {desktop, fromPager, 0, 0, 0});
+    });
+    return true;
+}
+
 void WindowRequests::close(WindowId window) {
     connection_.perform([this, window] {
         const auto& atoms = connection_.atoms();

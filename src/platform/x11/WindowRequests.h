@@ -20,6 +20,8 @@ class WindowRequests {
     void iconify(WindowId window);
     /// Shows an iconified window, without the focus as far as the window manager keeps to that.
     void restore(WindowId window);
+    /// False without a window manager: only it knows of desktops. Main thread only.
+    bool moveToDesktop(WindowId window, std::uint32_t desktop);
     /// As the close button does: the client may ask its user first.
     void close(WindowId window);
     /// Ends the client's connection to the X server, and with it all its windows.

@@ -61,7 +61,7 @@ struct X11Desktop::Parts {
     SnapshotBoard board;
     WindowRequests requests{*connection, mirror};
 
-    X11WindowServer windowServer{board};
+    X11WindowServer windowServer{board, requests};
     X11Accessibility accessibility{
         *connection, board, requests,
         [this](ProcessId owner, WindowId window) { table.setMainWindow(owner, window); }};

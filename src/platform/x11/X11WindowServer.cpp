@@ -58,6 +58,27 @@ DisplayId displayOf(const ClientWindow& window, const std::vector<Screen>& scree
     return best;
 }
 
+/// The desktop that a Space of the display stands for.
+std::uint32_t desktopOf(SpaceId space) {
+    return static_cast<std::uint32_t>(space) - 1;
+}
+
+DisplayId displayOf(SpaceId space) {
+    return static_cast<DisplayId>(space >> 32);
+}
+
+/// Calls with each window that the option asks for, front to back, and whether it is on screen.
+template <typename Visit>
+void visitListed(const DesktopSnapshot& desktop, std::uint32_t option, Visit visit) {
+    for (const auto& window : desktop.windows) {
+        const bool isOnScreen = !window->isMinimized && window->isOnDesktop(desktop.currentDesktop);
+        if (!isOnScreen && (option & WindowListOption::onScreenOnly)) continue;
+        const bool isDesktopElement = window->kind == ClientWindow::Kind::desktop;
+        if (isDesktopElement && (option & WindowListOption::excludeDesktopElements)) continue;
+        visit(*window, isOnScreen);
+    }
+}
+
 } // namespace
 
 std::optional<std::vector<WindowListEntry>>
@@ -65,15 +86,17 @@ X11WindowServer::windowList(std::uint32_t option) const {
     const auto desktop = board_.newest();
     std::vector<WindowListEntry> list;
     list.reserve(desktop->windows.size());
-    for (const auto& window : desktop->windows) {
-        const bool isOnScreen =
-            !window->isMinimized && window->isOnDesktop(desktop->currentDesktop);
-        if (!isOnScreen && (option & WindowListOption::onScreenOnly)) continue;
-        const bool isDesktopElement = window->kind == ClientWindow::Kind::desktop;
-        if (isDesktopElement && (option & WindowListOption::excludeDesktopElements)) continue;
-        list.push_back(entryOf(*window, isOnScreen));
-    }
+    visitListed(*desktop, option, [&](const ClientWindow& window, bool isOnScreen) {
+        list.push_back(entryOf(window, isOnScreen));
+    });
     return list;
+}
+
+std::optional<std::vector<WindowId>> X11WindowServer::windowNumbers(std::uint32_t option) const {
+    std::vector<WindowId> numbers;
+    visitListed(*board_.newest(), option,
+                [&](const ClientWindow& window, bool) { numbers.push_back(window.id); });
+    return numbers;
 }
 
 std::optional<std::vector<ManagedDisplay>> X11WindowServer::managedDisplaySpaces() const {
@@ -91,15 +114,25 @@ std::optional<std::vector<ManagedDisplay>> X11WindowServer::managedDisplaySpaces
 }
 
 std::optional<std::vector<WindowId>> X11WindowServer::windowsOfSpace(SpaceId space) const {
-    const auto display = static_cast<DisplayId>(space >> 32);
-    const auto number = static_cast<std::uint32_t>(space) - 1;
     const auto desktop = board_.newest();
     std::vector<WindowId> windows;
     for (const auto& window : desktop->windows)
-        if (!window->isMinimized && window->isDesktopKnown && window->isOnDesktop(number) &&
-            displayOf(*window, desktop->screens) == display)
+        if (!window->isMinimized && window->isDesktopKnown &&
+            window->isOnDesktop(desktopOf(space)) &&
+            displayOf(*window, desktop->screens) == displayOf(space))
             windows.push_back(window->id);
     return windows;
+}
+
+bool X11WindowServer::moveWindows(const std::vector<WindowId>& windows, SpaceId space) {
+    const auto desktop = board_.newest();
+    bool isAsked = false;
+    for (const auto number : windows) {
+        const auto window = desktop->find(number);
+        if (!window || displayOf(*window, desktop->screens) != displayOf(space)) continue;
+        isAsked = requests_.moveToDesktop(number, desktopOf(space)) || isAsked;
+    }
+    return isAsked;
 }
 
 } // namespace larkspan::x11

@@ -3,6 +3,7 @@
 #include "platform/Signal.h"
 #include "platform/WindowServer.h"
 #include "platform/x11/DesktopSnapshot.h"
+#include "platform/x11/WindowRequests.h"
 
 namespace larkspan::x11 {
 
@@ -11,15 +12,19 @@ namespace larkspan::x11 {
 /// other desktops are not on screen, yet stay on their Space; iconified ones are on none.
 class X11WindowServer : public WindowServer {
   public:
-    explicit X11WindowServer(const SnapshotBoard& board)
-        : board_(board) {}
+    X11WindowServer(const SnapshotBoard& board, WindowRequests& requests)
+        : board_(board)
+        , requests_(requests) {}
 
     WindowServerAbilities abilities() const override {
         return {.announcesChanges = true, .readsAtOnce = true};
     }
     std::optional<std::vector<WindowListEntry>> windowList(std::uint32_t option) const override;
+    std::optional<std::vector<WindowId>> windowNumbers(std::uint32_t option) const override;
     std::optional<std::vector<ManagedDisplay>> managedDisplaySpaces() const override;
     std::optional<std::vector<WindowId>> windowsOfSpace(SpaceId space) const override;
+    /// Moves no window to another display: there is no such request.
+    bool moveWindows(const std::vector<WindowId>& windows, SpaceId space) override;
     Handle subscribe(std::function<void()> callback) override {
         return changed_.subscribe(std::move(callback));
     }
@@ -28,6 +33,7 @@ class X11WindowServer : public WindowServer {
 
   private:
     const SnapshotBoard& board_;
+    WindowRequests& requests_;
     Signal<> changed_;
 };
 

@@ -108,6 +108,37 @@ TEST_P(WindowServerContract, AWindowOfAnotherSpaceIsListedButNotOnScreen) {
     }));
 }
 
+TEST_P(WindowServerContract, TheNumbersAloneAreThoseOfTheList) {
+    world_->openWindow("writer");
+    const auto minimized = world_->openWindow("painter");
+    world_->minimize(minimized);
+    const auto elsewhere = world_->openWindow("painter");
+    world_->moveToSpace(elsewhere, 1);
+    ASSERT_TRUE(runUntil([&] { return !isOnScreen(minimized) && !isOnScreen(elsewhere); }));
+    for (const auto option :
+         {WindowListOption::all | 0U, WindowListOption::onScreenOnly | 0U,
+          WindowListOption::excludeDesktopElements | WindowListOption::onScreenOnly}) {
+        const auto list = *server_.windowList(option);
+        std::vector<WindowId> listed;
+        for (const auto& each : list)
+            listed.push_back(each.number.value_or(0));
+        EXPECT_EQ(server_.windowNumbers(option), listed) << option;
+    }
+}
+
+TEST_P(WindowServerContract, MovedWindowsGoToTheSpaceAndNoOthersDo) {
+    const auto first = world_->openWindow("writer");
+    const auto second = world_->openWindow("painter");
+    const auto staying = world_->openWindow("painter");
+    EXPECT_TRUE(server_.moveWindows({first, second}, space(1)));
+    EXPECT_TRUE(runUntil([&] { return isOnSpace(first, 1) && isOnSpace(second, 1); }));
+    EXPECT_FALSE(isOnSpace(first, 0));
+    EXPECT_TRUE(isOnSpace(staying, 0));
+    EXPECT_FALSE(isOnSpace(staying, 1));
+    EXPECT_TRUE(server_.moveWindows({first}, space(0)));
+    EXPECT_TRUE(runUntil([&] { return isOnSpace(first, 0) && !isOnSpace(first, 1); }));
+}
+
 TEST_P(WindowServerContract, AWindowOfEverySpaceIsOnEachOfThem) {
     const auto window = world_->openWindow("writer");
     world_->moveToSpace(window, std::nullopt);
