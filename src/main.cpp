@@ -82,9 +82,14 @@ class Reports {
     std::vector<std::string> early_;
 };
 
+/// `time` is the date in seconds. Any thread.
+void showLine(double time, const std::string& line) {
+    print(stderr, fmt::format("{:.3f} {}", time, line));
+}
+
 void logToTerminal(DiagnosticsLog& log) {
     log.sink = [](const DiagnosticsLog::Line& line) {
-        print(stderr, fmt::format("{:.3f} {}: {}", line.time, line.category, line.text));
+        showLine(line.time, line.category + ": " + line.text);
     };
 }
 
@@ -114,13 +119,17 @@ class Program {
 
   private:
     DesktopCallbacks callbacks() {
-        return {.report = [this](const std::string& line) { reports_(line); },
-                .gone =
-                    [](const std::string& line) {
-                        print(stderr, line);
-                        QCoreApplication::exit(failed);
-                    },
-                .reopened = [this] { answer(Control::requestLine({"reopen"})); }};
+        return {
+            .report = [this](const std::string& line) { reports_(line); },
+            .gone =
+                [](const std::string& line) {
+                    print(stderr, line);
+                    QCoreApplication::exit(failed);
+                },
+            .reopened = [this] { answer(Control::requestLine({"reopen"})); },
+            .log = isLogged_
+                       ? [this](const std::string& line) { showLine(scheduler_.wallClock(), line); }
+                       : std::function<void(const std::string&)>()};
     }
 
     int runOn(Desktop& desktop) {

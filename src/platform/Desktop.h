@@ -20,7 +20,8 @@ class Desktop {
     virtual DesktopPicture& desktopPicture() = 0;
 };
 
-/// What a desktop tells the program's entry. All are set, and called on the main thread.
+/// What a desktop tells the program's entry. Unless said otherwise each is set, and called on the
+/// main thread.
 struct DesktopCallbacks {
     /// One line about something that does not work here.
     std::function<void(const std::string&)> report;
@@ -29,6 +30,9 @@ struct DesktopCallbacks {
     /// The user opened the program once more. On desktops where that starts a second process, that
     /// process says so itself, over the control socket.
     std::function<void()> reopened;
+    /// Takes the lines of the system's log where the desktop has no such log; empty when nobody
+    /// reads them. Any thread.
+    std::function<void(const std::string&)> log;
 };
 
 /// The desktop before it is opened. Made first thing in `main`, before the toolkit starts.

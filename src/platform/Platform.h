@@ -1,10 +1,13 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/DisplayLink.h"
+#include "platform/EventTap.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
 #include "platform/Shell.h"
 #include "platform/SystemDock.h"
+#include "platform/SystemLog.h"
 #include "platform/UserDefaults.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
@@ -29,6 +32,9 @@ struct Platform {
     LoginItem& loginItem;
     HostApplication& application;
     TrashFolder& trash;
+    EventTaps& eventTaps;
+    DisplayLink& displayLink;
+    SystemLog& systemLog;
 };
 
 } // namespace larkspan

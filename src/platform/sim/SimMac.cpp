@@ -28,7 +28,10 @@ Platform SimMac::platform() {
             .statusBar = statusBar,
             .loginItem = loginItem,
             .application = application,
-            .trash = trash};
+            .trash = trash,
+            .eventTaps = eventTaps,
+            .displayLink = displayLink,
+            .systemLog = systemLog};
 }
 
 void SimMac::unplug(DisplayId display) {

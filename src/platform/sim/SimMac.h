@@ -7,12 +7,15 @@
 #include "platform/sim/SimAccessibility.h"
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimCoreDock.h"
+#include "platform/sim/SimDisplayLink.h"
 #include "platform/sim/SimDockPreferences.h"
+#include "platform/sim/SimEventTaps.h"
 #include "platform/sim/SimHostApplication.h"
 #include "platform/sim/SimLoginItem.h"
 #include "platform/sim/SimScreenCapture.h"
 #include "platform/sim/SimScreens.h"
 #include "platform/sim/SimStatusBar.h"
+#include "platform/sim/SimSystemLog.h"
 #include "platform/sim/SimTrash.h"
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
@@ -136,6 +139,9 @@ class SimMac {
     SimLoginItem loginItem;
     SimHostApplication application{world_.scheduler};
     SimTrash trash{world_, applications_};
+    SimEventTaps eventTaps{world_.scheduler};
+    SimDisplayLink displayLink{world_.scheduler};
+    SimSystemLog systemLog;
 };
 
 } // namespace larkspan::sim

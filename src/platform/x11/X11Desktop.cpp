@@ -1,5 +1,6 @@
 #include "platform/x11/X11Desktop.h"
 
+#include "platform/qt/QtDisplayLink.h"
 #include "platform/qt/watchReadable.h"
 #include "platform/x11/ApplicationTable.h"
 #include "platform/x11/DefaultApplications.h"
@@ -19,6 +20,7 @@
 #include "platform/x11/X11CoreDock.h"
 #include "platform/x11/X11DesktopPicture.h"
 #include "platform/x11/X11DockStrip.h"
+#include "platform/x11/X11EventTaps.h"
 #include "platform/x11/X11PanelDressing.h"
 #include "platform/x11/X11ScreenCapture.h"
 #include "platform/x11/X11Screens.h"
@@ -77,6 +79,8 @@ struct X11Desktop::Parts {
     LoginEntry loginItem{host.environment, host.program,
                          [this](const std::string& path) { open(path); }};
     FreedesktopTrash trash{host.environment, [this](const std::string& path) { open(path); }};
+    X11EventTaps eventTaps;
+    qt::QtDisplayLink displayLink{host.scheduler};
     X11PanelDressing dressing{*connection};
     X11DesktopPicture picture{*connection, scale};
 
@@ -174,7 +178,10 @@ Platform X11Desktop::platform() {
             .statusBar = parts_->statusBar,
             .loginItem = parts_->loginItem,
             .application = parts_->host.application,
-            .trash = parts_->trash};
+            .trash = parts_->trash,
+            .eventTaps = parts_->eventTaps,
+            .displayLink = parts_->displayLink,
+            .systemLog = parts_->host.systemLog};
 }
 
 PanelDressing& X11Desktop::panelDressing() {

@@ -22,6 +22,7 @@ class X11Desktop {
         Scheduler& scheduler;
         UserDefaults& defaults;
         HostApplication& application;
+        SystemLog& systemLog;
         Environment environment;
         /// The path of this program, for the login item.
         std::string program;

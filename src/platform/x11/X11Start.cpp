@@ -3,6 +3,7 @@
 #include "platform/qt/DefaultsFile.h"
 #include "platform/qt/QtApplication.h"
 #include "platform/x11/X11Desktop.h"
+#include "platform/x11/X11SystemLog.h"
 #include "platform/x11/XdgFolders.h"
 #include "platform/x11/displayComplaint.h"
 
@@ -28,6 +29,7 @@ class X11Session final : public Desktop {
         auto opened = X11Desktop::open({.scheduler = scheduler,
                                         .defaults = defaults_,
                                         .application = application_,
+                                        .systemLog = systemLog_,
                                         .environment = environment,
                                         .program = program.string(),
                                         .report = callbacks_.report,
@@ -43,6 +45,7 @@ class X11Session final : public Desktop {
 
   private:
     DesktopCallbacks callbacks_;
+    X11SystemLog systemLog_{callbacks_.log};
     qt::QtApplication application_;
     qt::DefaultsFile defaults_;
     std::unique_ptr<X11Desktop> desktop_;

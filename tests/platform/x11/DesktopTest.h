@@ -7,6 +7,7 @@
 #include "platform/x11/PrivateServer.h"
 #include "platform/x11/TestClient.h"
 #include "platform/x11/X11Desktop.h"
+#include "platform/x11/X11SystemLog.h"
 
 #include <gtest/gtest.h>
 
@@ -45,6 +46,7 @@ class DesktopUnderTest {
             {.scheduler = scheduler,
              .defaults = defaults,
              .application = application,
+             .systemLog = systemLog,
              .environment = std::move(environment),
              .program = "/usr/bin/larkspan",
              .report = [this](const std::string& line) { reports.push_back(line); },
@@ -101,6 +103,7 @@ class DesktopUnderTest {
     qt::QtScheduler scheduler;
     MemoryDefaults defaults;
     RestingApplication application;
+    X11SystemLog systemLog{nullptr};
     std::vector<std::string> reports;
     std::vector<std::string> gone;
     std::unique_ptr<X11Desktop> desktop;
