@@ -1,6 +1,6 @@
 # Larkspan's commands. Each sets up what it needs; the second time it does only what changed.
 .DEFAULT_GOAL := help
-.PHONY: help setup setup-lint setup-bench build run demo tour test asan tsan bench lint format clean
+.PHONY: help setup setup-lint setup-bench build run demo tour test asan tsan macos bench lint format clean
 MAKEFLAGS += --no-print-directory
 
 help:
@@ -12,6 +12,7 @@ help:
 	@echo "make format  format every source"
 	@echo "make asan    the system's tests under AddressSanitizer and UndefinedBehaviorSanitizer"
 	@echo "make tsan    the system's tests under ThreadSanitizer"
+	@echo "make macos SDK=…  what a Mac builds, compiled and linked on Linux against an SDK"
 	@echo "make bench   the model's benchmarks"
 	@echo "make clean   remove every build folder"
 
@@ -52,12 +53,16 @@ bench: build/bench/build.ninja
 	@cmake --build --preset bench --target larkspan_bench
 	@build/bench/bin/larkspan_bench
 
+# The SDK is a folder that the caller has; the script says what is needed.
+macos:
+	@scripts/macos "$(SDK)"
+
 lint: build/release/build.ninja | setup-lint
 	@cmake --build --preset release
 	@scripts/lint
 
 format: | setup-lint
-	@git ls-files '*.cpp' '*.h' | xargs clang-format -i
+	@git ls-files '*.cpp' '*.h' '*.mm' | xargs clang-format -i
 
 clean:
 	rm -rf build

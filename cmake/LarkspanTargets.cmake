@@ -3,12 +3,13 @@
 find_program(CCACHE ccache)
 if(CCACHE)
     set(CMAKE_CXX_COMPILER_LAUNCHER ${CCACHE})
+    set(CMAKE_OBJCXX_COMPILER_LAUNCHER ${CCACHE})
 endif()
 
 function(larkspan_options target)
     # A designated initialiser that leaves members at their defaults is how values are made here.
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
-        -Wno-missing-field-initializers)
+        -Wno-missing-field-initializers $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
     if(LARKSPAN_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${LARKSPAN_SANITIZE}
             -fno-sanitize-recover=all -fno-omit-frame-pointer
@@ -19,11 +20,11 @@ function(larkspan_options target)
 endfunction()
 
 # larkspan_library(folder [DEPENDS targets…]): the static library of one folder under src/, made of every
-# source directly inside it. `platform/x11` becomes larkspan_x11.
+# source directly inside it (.mm is Objective-C++, in the Mac's folder only). `platform/x11` becomes larkspan_x11.
 function(larkspan_library folder)
     cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
     get_filename_component(name ${folder} NAME)
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp)
+    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/src/${folder}/*.mm)
     if(sources)
         add_library(larkspan_${name} STATIC ${sources})
         larkspan_options(larkspan_${name})

@@ -2,9 +2,8 @@
 
 #include "app/AppController.h"
 #include "app/RawValues.h"
+#include "app/numberFromText.h"
 
-#include <charconv>
-#include <cmath>
 #include <fmt/format.h>
 #include <functional>
 #include <nlohmann/json.hpp>
@@ -30,14 +29,6 @@ struct Setting {
     std::function<json(AppController&)> get;
     std::function<Complaint(AppController&, std::string_view)> set;
 };
-
-std::optional<double> parseNumber(std::string_view text) {
-    double number = 0;
-    const auto* end = text.data() + text.size();
-    const auto [rest, error] = std::from_chars(text.data(), end, number);
-    const bool isNumber = error == std::errc() && rest == end && std::isfinite(number);
-    return isNumber ? std::optional(number) : std::nullopt;
-}
 
 std::vector<std::string_view> splitWords(std::string_view text) {
     std::vector<std::string_view> parts;
@@ -66,7 +57,7 @@ Complaint outside(std::string_view key, Range range) {
 }
 
 std::optional<double> parseWithin(std::string_view text, Range range) {
-    const auto number = parseNumber(text);
+    const auto number = numberFromText(text);
     const bool fits = number && *number >= range.least && *number <= range.most;
     return fits ? number : std::nullopt;
 }

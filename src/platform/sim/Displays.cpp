@@ -1,9 +1,10 @@
 #include "platform/sim/Displays.h"
 
+#include "app/numberFromText.h"
+
 #include <fmt/format.h>
 
 #include <algorithm>
-#include <charconv>
 #include <utility>
 
 namespace larkspan::sim {
@@ -27,11 +28,8 @@ std::vector<std::string_view> split(std::string_view text, char separator) {
 }
 
 std::optional<double> positiveNumber(std::string_view text) {
-    double number = 0;
-    const auto [end, error] = std::from_chars(text.data(), text.data() + text.size(), number);
-    if (error != std::errc{} || end != text.data() + text.size() || number <= 0)
-        return std::nullopt;
-    return number;
+    const auto number = numberFromText(text);
+    return number && *number > 0 ? number : std::nullopt;
 }
 
 std::optional<Size> parseSize(std::string_view text) {

@@ -1,0 +1,15 @@
+# distribution_headers(target folder): an interface target with one header-only library of the distribution on its
+# include path, and nothing else of /usr/include.
+function(distribution_headers target folder)
+    if(TARGET ${target})
+        return()
+    endif()
+    if(NOT EXISTS /usr/include/${folder})
+        message(FATAL_ERROR "/usr/include/${folder} is missing: scripts/setup macos installs it")
+    endif()
+    set(include ${CMAKE_BINARY_DIR}/distribution/${folder})
+    file(MAKE_DIRECTORY ${include})
+    file(CREATE_LINK /usr/include/${folder} ${include}/${folder} SYMBOLIC)
+    add_library(${target} INTERFACE IMPORTED GLOBAL)
+    target_include_directories(${target} INTERFACE ${include})
+endfunction()

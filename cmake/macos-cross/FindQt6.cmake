@@ -1,0 +1,34 @@
+# The distribution's Qt: its headers and its tools (moc, rcc, the views' compiler) are the host's. Its libraries are
+# not a Mac's, so an empty library stands for each, and what is called in them stays open in the link.
+file(GLOB folder /usr/lib/*/cmake/Qt6)
+if(NOT folder)
+    message(FATAL_ERROR "Qt 6 is missing: scripts/setup macos installs it")
+endif()
+get_filename_component(packages ${folder} DIRECTORY)
+set(QT_HOST_PATH /usr)
+set(Qt6_DIR ${folder})
+set(Qt6HostInfo_DIR ${packages}/Qt6HostInfo)
+list(APPEND CMAKE_PREFIX_PATH ${packages})
+# It would put /usr/include on the include path.
+set(CMAKE_DISABLE_FIND_PACKAGE_WrapVulkanHeaders TRUE)
+find_package(Qt6 ${Qt6_FIND_VERSION} CONFIG COMPONENTS ${Qt6_FIND_COMPONENTS})
+
+set(empty ${CMAKE_BINARY_DIR}/distribution/Qt.tbd)
+file(CONFIGURE OUTPUT ${empty} CONTENT [[
+--- !tapi-tbd
+tbd-version: 4
+targets: [ arm64-macos, x86_64-macos ]
+install-name: '@rpath/Qt'
+...
+]])
+get_directory_property(targets IMPORTED_TARGETS)
+list(FILTER targets INCLUDE REGEX "^Qt6::")
+foreach(target IN LISTS targets)
+    get_target_property(type ${target} TYPE)
+    get_target_property(configurations ${target} IMPORTED_CONFIGURATIONS)
+    if(type STREQUAL SHARED_LIBRARY AND configurations)
+        foreach(configuration IN LISTS configurations)
+            set_target_properties(${target} PROPERTIES IMPORTED_LOCATION_${configuration} ${empty})
+        endforeach()
+    endif()
+endforeach()
