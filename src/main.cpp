@@ -6,6 +6,7 @@
 #include "platform/qt/QtScheduler.h"
 #include "ui/AppearanceWatch.h"
 #include "ui/Environment.h"
+#include "ui/PermissionsPanel.h"
 #include "ui/QuickBarPanels.h"
 #include "ui/Views.h"
 #include "ui/demo/Demo.h"
@@ -141,6 +142,8 @@ class Program {
             return std::make_unique<ui::QuickBarPanels>(
                 controller, views, appearance, desktop.panelDressing(), desktop.desktopPicture());
         });
+        const ui::PermissionsPanel permissions(delegate.controller().permissions(), views,
+                                               appearance);
         auto& log = delegate.controller().log();
         if (isLogged_) logToTerminal(log);
         reports_.attach(log);

@@ -9,8 +9,8 @@
 namespace larkspan {
 
 /// What the permissions window shows and does: which of the two permissions the program has, kept
-/// fresh while the window is shown, and the way to grant each. No view shows it yet; on a desktop
-/// that grants everything it is never asked to show. Main thread only.
+/// fresh while the window is shown, and the way to grant each. On a desktop that grants everything
+/// it is never asked to show. Main thread only.
 class PermissionsWindow {
   public:
     PermissionsWindow(Scheduler& scheduler, Accessibility& accessibility,

@@ -1,20 +1,11 @@
 #include "ui/BarOnScreen.h"
-
-#include <QDir>
+#include "ui/keepPicture.h"
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
 
 namespace larkspan::ui {
 
 namespace {
-
-/// With LARKSPAN_PICTURES set to a folder, the pictures that the tests look at are kept there.
-void keep(const QImage& picture, const char* name) {
-    const QByteArray folder = qgetenv("LARKSPAN_PICTURES");
-    if (!folder.isEmpty()) picture.save(QDir(folder).filePath(QString(name) + ".png"));
-}
 
 /// The average lightness, 0...255, of a part of the picture.
 int lightness(const QImage& picture, const QRectF& part) {
@@ -50,10 +41,10 @@ class BarPicture : public testing::Test {
 TEST_F(BarPicture, GlassFollowsLightAndDark) {
     look(false);
     const QImage light = bar.picture();
-    keep(light, "island-light");
+    keepPicture(light, "island-light");
     look(true);
     const QImage dark = bar.picture();
-    keep(dark, "island-dark");
+    keepPicture(dark, "island-dark");
     EXPECT_GT(lightness(light, freeGlass(bar)), lightness(dark, freeGlass(bar)) + 50);
 }
 
@@ -62,7 +53,7 @@ TEST_F(BarPicture, FrostedGlassHidesMoreOfTheDesktop) {
     const int clear = lightness(bar.picture(), freeGlass(bar));
     bar.app.look().glass.set(GlassKind::regular);
     bar.settle();
-    keep(bar.picture(), "island-frosted");
+    keepPicture(bar.picture(), "island-frosted");
     EXPECT_GT(lightness(bar.picture(), freeGlass(bar)), clear + 10);
 }
 
@@ -70,7 +61,7 @@ TEST_F(BarPicture, BandReachesBothEdges) {
     bar.app.look().style.set(BarStyle::bar);
     bar.settle();
     const QImage picture = bar.picture();
-    keep(picture, "band");
+    keepPicture(picture, "band");
     EXPECT_NE(qAlpha(picture.pixel(0, 40)), 0);
     EXPECT_NE(qAlpha(picture.pixel(picture.width() - 1, 40)), 0);
     EXPECT_EQ(bar.panel().barFrame(), (Rect{0, 0, 1440, 72}));
