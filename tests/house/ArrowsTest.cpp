@@ -22,6 +22,11 @@ const std::vector<std::string> plain = {"fmt/", "nlohmann/"};
 const std::vector<std::string> posix = {"sys/",  "unistd.h", "fcntl.h",   "poll.h",   "signal.h",
                                         "pwd.h", "spawn.h",  "fnmatch.h", "dirent.h", "netinet/"};
 
+const std::vector<std::string> frameworks = {"AppKit/",         "ApplicationServices/",
+                                             "CoreFoundation/", "CoreGraphics/",
+                                             "Foundation/",     "dispatch/",
+                                             "dlfcn.h",         "objc/"};
+
 std::vector<std::string> operator+(std::vector<std::string> left,
                                    const std::vector<std::string>& right) {
     left.insert(left.end(), right.begin(), right.end());
@@ -49,6 +54,8 @@ const std::map<std::string, Arrows>& arrows() {
         {"platform/x11",
          {{"platform", "platform/qt"},
           plain + posix + std::vector<std::string>{"Q", "xcb/", "X11/"}}},
+        {"platform/mac",
+         {{"platform", "platform/qt"}, plain + posix + frameworks + std::vector<std::string>{"Q"}}},
         {"ui", {system, plain + std::vector<std::string>{"Q"}}},
         {"ui/demo",
          {with(with(system, "platform/sim"), "ui"), plain + std::vector<std::string>{"Q"}}},
@@ -91,7 +98,7 @@ std::string complaintAbout(const std::string& folder, const std::string& header,
 }
 
 TEST(Arrows, EveryIncludeFollowsThem) {
-    const std::regex include(R"(^\s*#\s*include\s+(["<])([^">]+)[">])");
+    const std::regex include(R"(^\s*#\s*(?:include|import)\s+(["<])([^">]+)[">])");
     std::vector<std::string> complaints;
     int includes = 0;
     for (const auto& path : filesUnder({"src"}, {".h", ".cpp", ".mm"})) {
