@@ -24,8 +24,9 @@ const std::vector<std::string> posix = {"sys/",  "unistd.h", "fcntl.h",   "poll.
 
 const std::vector<std::string> frameworks = {"AppKit/",         "ApplicationServices/",
                                              "CoreFoundation/", "CoreGraphics/",
-                                             "Foundation/",     "dispatch/",
-                                             "dlfcn.h",         "objc/"};
+                                             "CoreVideo/",      "Foundation/",
+                                             "dispatch/",       "dlfcn.h",
+                                             "objc/",           "os/"};
 
 std::vector<std::string> operator+(std::vector<std::string> left,
                                    const std::vector<std::string>& right) {

@@ -1,0 +1,13 @@
+#pragma once
+
+#include "platform/DisplayLink.h"
+
+namespace larkspan::mac {
+
+/// The rhythm that suits all active displays.
+class MacDisplayLink final : public DisplayLink {
+  public:
+    Handle start(std::function<void()> frameDrawn) override;
+};
+
+} // namespace larkspan::mac
