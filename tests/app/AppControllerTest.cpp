@@ -140,7 +140,7 @@ TEST_F(AppControllerTest, SwitchingToTheDockEndsTheFitting) {
 
 TEST_F(AppControllerTest, ADockThatCannotBeReadIsNotTouched) {
     mac.setDock({});
-    mac.removeFunction(CoreDockFunction::isMagnificationEnabled);
+    mac.removeFunction("CoreDockIsMagnificationEnabled");
     const int callsBefore = mac.coreDock.setCalls();
     LaunchedApp app(mac);
     mac.scheduler.runFor(10);

@@ -80,7 +80,7 @@ TEST_F(BarMenuTest, LeadsToTheDockAndOut) {
 
 TEST_F(BarMenuTest, OffersNothingThatTheSystemLacks) {
     sim::SimMac bare;
-    bare.removeFunction(CoreDockFunction::getTileSize);
+    bare.removeFunction("CoreDockGetTileSize");
     AppController controller(
         bare.platform(), [](AppController&) { return std::make_unique<RecordingPanels>(); }, false);
     const auto found = lines(barMenu(controller));

@@ -103,7 +103,7 @@ TEST_F(WindowReading, CountsNoMinimisedOrHiddenWindow) {
 }
 
 TEST_F(WindowReading, WorksWithoutSpaces) {
-    mac.world().hasSpaceFunctions = false;
+    mac.removeFunction("CGSMainConnectionID");
     mac.openWindow(notes, {.display = right});
     const auto result = read();
     EXPECT_FALSE(result.spaceMap);

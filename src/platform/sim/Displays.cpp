@@ -82,21 +82,22 @@ DisplayId Displays::add(std::string_view description) {
         display->identifier = fmt::format("D15B1A70-0000-4000-8000-{:012X}", display->id);
     for (Space& space : display->spaces)
         space = makeSpace(0);
-    world_.displays.push_back(std::move(*display));
-    arrange();
+    put(*std::move(display));
     return lastDisplay_;
 }
 
-bool Displays::set(std::string_view description) {
+bool Displays::isReadable(std::string_view description) const {
     const auto parts = split(description, ',');
-    const bool readable = !parts.empty() && std::all_of(parts.begin(), parts.end(), [this](auto p) {
-        return parse(p).has_value();
-    });
-    if (!readable) return false;
+    return !parts.empty() && std::all_of(parts.begin(), parts.end(),
+                                         [](auto part) { return parse(part).has_value(); });
+}
+
+bool Displays::set(std::string_view description) {
+    if (!isReadable(description)) return false;
     std::vector<DisplayId> old;
     for (const Display& display : world_.displays)
         old.push_back(display.id);
-    for (const auto part : parts)
+    for (const auto part : split(description, ','))
         add(part);
     for (const DisplayId display : old)
         unplug(display);
@@ -120,31 +121,53 @@ void Displays::arrange() {
     world_.windowsDidChange();
 }
 
-void Displays::unplug(DisplayId id) {
+/// The windows of a display that went come to the main one.
+void Displays::takeIn(const Display& gone) {
+    Display& main = world_.displays.front();
+    for (Window& window : world_.windows) {
+        const auto isItsSpace = [&](const Space& space) { return space.id == window.space; };
+        if (std::none_of(gone.spaces.begin(), gone.spaces.end(), isItsSpace)) continue;
+        window.space = main.shown().id;
+        // It keeps its place relative to its display, as far as the other one is large enough.
+        const double right = std::max(0.0, main.bounds.width - window.frame.width);
+        const double bottom = std::max(0.0, main.bounds.height - window.frame.height);
+        window.frame.x = main.bounds.x + std::clamp(window.frame.x - gone.bounds.x, 0.0, right);
+        window.frame.y = main.bounds.y + std::clamp(window.frame.y - gone.bounds.y, 0.0, bottom);
+    }
+}
+
+std::optional<Display> Displays::takeAway(DisplayId id) {
     const auto found = std::find_if(world_.displays.begin(), world_.displays.end(),
                                     [id](const Display& display) { return display.id == id; });
-    if (found == world_.displays.end()) return;
-    const Display gone = std::move(*found);
+    if (found == world_.displays.end()) return std::nullopt;
+    Display gone = std::move(*found);
     world_.displays.erase(found);
-    if (!world_.displays.empty()) {
-        Display& main = world_.displays.front();
-        const auto onGone = [&](const Window& window) {
-            return window.space &&
-                   std::any_of(gone.spaces.begin(), gone.spaces.end(),
-                               [&](const Space& s) { return s.id == window.space; });
-        };
-        for (Window& window : world_.windows) {
-            if (!onGone(window)) continue;
-            window.space = main.shown().id;
-            // It keeps its place relative to its display, as far as the other one is large enough.
-            const double right = std::max(0.0, main.bounds.width - window.frame.width);
-            const double bottom = std::max(0.0, main.bounds.height - window.frame.height);
-            window.frame.x = main.bounds.x + std::clamp(window.frame.x - gone.bounds.x, 0.0, right);
-            window.frame.y =
-                main.bounds.y + std::clamp(window.frame.y - gone.bounds.y, 0.0, bottom);
-        }
-    }
+    if (world_.displays.empty())
+        lastOne_ = gone;
+    else
+        takeIn(gone);
     arrange();
+    return gone;
+}
+
+void Displays::put(Display display) {
+    world_.displays.push_back(std::move(display));
+    if (const auto gone = std::exchange(lastOne_, std::nullopt)) takeIn(*gone);
+    arrange();
+}
+
+void Displays::unplug(DisplayId id) {
+    takeAway(id);
+}
+
+void Displays::mirror(DisplayId id) {
+    if (world_.displays.size() < 2) return;
+    if (auto display = takeAway(id)) mirroring_.push_back(*std::move(display));
+}
+
+void Displays::endMirroring() {
+    for (Display& display : std::exchange(mirroring_, {}))
+        put(std::move(display));
 }
 
 bool Displays::switchSpace(DisplayId id, std::size_t index) {

@@ -6,8 +6,6 @@ namespace larkspan::sim {
 
 namespace {
 
-constexpr double respawnSeconds = 0.5;
-
 /// The identifier of an entry of the pinned list; empty when it names none.
 std::string identifierOf(const PropertyValue& entry) {
     const auto* dictionary = entry.as<PropertyValue::Dictionary>();
@@ -33,9 +31,11 @@ PropertyValue entryFor(const InstalledApp& app) {
 } // namespace
 
 void DockProcess::start() {
+    if (world_.appOf(bundleIdentifier)) return;
     applications_.launch(bundleIdentifier,
                          {.inBackground = true, .policy = ActivationPolicy::accessory});
     readPreferences();
+    world_.screensMayHaveChanged();
 }
 
 bool DockProcess::owns(ProcessId pid) const {
@@ -44,8 +44,11 @@ bool DockProcess::owns(ProcessId pid) const {
 }
 
 void DockProcess::restart() {
+    respawn_.reset();
     if (const App* dock = world_.appOf(bundleIdentifier)) applications_.kill(dock->pid);
-    respawn_ = world_.scheduler.after(respawnSeconds, [this] { start(); });
+    world_.screensMayHaveChanged();
+    if (world_.dockRestartSeconds)
+        respawn_ = world_.scheduler.after(*world_.dockRestartSeconds, [this] { start(); });
 }
 
 void DockProcess::readPreferences() {

@@ -19,9 +19,11 @@ class DockProcess {
         : world_(world)
         , applications_(applications) {}
 
+    /// Unless it runs already.
     void start();
     bool owns(ProcessId pid) const;
-    /// Ends it; the system starts it again half a second later, and it reads its preferences anew.
+    /// Ends it; a little later the system starts it again, and it reads its preferences anew. Until
+    /// then no strip is kept free, and what its settings are told it takes when it is back.
     void restart();
 
     // What the user does in the Dock itself.

@@ -1,6 +1,5 @@
 #include "platform/sim/ScenarioAction.h"
-
-#include <fmt/format.h>
+#include "platform/sim/ScenarioSubjects.h"
 
 #include <utility>
 
@@ -9,48 +8,10 @@ namespace larkspan::sim {
 namespace {
 
 using nlohmann::json;
-using Outcome = std::optional<std::string>;
-
-constexpr Outcome done = std::nullopt;
-
-std::string text(const json& fields, const char* name) {
-    return fields.value(name, std::string());
-}
 
 Rect rect(const json& value) {
     return {value[0].get<double>(), value[1].get<double>(), value[2].get<double>(),
             value[3].get<double>()};
-}
-
-/// Does something with the running app that "app" names.
-template <typename Act>
-Outcome withApp(Stage& stage, const json& fields, Act act) {
-    const std::string app = text(fields, "app");
-    const ProcessId pid = stage.mac.pidOf(app);
-    if (pid == 0) return fmt::format("no app {} runs", app);
-    act(stage.mac, pid);
-    return done;
-}
-
-/// Does something with the frontmost window of the title that "window" names.
-template <typename Act>
-Outcome withWindow(Stage& stage, const json& fields, Act act) {
-    const std::string title = text(fields, "window");
-    for (const Window& window : stage.mac.world().windows) {
-        if (window.title != title) continue;
-        act(stage.mac, WindowId{window.id});
-        return done;
-    }
-    return fmt::format("there is no window \"{}\"", title);
-}
-
-/// Does something with the display whose place in the row "display" names, the main one by default.
-template <typename Act>
-Outcome withDisplay(Stage& stage, const json& fields, Act act) {
-    const auto index = fields.value("display", std::size_t{0});
-    const DisplayId display = stage.mac.displayAt(index);
-    if (display == 0) return fmt::format("there is no display {}", index);
-    return act(stage.mac, display);
 }
 
 Outcome launch(Stage& stage, const json& fields) {
@@ -77,7 +38,9 @@ Outcome quit(Stage& stage, const json& fields) {
 }
 
 Outcome openWindow(Stage& stage, const json& fields) {
-    WindowOptions options{.title = text(fields, "title")};
+    WindowOptions options{.title = text(fields, "title"),
+                          .hasNumber = fields.value("hasNumber", true),
+                          .hasName = fields.value("hasName", true)};
     if (fields.contains("frame")) options.frame = rect(fields["frame"]);
     return withDisplay(stage, fields, [&](SimMac& mac, DisplayId display) -> Outcome {
         if (fields.contains("display")) options.display = display;
@@ -124,17 +87,6 @@ Outcome unplug(Stage& stage, const json& fields) {
     });
 }
 
-Outcome setPermission(Stage& stage, const json& fields, bool refuse) {
-    const std::string permission = text(fields, "permission");
-    if (permission == "accessibility")
-        stage.mac.refuseAccessibility(refuse);
-    else if (permission == "screenRecording")
-        stage.mac.refuseScreenRecording(refuse);
-    else
-        return fmt::format("there is no permission \"{}\"", permission);
-    return done;
-}
-
 constexpr Field app{"app", FieldKind::text, true};
 constexpr Field window{"window", FieldKind::text, true};
 constexpr Field display{"display", FieldKind::index};
@@ -150,20 +102,16 @@ Outcome onApp(Stage& stage, const json& fields) {
     return withApp(stage, fields, [](SimMac& mac, ProcessId pid) { (mac.*method)(pid); });
 }
 
+template <void (SimMac::*method)()>
+Outcome onMac(Stage& stage, const json&) {
+    (stage.mac.*method)();
+    return done;
+}
+
 template <void (SimMac::*method)(std::string_view)>
 Outcome onIdentifier(Stage& stage, const json& fields) {
     (stage.mac.*method)(text(fields, "app"));
     return done;
-}
-
-template <bool hung>
-Outcome hang(Stage& stage, const json& fields) {
-    return withApp(stage, fields, [](SimMac& mac, ProcessId pid) { mac.hang(pid, hung); });
-}
-
-template <bool refuse>
-Outcome permit(Stage& stage, const json& fields) {
-    return setPermission(stage, fields, refuse);
 }
 
 Outcome install(Stage& stage, const json& fields) {
@@ -176,9 +124,28 @@ Outcome setTrash(Stage& stage, const json& fields) {
     return done;
 }
 
-Outcome restartDock(Stage& stage, const json&) {
-    stage.mac.restartDock();
+Outcome restartDock(Stage& stage, const json& fields) {
+    stage.mac.restartDock(fields.value("seconds", 0.5));
     return done;
+}
+
+/// What is left out stays as it is.
+Outcome setDock(Stage& stage, const json& fields) {
+    DockSettings dock = stage.mac.world().dock;
+    dock.tileSize = fields.value("tileSize", dock.tileSize);
+    dock.autoHide = fields.value("autoHide", dock.autoHide);
+    dock.place.orientation = fields.value("orientation", dock.place.orientation);
+    dock.place.pinning = fields.value("pinning", dock.place.pinning);
+    dock.magnification = fields.value("magnification", dock.magnification);
+    stage.mac.setDock(dock);
+    return done;
+}
+
+Outcome mirror(Stage& stage, const json& fields) {
+    return withDisplay(stage, fields, [](SimMac& mac, DisplayId id) {
+        mac.mirror(id);
+        return done;
+    });
 }
 
 Outcome sleep(Stage& stage, const json& fields) {
@@ -209,14 +176,14 @@ const std::vector<ScenarioAction>& macActions() {
         {"unhide", {app}, onApp<&SimMac::unhide>},
         {"quit", {app}, quit},
         {"kill", {app}, onApp<&SimMac::kill>},
-        {"hang", {app}, hang<true>},
-        {"release", {app}, hang<false>},
         {"openWindow",
          {app,
           {"title", FieldKind::text, true},
           {"frame", FieldKind::frame},
           display,
-          {"space", FieldKind::index}},
+          {"space", FieldKind::index},
+          {"hasNumber", FieldKind::flag},
+          {"hasName", FieldKind::flag}},
          openWindow},
         {"closeWindow", {window}, onWindow<&SimMac::closeWindow>},
         {"minimize", {window}, onWindow<&SimMac::minimize>},
@@ -228,13 +195,21 @@ const std::vector<ScenarioAction>& macActions() {
         {"leaveFullScreen", {window}, onWindow<&SimMac::leaveFullScreen>},
         {"addDisplay", {{"size", FieldKind::text, true}}, addDisplay},
         {"unplug", {{"display", FieldKind::index, true}}, unplug},
+        {"unplugAll", {}, onMac<&SimMac::unplugAll>},
+        {"mirror", {{"display", FieldKind::index, true}}, mirror},
+        {"endMirroring", {}, onMac<&SimMac::endMirroring>},
         {"switchSpace", {display, {"space", FieldKind::index, true}}, switchSpace},
         {"pin", {app}, onIdentifier<&SimMac::pin>},
         {"unpin", {app}, onIdentifier<&SimMac::unpin>},
-        {"restartDock", {}, restartDock},
+        {"restartDock", {{"seconds", FieldKind::number}}, restartDock},
+        {"setDock",
+         {{"tileSize", FieldKind::number},
+          {"autoHide", FieldKind::flag},
+          {"orientation", FieldKind::index},
+          {"pinning", FieldKind::index},
+          {"magnification", FieldKind::flag}},
+         setDock},
         {"setTrash", {{"items", FieldKind::index, true}}, setTrash},
-        {"refuse", {{"permission", FieldKind::text, true}}, permit<true>},
-        {"grant", {{"permission", FieldKind::text, true}}, permit<false>},
         {"sleep", {seconds}, sleep},
         {"jumpClock", {seconds}, jumpClock},
     };

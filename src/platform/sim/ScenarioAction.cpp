@@ -3,7 +3,7 @@
 namespace larkspan::sim {
 
 const ScenarioAction* scenarioAction(std::string_view name) {
-    for (const auto* actions : {&macActions(), &barActions()}) {
+    for (const auto* actions : {&macActions(), &faultActions(), &barActions()}) {
         for (const ScenarioAction& action : *actions) {
             if (action.name == name) return &action;
         }

@@ -23,6 +23,8 @@ struct ScenarioAction {
 /// Nullptr for a name that means nothing.
 const ScenarioAction* scenarioAction(std::string_view name);
 
+/// What is missing, refused, slow or wrong.
+const std::vector<ScenarioAction>& faultActions();
 /// What apps, windows, displays and the system do.
 const std::vector<ScenarioAction>& macActions();
 /// What the user does with the program.

@@ -2,7 +2,6 @@
 
 #include "platform/sim/ScenarioFields.h"
 
-#include <array>
 #include <fmt/format.h>
 #include <utility>
 
@@ -32,24 +31,6 @@ const std::vector<Field>& appFields() {
                                            {"seconds", FieldKind::number},
                                            {"window", FieldKind::flag}};
     return fields;
-}
-
-constexpr std::array dockFunctions{
-    std::pair{"getTileSize", CoreDockFunction::getTileSize},
-    std::pair{"setTileSize", CoreDockFunction::setTileSize},
-    std::pair{"getAutoHideEnabled", CoreDockFunction::getAutoHideEnabled},
-    std::pair{"setAutoHideEnabled", CoreDockFunction::setAutoHideEnabled},
-    std::pair{"getOrientationAndPinning", CoreDockFunction::getOrientationAndPinning},
-    std::pair{"setOrientationAndPinning", CoreDockFunction::setOrientationAndPinning},
-    std::pair{"isMagnificationEnabled", CoreDockFunction::isMagnificationEnabled},
-    std::pair{"setMagnificationEnabled", CoreDockFunction::setMagnificationEnabled},
-};
-
-std::optional<CoreDockFunction> dockFunction(std::string_view name) {
-    for (const auto& [known, function] : dockFunctions) {
-        if (name == known) return function;
-    }
-    return std::nullopt;
 }
 
 Complaint checkApps(const json& apps) {
@@ -90,8 +71,8 @@ Complaint checkWorld(const json& world) {
     if (!world.value("settings", json::object()).is_object())
         return "\"settings\" is not an object";
     for (const json& name : world.value("missing", json::array())) {
-        if (!dockFunction(name.get<std::string>()))
-            return fmt::format("the Dock has no function {}", name.dump());
+        if (!SimMac().removeFunction(name.get<std::string>()))
+            return fmt::format("no system has a private function {}", name.dump());
     }
     if (world.contains("displays") && !SimMac().setDisplays(world["displays"].get<std::string>()))
         return fmt::format("{} describes no displays", world["displays"].dump());
@@ -107,7 +88,7 @@ void setUp(SimMac& mac, const json& world) {
     installApps(mac, world);
     if (world.contains("pinned")) mac.setPinned(world["pinned"].get<std::vector<std::string>>());
     for (const json& name : world.value("missing", json::array()))
-        mac.removeFunction(*dockFunction(name.get<std::string>()));
+        mac.removeFunction(name.get<std::string>());
     mac.setTrash(world.value("trash", std::size_t{0}));
     const json settings = world.value("settings", json::object());
     for (const auto& [key, value] : settings.items())

@@ -66,7 +66,8 @@ AXElementRef SimAccessibility::createApplication(ProcessId pid) const {
 }
 
 AXElementRef SimAccessibility::createWithRemoteToken(const RemoteToken& token) const {
-    if (!world_.hasRemoteTokens || littleEndian<std::uint32_t>(token, 8) != tokenMark)
+    if (!world_.has("_AXUIElementCreateWithRemoteToken") ||
+        littleEndian<std::uint32_t>(token, 8) != tokenMark)
         return nullptr;
     const auto pid = static_cast<ProcessId>(littleEndian<std::uint32_t>(token, 0));
     // Element numbers are small: the app itself, then its windows in the order they were opened.
@@ -92,8 +93,12 @@ AXError SimAccessibility::setMessagingTimeout(const AXElementRef& element, float
 AXError SimAccessibility::call(const Element& element) const {
     if (!world_.trustedForAccessibility) return AXError::apiDisabled;
     if (element.kind == Element::Kind::systemWide) return AXError::success;
-    const App* app = world_.app(element.pid);
+    App* app = world_.app(element.pid);
     if (!app) return AXError::invalidUIElement;
+    if (app->callsUntilDeath && --*app->callsUntilDeath < 0) {
+        applications_.kill(element.pid);
+        return AXError::invalidUIElement;
+    }
     double patience = systemTimeout_ > 0 ? systemTimeout_ : world_.messagingTimeout;
     if (element.timeout > 0) patience = element.timeout;
     if (app->hung || app->answerSeconds > patience) {
@@ -160,10 +165,13 @@ AXAttribute SimAccessibility::windowAttribute(const Element& element, std::strin
         if (window.subrole.empty()) return failed(AXError::noValue);
         return answer(window.subrole);
     }
-    if (name == "AXTitle") return answer(window.title);
+    if (name == "AXTitle") return window.hasName ? answer(window.title) : failed(AXError::noValue);
     if (name == "AXMinimized") return answer(window.minimized);
     if (name == "AXFullScreen") return answer(window.frameBeforeFullScreen.has_value());
-    if (name == "AXPosition") return answer(Point{window.frame.x, window.frame.y});
+    if (name == "AXPosition") {
+        const Point error = world_.app(window.pid)->frameError;
+        return answer(Point{window.frame.x + error.x, window.frame.y + error.y});
+    }
     if (name == "AXSize") return answer(Size{window.frame.width, window.frame.height});
     if (name == "AXMain" || name == "AXFocused") {
         const Window* front = windows_.front(window.pid);
@@ -280,6 +288,7 @@ std::optional<ProcessId> SimAccessibility::pid(const AXElementRef& element) cons
 
 std::optional<WindowId> SimAccessibility::window(const AXElementRef& ref) const {
     const Element& element = of(ref);
+    if (!world_.has("_AXUIElementGetWindow")) return std::nullopt;
     const Window* window = world_.window(element.window);
     if (element.kind != Element::Kind::window || !window || !window->hasNumber) return std::nullopt;
     return window->id;

@@ -36,7 +36,7 @@ bool SimApplicationControl::forceTerminate(ProcessId pid) {
 }
 
 bool SimApplicationControl::sendSignal(ProcessId pid, int signal) {
-    if (!world_.app(pid)) return false;
+    if (!world_.app(pid) || !world_.killPoint.mayAct()) return false;
     if (signal != killSignal && signal != terminateSignal) return true;
     if (dock_.owns(pid))
         dock_.restart();

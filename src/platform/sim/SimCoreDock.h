@@ -10,9 +10,7 @@ class SimCoreDock final : public CoreDock {
     explicit SimCoreDock(World& world)
         : world_(world) {}
 
-    bool has(CoreDockFunction function) const override {
-        return !world_.missingDockFunctions.contains(function);
-    }
+    bool has(CoreDockFunction function) const override;
     float tileSize() const override { return world_.dock.tileSize; }
     void setTileSize(float fraction) override;
     bool isAutoHideEnabled() const override { return world_.dock.autoHide; }
@@ -26,6 +24,8 @@ class SimCoreDock final : public CoreDock {
     int setCalls() const { return setCalls_; }
 
   private:
+    bool mayAct();
+
     World& world_;
     int setCalls_ = 0;
 };

@@ -5,6 +5,7 @@
 namespace larkspan::sim {
 
 bool SimDockPreferences::synchronize() {
+    if (!world_.killPoint.mayAct()) return false;
     for (auto& [key, value] : set_)
         world_.dockPreferences[key] = value;
     set_.clear();

@@ -19,6 +19,9 @@ class SimDockPreferences final : public DockPreferences {
     bool announcesChanges() const override { return world_.announcesChanges; }
     Handle subscribe(std::function<void()> callback) override;
 
+    /// As after a kill of the program: what it set and did not synchronise is lost.
+    void loseUnsynchronized() { set_.clear(); }
+
   private:
     World& world_;
     std::map<std::string, PropertyValue, std::less<>> set_;

@@ -1,5 +1,7 @@
 #include "platform/sim/SimMac.h"
 
+#include <algorithm>
+
 namespace larkspan::sim {
 
 SimMac::SimMac(std::string_view displays) {
@@ -39,6 +41,17 @@ void SimMac::unplug(DisplayId display) {
     applications_.settleFrontmost();
 }
 
+void SimMac::unplugAll() {
+    while (!world_.displays.empty())
+        displays_.unplug(world_.displays.back().id);
+    applications_.settleFrontmost();
+}
+
+void SimMac::mirror(DisplayId display) {
+    displays_.mirror(display);
+    applications_.settleFrontmost();
+}
+
 bool SimMac::switchSpace(DisplayId display, std::size_t index) {
     if (!displays_.switchSpace(display, index)) return false;
     applications_.settleFrontmost();
@@ -66,6 +79,18 @@ ProcessId SimMac::pidOf(std::string_view bundleIdentifier) {
     return app ? app->pid : 0;
 }
 
+void SimMac::kill(ProcessId pid) {
+    if (dock_.owns(pid))
+        dock_.restart();
+    else
+        applications_.kill(pid);
+}
+
+void SimMac::openWindows(ProcessId pid, std::size_t count) {
+    for (std::size_t i = 0; i < count; ++i)
+        openWindow(pid, {.frame = Rect{100, 100, 760, 480}, .title = std::to_string(i + 1)});
+}
+
 void SimMac::leaveFullScreen(WindowId window) {
     windows_.leaveFullScreen(window);
     applications_.settleFrontmost();
@@ -90,8 +115,63 @@ void SimMac::setTrash(std::optional<std::size_t> entries) {
     scheduler.post([this] { world_.trashChanged.emit(); });
 }
 
+void SimMac::freezeScreenRecording() {
+    screenCapture.preflightAccess();
+    world_.freezesScreenRecording = true;
+}
+
+bool SimMac::removeFunction(std::string_view name) {
+    if (std::ranges::find(privateFunctions, name) == privateFunctions.end()) return false;
+    world_.missingFunctions.emplace(name);
+    return true;
+}
+
+void SimMac::removeAllFunctions() {
+    world_.missingFunctions.insert(privateFunctions.begin(), privateFunctions.end());
+}
+
 void SimMac::hang(ProcessId pid, bool hung) {
     if (App* app = world_.app(pid)) app->hung = hung;
+}
+
+void SimMac::answerAfter(ProcessId pid, double seconds) {
+    if (App* app = world_.app(pid)) app->answerSeconds = seconds;
+}
+
+void SimMac::lieAboutFrames(ProcessId pid, Point by) {
+    if (App* app = world_.app(pid)) app->frameError = by;
+}
+
+void SimMac::dieDuringRead(ProcessId pid, int calls) {
+    if (App* app = world_.app(pid)) app->callsUntilDeath = calls;
+}
+
+void SimMac::restartDock(double seconds) {
+    world_.dockRestartSeconds = seconds;
+    dock_.restart();
+}
+
+void SimMac::removeDock() {
+    world_.dockRestartSeconds.reset();
+    dock_.restart();
+}
+
+void SimMac::startDock() {
+    world_.dockRestartSeconds = 0.5;
+    dock_.start();
+}
+
+bool SimMac::changeDisplaysAfterRead(std::string_view displays) {
+    if (!displays_.isReadable(displays)) return false;
+    world_.displaysAfterRead = displays;
+    return true;
+}
+
+void SimMac::programKilled(std::size_t survivors) {
+    world_.killPoint.revive();
+    defaults.loseUnsynchronized(survivors);
+    dockPreferences_.loseUnsynchronized();
+    programEnded();
 }
 
 } // namespace larkspan::sim

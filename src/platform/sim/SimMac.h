@@ -4,6 +4,7 @@
 #include "platform/sim/Applications.h"
 #include "platform/sim/Displays.h"
 #include "platform/sim/DockProcess.h"
+#include "platform/sim/PrivateFunctions.h"
 #include "platform/sim/SimAccessibility.h"
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimCoreDock.h"
@@ -43,6 +44,11 @@ class SimMac {
     DisplayId addDisplay(std::string_view description) { return displays_.add(description); }
     bool setDisplays(std::string_view description) { return displays_.set(description); }
     void unplug(DisplayId display);
+    /// As when the lid closes and nothing else is plugged in.
+    void unplugAll();
+    /// It shows another display's picture, and is no screen of its own.
+    void mirror(DisplayId display);
+    void endMirroring() { displays_.endMirroring(); }
     /// `index` counts the display's Spaces from 0.
     bool switchSpace(DisplayId display, std::size_t index);
     SpaceId addSpace(DisplayId display) { return displays_.addSpace(display); }
@@ -67,7 +73,8 @@ class SimMac {
     void unhide(ProcessId pid) { applications_.unhide(pid); }
     /// Answers whether it went.
     bool quit(ProcessId pid) { return applications_.quit(pid); }
-    void kill(ProcessId pid) { applications_.kill(pid); }
+    /// Ends it at once. The system starts the Dock again.
+    void kill(ProcessId pid);
     /// The first running process of that bundle; 0 when none runs.
     ProcessId pidOf(std::string_view bundleIdentifier);
     ProcessId frontmost() const { return world_.frontmost; }
@@ -77,6 +84,8 @@ class SimMac {
     WindowId openWindow(ProcessId pid, const WindowOptions& options = {}) {
         return windows_.open(pid, options);
     }
+    /// As many windows of one app, each in the place of its first.
+    void openWindows(ProcessId pid, std::size_t count);
     void closeWindow(WindowId window) { windows_.close(window); }
     void minimize(WindowId window) { windows_.setMinimized(window, true); }
     void unminimize(WindowId window) { windows_.setMinimized(window, false); }
@@ -97,18 +106,47 @@ class SimMac {
     void pin(std::string_view bundleIdentifier) { dock_.pin(bundleIdentifier); }
     void unpin(std::string_view bundleIdentifier) { dock_.unpin(bundleIdentifier); }
     void setPinned(const std::vector<std::string>& identifiers) { dock_.setPinned(identifiers); }
-    void restartDock() { dock_.restart(); }
+    /// It is back after `seconds`, now and whenever it ends.
+    void restartDock(double seconds = 0.5);
     void setDock(const DockSettings& settings);
     /// Absent: the folder cannot be read.
     void setTrash(std::optional<std::size_t> entries);
 
-    // What is missing, refused or slow.
+    // Faults: what is missing, refused, slow or wrong. Each holds until it is taken back.
     void refuseAccessibility(bool refuse = true) { world_.trustedForAccessibility = !refuse; }
     void refuseScreenRecording(bool refuse = true) { world_.mayRecordScreen = !refuse; }
-    void removeFunction(CoreDockFunction function) { world_.missingDockFunctions.insert(function); }
+    /// A grant or a refusal from now on is seen only by the program's next start.
+    void freezeScreenRecording();
+    /// Of `privateFunctions`; answers false for another name.
+    bool removeFunction(std::string_view name);
+    void removeAllFunctions();
+    void restoreFunctions() { world_.missingFunctions.clear(); }
     void setAnnouncesChanges(bool announces) { world_.announcesChanges = announces; }
     /// The app answers no call until it is let go.
     void hang(ProcessId pid, bool hung = true);
+    /// Each Accessibility call to the app takes so long, or ends with the messaging time-out.
+    void answerAfter(ProcessId pid, double seconds);
+    /// The places of its windows that the app tells through Accessibility are wrong by so much.
+    void lieAboutFrames(ProcessId pid, Point by);
+    /// The process answers so many Accessibility calls and is gone at the next.
+    void dieDuringRead(ProcessId pid, int calls);
+    // News from the workspace, the screens and the window server.
+    void loseEvents(bool lose = true) { world_.events.areLost = lose; }
+    void doubleEvents(bool doubled = true) { world_.events.areDoubled = doubled; }
+    void delayEvents(double seconds) { world_.events.lateSeconds = seconds; }
+    /// The Dock ends and does not come back until it is started.
+    void removeDock();
+    void startDock();
+    void refuseDockSizes(bool refuse = true) { world_.dockRefusesSizes = refuse; }
+    /// The displays are others as soon as the program has looked at those of now. Answers false
+    /// when the description cannot be read.
+    bool changeDisplaysAfterRead(std::string_view displays);
+
+    /// The program has ended by itself, or was killed before all its settings were stored: of those
+    /// it had set last only the first `survivors` are.
+    void programEnded() { screenCapture.forget(); }
+    void programKilled(std::size_t survivors = 0);
+    KillPoint& killPoint() { return world_.killPoint; }
 
     /// Everything that is so, for tests that look, and for faults without a method of their own.
     World& world() { return world_; }
@@ -123,7 +161,7 @@ class SimMac {
 
     SimWorkspace workspace_{world_};
     SimApplicationControl control_{world_, applications_, dock_};
-    SimScreens screens_{world_};
+    SimScreens screens_{world_, displays_};
     SimDockStrip strip_;
     SimWindowServer windowServer_{world_, windows_};
     SimDockPreferences dockPreferences_{world_};
@@ -131,7 +169,7 @@ class SimMac {
   public:
     // What of the interfaces a test or a scenario looks into.
     VirtualScheduler& scheduler = world_.scheduler;
-    SimUserDefaults defaults;
+    SimUserDefaults defaults{world_.killPoint};
     SimAccessibility accessibility{world_, applications_, windows_};
     SimScreenCapture screenCapture{world_};
     SimCoreDock coreDock{world_};

@@ -10,16 +10,23 @@ class SimScreenCapture final : public ScreenCapture {
     explicit SimScreenCapture(const World& world)
         : world_(world) {}
 
-    bool preflightAccess() const override { return world_.mayRecordScreen; }
+    bool preflightAccess() const override {
+        if (!told_ || !world_.freezesScreenRecording) told_ = world_.mayRecordScreen;
+        return *told_;
+    }
     bool requestAccess() override {
         ++requests_;
-        return world_.mayRecordScreen;
+        return preflightAccess();
     }
     /// How often access was asked for.
     int requests() const { return requests_; }
 
+    /// The program starts anew, and is told anew.
+    void forget() { told_.reset(); }
+
   private:
     const World& world_;
+    mutable std::optional<bool> told_;
     int requests_ = 0;
 };
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/sim/Displays.h"
 #include "platform/sim/World.h"
 
 #include <utility>
@@ -8,16 +9,23 @@ namespace larkspan::sim {
 
 class SimScreens final : public Screens {
   public:
-    explicit SimScreens(World& world)
-        : world_(world) {}
+    SimScreens(World& world, Displays& displays)
+        : world_(world)
+        , displays_(displays) {}
 
-    std::vector<Screen> screens() const override { return world_.screens(); }
+    std::vector<Screen> screens() const override {
+        auto screens = world_.screens();
+        if (const auto next = std::exchange(world_.displaysAfterRead, std::nullopt))
+            displays_.set(*next);
+        return screens;
+    }
     Handle subscribe(std::function<void()> callback) override {
         return world_.screensChanged.subscribe(std::move(callback));
     }
 
   private:
     World& world_;
+    Displays& displays_;
 };
 
 /// Here the system Dock holds the strip, as on every Mac.

@@ -15,8 +15,10 @@ constexpr int desktopPictureLayer = -2147483623;
 /// The system's own windows are numbered apart from those of apps.
 constexpr WindowId firstSystemWindow = 1'000'000;
 constexpr ProcessId windowServerPid = 88;
+/// Whoever asks about Spaces needs a connection first.
+constexpr std::string_view connection = "CGSMainConnectionID";
 
-WindowListEntry entryFor(const Window& window, bool isOnScreen) {
+WindowListEntry entryFor(const Window& window, bool isOnScreen, bool tellsNames) {
     WindowListEntry entry{.layer = window.layer,
                           .ownerPID = window.pid,
                           .alpha = window.alpha,
@@ -24,7 +26,7 @@ WindowListEntry entryFor(const Window& window, bool isOnScreen) {
     if (window.hasNumber) entry.number = window.id;
     // The list says so of windows on screen only.
     if (isOnScreen) entry.isOnScreen = true;
-    if (window.hasName) entry.name = window.title;
+    if (window.hasName && tellsNames) entry.name = window.title;
     return entry;
 }
 
@@ -78,7 +80,7 @@ SimWindowServer::windowList(std::uint32_t option) const {
 }
 
 std::optional<std::vector<WindowId>> SimWindowServer::windowNumbers(std::uint32_t option) const {
-    if (!world_.windowListAnswers || !world_.hasWindowNumbers) return std::nullopt;
+    if (!world_.windowListAnswers || !world_.has("CGWindowListCreate")) return std::nullopt;
     std::vector<WindowId> numbers;
     for (const WindowListEntry& entry : entries(option))
         numbers.push_back(entry.number.value_or(0));
@@ -90,9 +92,11 @@ std::vector<WindowListEntry> SimWindowServer::entries(std::uint32_t option) cons
     std::vector<WindowListEntry> list;
     list.reserve(world_.windows.size() + 2 * world_.displays.size() + 1);
     appendSystemWindows(list);
+    // The names are private to those who may record the screen.
     for (const Window& window : world_.windows) {
         const bool isOnScreen = world_.isOnScreen(window);
-        if (isOnScreen || !onScreenOnly) list.push_back(entryFor(window, isOnScreen));
+        if (isOnScreen || !onScreenOnly)
+            list.push_back(entryFor(window, isOnScreen, world_.mayRecordScreen));
     }
     if (option & WindowListOption::excludeDesktopElements) return list;
     WindowId number = 2 * firstSystemWindow;
@@ -109,7 +113,7 @@ std::vector<WindowListEntry> SimWindowServer::entries(std::uint32_t option) cons
 }
 
 std::optional<std::vector<ManagedDisplay>> SimWindowServer::managedDisplaySpaces() const {
-    if (!world_.hasSpaceFunctions) return std::nullopt;
+    if (!world_.has(connection) || !world_.has("CGSCopyManagedDisplaySpaces")) return std::nullopt;
     std::vector<ManagedDisplay> displays;
     for (const Display& display : world_.displays) {
         if (!world_.displaysHaveSeparateSpaces) return {{managed(display, "Main")}};
@@ -119,7 +123,8 @@ std::optional<std::vector<ManagedDisplay>> SimWindowServer::managedDisplaySpaces
 }
 
 std::optional<std::vector<WindowId>> SimWindowServer::windowsOfSpace(SpaceId space) const {
-    if (!world_.hasSpaceFunctions) return std::nullopt;
+    if (!world_.has(connection) || !world_.has("SLSCopyWindowsWithOptionsAndTags"))
+        return std::nullopt;
     std::vector<WindowId> ids;
     for (const Window& window : world_.windows) {
         if (window.minimized || window.space.value_or(space) != space) continue;
@@ -130,7 +135,7 @@ std::optional<std::vector<WindowId>> SimWindowServer::windowsOfSpace(SpaceId spa
 }
 
 bool SimWindowServer::moveWindows(const std::vector<WindowId>& windows, SpaceId space) {
-    if (!world_.hasMoveFunction) return false;
+    if (!world_.has(connection) || !world_.has("SLSMoveWindowsToManagedSpace")) return false;
     if (world_.movesWindows) {
         world_.scheduler.post([this, windows, space] {
             for (const WindowId window : windows)

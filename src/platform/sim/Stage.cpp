@@ -36,12 +36,13 @@ void Stage::quit() {
 
 void Stage::kill() {
     end();
-    mac.defaults.loseUnsynchronized();
+    mac.programKilled();
 }
 
 void Stage::end() {
     if (delegate_ && onEnd) onEnd();
     delegate_.reset();
+    mac.programEnded();
 }
 
 } // namespace larkspan::sim

@@ -79,7 +79,7 @@ void Windows::closeAll(ProcessId pid) {
 
 void Windows::setFrame(WindowId id, const Rect& frame) {
     Window* window = world_.window(id);
-    if (!window || window->frame == frame) return;
+    if (!window || window->frame == frame || world_.displays.empty()) return;
     const Display* before = &world_.displayOf(*window);
     window->frame = frame;
     const Display& after = world_.displayOf(*window);
@@ -116,7 +116,7 @@ void Windows::setTitle(WindowId id, std::string title) {
 
 void Windows::setMinimized(WindowId id, bool minimized) {
     Window* window = world_.window(id);
-    if (!window || window->minimized == minimized) return;
+    if (!window || window->minimized == minimized || world_.displays.empty()) return;
     // A window in full screen has no button to minimise it.
     if (minimized && window->frameBeforeFullScreen) return;
     window->minimized = minimized;
@@ -130,7 +130,7 @@ void Windows::setMinimized(WindowId id, bool minimized) {
 
 void Windows::enterFullScreen(WindowId id) {
     Window* window = world_.window(id);
-    if (!window || window->frameBeforeFullScreen) return;
+    if (!window || window->frameBeforeFullScreen || world_.displays.empty()) return;
     Display& display = world_.displayOf(*window);
     window->frameBeforeFullScreen = window->frame;
     window->frame = display.bounds;

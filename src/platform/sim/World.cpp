@@ -1,5 +1,7 @@
 #include "platform/sim/World.h"
 
+#include "platform/sim/DockProcess.h"
+
 #include <algorithm>
 #include <cmath>
 #include <utility>
@@ -94,7 +96,10 @@ RunningApplication World::snapshot(const App& app) const {
 }
 
 double World::stripHeight() const {
-    if (dock.autoHide || dock.place.orientation != 2) return 0;
+    const bool isRunning = std::any_of(apps.begin(), apps.end(), [](const App& app) {
+        return app.bundleIdentifier == DockProcess::bundleIdentifier;
+    });
+    if (!isRunning || dock.autoHide || dock.place.orientation != 2) return 0;
     const double pixels = std::max(1.0, std::floor(16 + static_cast<double>(dock.tileSize) * 112));
     return pixels + (pixels >= 48 ? 26 : 20) + stripSurplus;
 }
@@ -114,19 +119,36 @@ std::vector<Screen> World::screens() const {
     return screens;
 }
 
+void World::send(std::function<void()> news) {
+    if (events.areLost) return;
+    deliver(news);
+    if (events.areDoubled) deliver(std::move(news));
+}
+
+void World::deliver(std::function<void()> news) {
+    if (events.lateSeconds <= 0) {
+        scheduler.post(std::move(news));
+        return;
+    }
+    const auto place = lateNews_.emplace(lateNews_.end());
+    *place = scheduler.after(events.lateSeconds, [this, place, news = std::move(news)] {
+        lateNews_.erase(place);
+        news();
+    });
+}
+
 void World::tell(WorkspaceEvent::Kind kind, const App& app) {
-    scheduler.post(
-        [this, event = WorkspaceEvent{kind, snapshot(app)}] { workspaceEvents.emit(event); });
+    send([this, event = WorkspaceEvent{kind, snapshot(app)}] { workspaceEvents.emit(event); });
 }
 
 void World::tell(WorkspaceEvent::Kind kind) {
-    scheduler.post([this, kind] { workspaceEvents.emit({kind, std::nullopt}); });
+    send([this, kind] { workspaceEvents.emit({kind, std::nullopt}); });
 }
 
 void World::windowsDidChange() {
     if (!announcesChanges || windowsChangeIsPosted_) return;
-    windowsChangeIsPosted_ = true;
-    scheduler.post([this] {
+    windowsChangeIsPosted_ = !events.areLost;
+    send([this] {
         windowsChangeIsPosted_ = false;
         windowsChanged.emit();
     });
@@ -136,7 +158,7 @@ void World::screensMayHaveChanged() {
     auto now = screens();
     if (now == lastScreens_) return;
     lastScreens_ = std::move(now);
-    scheduler.post([this] { screensChanged.emit(); });
+    send([this] { screensChanged.emit(); });
 }
 
 } // namespace larkspan::sim

@@ -9,8 +9,10 @@
 #include "platform/SystemDock.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
+#include "platform/sim/KillPoint.h"
 #include "platform/sim/VirtualScheduler.h"
 
+#include <list>
 #include <map>
 #include <optional>
 #include <set>
@@ -51,6 +53,10 @@ struct App {
     bool refusesToQuit = false;
     /// Seconds that each Accessibility call to it takes.
     double answerSeconds = 0;
+    /// By how much the frames that it tells through Accessibility are wrong.
+    Point frameError;
+    /// It dies when it is asked once more than this.
+    std::optional<int> callsUntilDeath;
 };
 
 struct Window {
@@ -67,7 +73,7 @@ struct Window {
     std::optional<SpaceId> space;
     /// Where it goes back to when it leaves full screen.
     std::optional<Rect> frameBeforeFullScreen;
-    /// The list gives its number and its name.
+    /// The list and Accessibility give its number and its title.
     bool hasNumber = true;
     bool hasName = true;
 };
@@ -100,6 +106,14 @@ struct DockSettings {
     bool magnification = false;
 };
 
+/// What goes wrong with the news that the system tells the program.
+struct EventFaults {
+    bool areLost = false;
+    bool areDoubled = false;
+    /// Seconds by which they come late; 0 is in the next turn.
+    double lateSeconds = 0;
+};
+
 /// Everything that is so on the simulated Mac at this moment, and how a change of it is told. What
 /// apps, windows, displays and the Dock do stands in the classes named after them.
 struct World {
@@ -121,25 +135,30 @@ struct World {
     std::vector<Window> windows;
 
     DockSettings dock;
-    std::set<CoreDockFunction> missingDockFunctions;
     /// The domain "com.apple.dock" as it is stored, and the pinned list the Dock shows.
     PropertyValue::Dictionary dockPreferences;
     std::vector<std::string> pinned;
     /// Points by which the strip differs from what the icon size asks for.
     double stripSurplus = 0;
+    /// The Dock keeps its icon size, whatever it is told.
+    bool dockRefusesSizes = false;
+    /// Seconds from its end until the system has started the Dock again; absent when it does not.
+    std::optional<double> dockRestartSeconds = 0.5;
 
     bool trustedForAccessibility = true;
     bool mayRecordScreen = true;
+    /// What the program was told first about recording the screen it is told until it starts anew.
+    bool freezesScreenRecording = false;
     /// The window server and the Trash tell of changes by themselves, as they do on X11.
     bool announcesChanges = false;
-    /// The Accessibility function that makes elements from tokens exists.
-    bool hasRemoteTokens = true;
-    /// The functions behind the Spaces exist.
-    bool hasSpaceFunctions = true;
-    /// The function that gives the windows' numbers alone exists.
-    bool hasWindowNumbers = true;
-    /// The function that moves windows to another Space exists, and does what it says.
-    bool hasMoveFunction = true;
+    /// Of `privateFunctions`.
+    std::set<std::string, std::less<>> missingFunctions;
+    EventFaults events;
+    /// The displays there will be as soon as the program has looked at those of now.
+    std::optional<std::string> displaysAfterRead;
+    /// The life of the program.
+    KillPoint killPoint;
+    /// The function that moves windows to another Space does what it says.
     bool movesWindows = true;
     /// The window server answers when asked for its list.
     bool windowListAnswers = true;
@@ -159,6 +178,9 @@ struct World {
     Signal<> trashChanged;
     Signal<> dockPreferencesChanged;
 
+    /// Whether this system has the private function of that name.
+    bool has(std::string_view function) const { return !missingFunctions.contains(function); }
+
     App* app(ProcessId pid);
     const App* app(ProcessId pid) const;
     /// The first running process of that bundle.
@@ -169,6 +191,7 @@ struct World {
     /// The display that holds the Space.
     Display* displayOfSpace(SpaceId space);
     /// The display that shows the window's larger part; the main display for one that lies outside.
+    /// There must be a display.
     Display& displayOf(const Window& window);
 
     /// The Space that windows of the display are on now.
@@ -189,7 +212,12 @@ struct World {
     void screensMayHaveChanged();
 
   private:
+    /// Tells news in a turn of its own, unless the world's faults have it otherwise.
+    void send(std::function<void()> news);
+    void deliver(std::function<void()> news);
+
     std::vector<Screen> lastScreens_;
+    std::list<Handle> lateNews_;
     bool windowsChangeIsPosted_ = false;
 };
 

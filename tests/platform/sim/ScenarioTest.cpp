@@ -32,7 +32,7 @@ TEST(ScenarioTest, RefusesWhatMakesNoSenseWithFileStepAndReason) {
         {R"({})", R"(a.json: "steps" is missing)"},
         {R"({"steps": [], "word": 1})", R"(a.json: "word" means nothing here)"},
         {R"({"world": {"displays": "large"}, "steps": []})", "describes no displays"},
-        {R"({"world": {"missing": ["fly"]}, "steps": []})", "the Dock has no function"},
+        {R"({"world": {"missing": ["fly"]}, "steps": []})", "no system has a private function"},
         {R"({"steps": [{"do": "launch", "app": "a"}]})", R"(step 1: "at" is missing)"},
         {R"({"steps": [{"at": -1, "do": "launch", "app": "a"}]})", R"(step 1: "at" is not within)"},
         {R"({"steps": [{"at": 2, "picture": "a"}, {"at": 1, "picture": "b"}]})",

@@ -33,7 +33,8 @@ class SimUserDefaultsWorld : public UserDefaultsWorld {
     void breakStorage() override { defaults_.diskIsFull = true; }
 
   private:
-    sim::SimUserDefaults defaults_;
+    sim::KillPoint killPoint_;
+    sim::SimUserDefaults defaults_{killPoint_};
 };
 
 class SimDockPreferencesWorld : public DockPreferencesWorld {
