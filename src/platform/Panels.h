@@ -28,6 +28,9 @@ class PanelDressing {
     /// Lets the pointer through everywhere but inside the rectangle, given in the window's own
     /// coordinates from its top left, in points.
     virtual void setInputArea(NativeWindow window, const Rect& area) = 0;
+    /// After a shown panel had the keyboard: the program in front gets it, where it does not come
+    /// back by itself.
+    virtual void giveKeyboardBack(NativeWindow) {}
 };
 
 /// How a translucent panel can come by what lies beneath it.

@@ -2,8 +2,22 @@
 
 namespace larkspan::ui {
 
+namespace {
+
+/// A panel on a Mac could not even take the keyboard when it is asked to if it did not accept the
+/// focus at all; there it is dressed so that clicks leave the focus where it is.
+#ifdef Q_OS_MACOS
+constexpr auto focus = Qt::Tool;
+#else
+constexpr auto focus = Qt::WindowDoesNotAcceptFocus;
+#endif
+
+} // namespace
+
 BarWindow::BarWindow() {
-    setFlags(Qt::FramelessWindowHint | Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
+    setFlags(Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint | focus);
+    // What a Mac's plugin of the toolkit asks of each window that it shows.
+    setProperty("_q_showWithoutActivating", true);
     setColor(Qt::transparent);
     setTitle("Larkspan");
 }

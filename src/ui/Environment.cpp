@@ -9,10 +9,11 @@ namespace larkspan::ui {
 
 namespace {
 
-constexpr std::array<std::pair<const char*, const char*>, 5> settings{{
+constexpr auto settings = std::to_array<std::pair<const char*, const char*>>({
     // Pictures are made by the processor: no driver to load, no GL memory, a frame in a
     // millisecond.
     {"QT_QUICK_BACKEND", "software"},
+#ifndef Q_OS_MACOS
     {"QT_XCB_GL_INTEGRATION", "none"},
     // A change is on screen at once instead of 5 ms later.
     {"QT_QPA_UPDATE_IDLE_TIME", "0"},
@@ -20,7 +21,8 @@ constexpr std::array<std::pair<const char*, const char*>, 5> settings{{
     {"QT_QPA_PLATFORMTHEME", "generic"},
     // Files and timers are all that the run loop waits for.
     {"QT_NO_GLIB", "1"},
-}};
+#endif
+});
 
 } // namespace
 

@@ -101,6 +101,7 @@ void QuickBarPanel::leaveKeyboard() {
     if (!scene_->hasKeyboard()) return;
     scene_->setKeyboard(false);
     window_.releaseKeyboard();
+    if (isShown_) dressing_.giveKeyboardBack(nativeWindow());
 }
 
 void QuickBarPanel::updateStrip() {

@@ -20,6 +20,7 @@ class MacPanelDressing final : public PanelDressing {
     void dress(NativeWindow window) override;
     void reserveStrip(NativeWindow, const Screen&, double) override {}
     void setInputArea(NativeWindow window, const Rect& area) override;
+    void giveKeyboardBack(NativeWindow window) override;
 
   private:
     /// The windows of the areas may have gone.

@@ -57,6 +57,14 @@ void MacPanelDressing::setInputArea(NativeWindow native, const Rect& area) {
     followPointer();
 }
 
+// Only a window that goes lets go of the keyboard while its program is not the one in front.
+void MacPanelDressing::giveKeyboardBack(NativeWindow native) {
+    NSWindow* window = windowOf(native);
+    if (!window.keyWindow) return;
+    [window orderOut:nil];
+    [window orderFrontRegardless];
+}
+
 /// A window takes the pointer everywhere or nowhere, so it is switched as the pointer comes and
 /// goes: one monitor hears of moves over other programs' windows, the other of those over our own.
 void MacPanelDressing::watchPointer() {

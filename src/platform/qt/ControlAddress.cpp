@@ -20,13 +20,24 @@ std::string variable(const char* name) {
     return value != nullptr && value[0] == '/' ? value : "";
 }
 
-/// A name anybody could take in the common folder: `isClosedFolder` finds out who did.
+/// Where this user's programs keep what is only theirs, for as long as they run.
+std::string usersFolder() {
+#ifdef __APPLE__
+    // Not the temporary folder: what nobody touches is removed from it after some days, the lock of
+    // a bar that runs for weeks too.
+    const std::string home = variable("HOME");
+    return home.empty() ? home : home + "/Library/Application Support";
+#else
+    return variable("XDG_RUNTIME_DIR");
+#endif
+}
+
+/// In the common folder a name that anybody could take: `isClosedFolder` finds out who did.
 std::string folderPath() {
-    const std::string runtime = variable("XDG_RUNTIME_DIR");
+    const std::string users = usersFolder();
     struct stat status {};
-    if (!runtime.empty() && stat(runtime.c_str(), &status) == 0 &&
-        access(runtime.c_str(), W_OK) == 0)
-        return runtime + "/larkspan";
+    if (!users.empty() && stat(users.c_str(), &status) == 0 && access(users.c_str(), W_OK) == 0)
+        return users + "/larkspan";
     const std::string temporary = variable("TMPDIR");
     return fmt::format("{}/larkspan-{}", temporary.empty() ? "/tmp" : temporary, geteuid());
 }
