@@ -19,14 +19,24 @@ struct Arrows {
 };
 
 const std::vector<std::string> plain = {"fmt/", "nlohmann/"};
-const std::vector<std::string> posix = {"sys/",  "unistd.h", "fcntl.h",   "poll.h",   "signal.h",
-                                        "pwd.h", "spawn.h",  "fnmatch.h", "dirent.h", "netinet/"};
+const std::vector<std::string> posix = {"sys/",     "unistd.h", "fcntl.h", "poll.h",
+                                        "signal.h", "pwd.h",    "spawn.h", "fnmatch.h",
+                                        "dirent.h", "netinet/", "dlfcn.h"};
 
-const std::vector<std::string> frameworks = {"AppKit/",         "ApplicationServices/",
-                                             "CoreFoundation/", "CoreGraphics/",
-                                             "CoreVideo/",      "Foundation/",
-                                             "dispatch/",       "dlfcn.h",
-                                             "objc/",           "os/"};
+/// The headers of a Mac.
+const std::vector<std::string> frameworks = {"AppKit/",
+                                             "ApplicationServices/",
+                                             "ColorSync/",
+                                             "CoreFoundation/",
+                                             "CoreGraphics/",
+                                             "CoreServices/",
+                                             "CoreVideo/",
+                                             "Foundation/",
+                                             "QuartzCore/",
+                                             "ServiceManagement/",
+                                             "dispatch/",
+                                             "objc/",
+                                             "os/"};
 
 std::vector<std::string> operator+(std::vector<std::string> left,
                                    const std::vector<std::string>& right) {
@@ -148,6 +158,9 @@ TEST(Arrows, WhatIsForbiddenIsFound) {
         {"platform/x11", "model/DockStore.h", true, false},
         {"platform/qt", "platform/x11/X11Desktop.h", true, false},
         {"platform/sim", "QImage", false, false},
+        {"platform/mac", "AppKit/AppKit.h", false, true},
+        {"platform/mac", "model/DockStore.h", true, false},
+        {"spaces", "CoreGraphics/CoreGraphics.h", false, false},
         {"ui", "platform/x11/X11Desktop.h", true, false},
     };
     for (const auto& each : cases) {

@@ -1,0 +1,16 @@
+#pragma once
+
+#include "platform/UserDefaults.h"
+
+namespace larkspan::mac {
+
+/// The standard user defaults of this program's bundle; without a bundle, of its process name.
+class MacUserDefaults final : public UserDefaults {
+  public:
+    std::optional<PropertyValue> value(std::string_view key) const override;
+    void set(std::string_view key, PropertyValue value) override;
+    void remove(std::string_view key) override;
+    bool synchronize() override;
+};
+
+} // namespace larkspan::mac
