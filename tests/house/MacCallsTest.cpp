@@ -1,0 +1,55 @@
+#include "SourceTree.h"
+
+#include <gtest/gtest.h>
+
+#include <regex>
+#include <set>
+#include <string>
+
+namespace larkspan::house {
+namespace {
+
+std::set<std::string> namesIn(const std::vector<std::string>& paths, const std::regex& pattern) {
+    std::set<std::string> names;
+    for (const auto& path : paths)
+        for (const auto& line : linesOf(path))
+            for (auto match = std::sregex_iterator(line.text.begin(), line.text.end(), pattern);
+                 match != std::sregex_iterator(); ++match)
+                names.insert((*match)[1]);
+    return names;
+}
+
+std::set<std::string> documentedNames() {
+    return namesIn({"docs/macos.md"}, std::regex("`([^`]+)`"));
+}
+
+// What no header declares cannot be checked by a compiler, so the page says where its type is from.
+TEST(MacCalls, EveryPrivateFunctionStandsInThePageWithItsSource) {
+    const auto names = namesIn({"src/platform/mac/PrivateFunctions.h"},
+                               std::regex(R"re("(_?(?:SLS|CGS|CoreDock|AX)\w+)")re"));
+    EXPECT_GT(names.size(), 15U) << "hardly any name was found in the table of private functions";
+    const auto documented = documentedNames();
+    for (const auto& name : names)
+        EXPECT_TRUE(documented.contains(name)) << name << " is missing in docs/macos.md";
+}
+
+TEST(MacCalls, EveryClassFoundByNameStandsInThePage) {
+    const auto names = namesIn(filesUnder({"src/platform/mac"}, {".h", ".mm"}),
+                               std::regex(R"re(NSClassFromString\(@"(\w+)"\))re"));
+    EXPECT_FALSE(names.empty());
+    const auto documented = documentedNames();
+    for (const auto& name : names)
+        EXPECT_TRUE(documented.contains(name)) << name << " is missing in docs/macos.md";
+}
+
+// A second lookup by hand would escape the table, and with it the page.
+TEST(MacCalls, PrivateFunctionsAreLookedUpInTheirTableOnly) {
+    for (const auto& path : filesUnder({"src"}, {".h", ".cpp", ".mm"}))
+        for (const auto& line : linesOf(path))
+            EXPECT_TRUE(line.text.find("dlsym(") == std::string::npos ||
+                        path == "src/platform/mac/PrivateFunctions.mm")
+                << at(line, "add it to PrivateFunctions.h");
+}
+
+} // namespace
+} // namespace larkspan::house
