@@ -17,7 +17,6 @@
 #endif
 
 #include <QGuiApplication>
-#include <QStandardPaths>
 
 #include <cstdio>
 #include <fmt/format.h>
@@ -135,8 +134,8 @@ class Program {
 
     int runOn(Desktop& desktop) {
         ui::Appearance appearance;
-        const ui::AppearanceWatch watch(
-            appearance, QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation));
+        const ui::AppearanceWatch watch(appearance,
+                                        QString::fromStdString(desktop.appearanceFolder()));
         ui::Views views;
         AppDelegate delegate(desktop.platform(), [&](AppController& controller) {
             return std::make_unique<ui::QuickBarPanels>(

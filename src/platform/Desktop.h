@@ -18,6 +18,9 @@ class Desktop {
     virtual Platform platform() = 0;
     virtual PanelDressing& panelDressing() = 0;
     virtual DesktopPicture& desktopPicture() = 0;
+    /// The folder where the desktop keeps what the views' toolkit does not know of how the user
+    /// wants things to look; empty when the toolkit knows it all.
+    virtual std::string appearanceFolder() const = 0;
 };
 
 /// What a desktop tells the program's entry. Unless said otherwise each is set, and called on the

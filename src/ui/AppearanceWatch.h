@@ -9,8 +9,8 @@
 namespace larkspan::ui {
 
 /// Keeps the appearance at what the desktop's settings say, from the first moment on: follows the
-/// settings file in `configFolder` (see `desktopAppearance`) and the toolkit's palette. Nothing
-/// wakes while neither changes. Main thread only.
+/// settings file in `configFolder` (see `desktopAppearance`), where that is not empty, and the
+/// toolkit's palette. Nothing wakes while neither changes. Main thread only.
 class AppearanceWatch : public QObject {
     Q_OBJECT
 

@@ -34,6 +34,7 @@ QString desktopSettingsFile(const QString& configFolder) {
 
 Appearance::Values desktopAppearance(const QString& configFolder) {
     Appearance::Values values{.isDark = hasDarkPalette()};
+    if (configFolder.isEmpty()) return values;
     const QString file = desktopSettingsFile(configFolder);
     if (!QFile::exists(file)) return values;
     QSettings settings(file, QSettings::IniFormat);

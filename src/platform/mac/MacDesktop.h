@@ -14,6 +14,7 @@ class MacDesktop final : public Desktop {
     Platform platform() override;
     PanelDressing& panelDressing() override;
     DesktopPicture& desktopPicture() override;
+    std::string appearanceFolder() const override { return {}; }
 
   private:
     struct Parts;

@@ -19,8 +19,8 @@ class X11Session final : public Desktop {
   public:
     X11Session(const Environment& environment, DesktopCallbacks callbacks)
         : callbacks_(std::move(callbacks))
-        , defaults_(XdgFolders(environment).ownConfigFolder() + "/settings.json",
-                    callbacks_.report) {}
+        , folders_(environment)
+        , defaults_(folders_.ownConfigFolder() + "/settings.json", callbacks_.report) {}
 
     /// Why it could not be opened, in one line.
     std::optional<std::string> open(Scheduler& scheduler, const Environment& environment) {
@@ -42,9 +42,11 @@ class X11Session final : public Desktop {
     Platform platform() override { return desktop_->platform(); }
     PanelDressing& panelDressing() override { return desktop_->panelDressing(); }
     DesktopPicture& desktopPicture() override { return desktop_->desktopPicture(); }
+    std::string appearanceFolder() const override { return folders_.configHome; }
 
   private:
     DesktopCallbacks callbacks_;
+    XdgFolders folders_;
     X11SystemLog systemLog_{callbacks_.log};
     qt::QtApplication application_;
     qt::DefaultsFile defaults_;
