@@ -35,6 +35,8 @@ class PrivateDesktop {
     PrivateDesktop& operator=(const PrivateDesktop&) = delete;
 
     XDisplay& screen() { return *screen_; }
+    /// Such as ":3".
+    const std::string& display() const { return display_; }
     const std::filesystem::path& home() const { return home_; }
     std::filesystem::path settingsFile() const { return home_ / "config/larkspan/settings.json"; }
     /// What a program started by the user of this desktop sees.

@@ -17,10 +17,13 @@ const RunningApplication* findIn(const std::vector<RunningApplication>& list, Pr
     return found == list.end() ? nullptr : &*found;
 }
 
-bool haveSamePids(const std::vector<RunningApplication>& a,
-                  const std::vector<RunningApplication>& b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](const auto& x, const auto& y) { return x.pid == y.pid; });
+// An application becomes regular with its first ordinary window, and with the last one it ceases to
+// be: for whoever shows the regular ones that is another list.
+bool isSameList(const std::vector<RunningApplication>& a,
+                const std::vector<RunningApplication>& b) {
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
+        return x.pid == y.pid && x.activationPolicy == y.activationPolicy;
+    });
 }
 
 bool isAccessory(const RunningEntry& entry) {
@@ -144,7 +147,7 @@ void X11Workspace::announce(const std::vector<RunningApplication>& before, bool 
             happened.push_back({Kind::didActivateApplication, application});
     }
     if (isOtherDesktop) happened.push_back({Kind::activeSpaceDidChange, std::nullopt});
-    if (!haveSamePids(before, now))
+    if (!isSameList(before, now))
         happened.push_back({Kind::runningApplicationsDidChange, std::nullopt});
     for (const auto& event : happened)
         events_.emit(event);

@@ -18,7 +18,8 @@ TestClient::~TestClient() {
 WindowId TestClient::open(const TestWindow& window) {
     const auto id = xcb_generate_id(connection_);
     const std::uint32_t redirect = window.isOverrideRedirect;
-    xcb_create_window(connection_, XCB_COPY_FROM_PARENT, id, root(), 40, 40,
+    xcb_create_window(connection_, XCB_COPY_FROM_PARENT, id, root(),
+                      static_cast<std::int16_t>(window.x), static_cast<std::int16_t>(window.y),
                       static_cast<std::uint16_t>(window.width),
                       static_cast<std::uint16_t>(window.height), 0, XCB_WINDOW_CLASS_INPUT_OUTPUT,
                       XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT, &redirect);
@@ -30,6 +31,7 @@ WindowId TestClient::open(const TestWindow& window) {
         setNumbers(id, "_NET_WM_WINDOW_TYPE", "ATOM", {atom("_NET_WM_WINDOW_TYPE_" + window.type)});
     if (window.pid) setNumbers(id, "_NET_WM_PID", "CARDINAL", {*window.pid});
     if (window.transientFor) setNumbers(id, "WM_TRANSIENT_FOR", "WINDOW", {window.transientFor});
+    if (window.isAskedToClose) setNumbers(id, "WM_PROTOCOLS", "ATOM", {atom("WM_DELETE_WINDOW")});
     map(id);
     return id;
 }
@@ -93,10 +95,10 @@ void TestClient::setNumbers(WindowId window, const std::string& property, const 
 }
 
 std::vector<std::uint32_t> TestClient::numbers(WindowId window, const std::string& property) {
-    auto* reply = xcb_get_property_reply(
-        connection_,
-        xcb_get_property(connection_, 0, window, atom(property), XCB_GET_PROPERTY_TYPE_ANY, 0, 64),
-        nullptr);
+    auto* reply = xcb_get_property_reply(connection_,
+                                         xcb_get_property(connection_, 0, window, atom(property),
+                                                          XCB_GET_PROPERTY_TYPE_ANY, 0, 1024),
+                                         nullptr);
     std::vector<std::uint32_t> numbers;
     if (reply && reply->format == 32) {
         const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply));
@@ -127,6 +129,51 @@ bool TestClient::isViewable(WindowId window) {
     const bool isViewable = reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
     std::free(reply);
     return isViewable;
+}
+
+std::string TestClient::classOf(WindowId window) {
+    auto* reply = xcb_get_property_reply(
+        connection_,
+        xcb_get_property(connection_, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 256),
+        nullptr);
+    std::string both;
+    if (reply)
+        both.assign(static_cast<const char*>(xcb_get_property_value(reply)),
+                    static_cast<std::size_t>(xcb_get_property_value_length(reply)));
+    std::free(reply);
+    const auto instanceEnd = both.find('\0');
+    return instanceEnd == std::string::npos ? "" : both.substr(instanceEnd + 1).c_str();
+}
+
+Rect TestClient::areaOf(WindowId window) {
+    auto* geometry =
+        xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr);
+    auto* origin = xcb_translate_coordinates_reply(
+        connection_, xcb_translate_coordinates(connection_, window, root(), 0, 0), nullptr);
+    Rect area;
+    if (geometry && origin)
+        area = {double(origin->dst_x), double(origin->dst_y), double(geometry->width),
+                double(geometry->height)};
+    std::free(geometry);
+    std::free(origin);
+    return area;
+}
+
+std::vector<WindowId> TestClient::takeCloseRequests() {
+    const auto deleteWindow = atom("WM_DELETE_WINDOW");
+    std::vector<WindowId> windows;
+    while (auto* event = xcb_poll_for_event(connection_)) {
+        const auto& message = *reinterpret_cast<const xcb_client_message_event_t*>(event);
+        if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE &&
+            message.data.data32[0] == deleteWindow)
+            windows.push_back(message.window);
+        std::free(event);
+    }
+    return windows;
+}
+
+void TestClient::sync() {
+    std::free(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
 }
 
 } // namespace larkspan::x11

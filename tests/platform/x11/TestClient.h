@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/Geometry.h"
 #include "platform/Identifiers.h"
 
 #include <cstdint>
@@ -20,6 +21,11 @@ struct TestWindow {
     std::optional<std::uint32_t> pid;
     xcb_window_t transientFor = 0;
     bool isOverrideRedirect = false;
+    /// Takes part in WM_DELETE_WINDOW; a window manager ends a client that does not.
+    bool isAskedToClose = false;
+    /// Where the client asks to be; the window manager may decide otherwise.
+    int x = 40;
+    int y = 40;
     int width = 300;
     int height = 200;
 };
@@ -50,6 +56,16 @@ class TestClient {
     /// A message to the window manager about a window.
     void ask(WindowId window, const std::string& message, const std::vector<std::uint32_t>& data);
     bool isViewable(WindowId window);
+    /// The class of WM_CLASS; empty without one.
+    std::string classOf(WindowId window);
+    /// The window without its frame, on the root window; empty when it has gone.
+    Rect areaOf(WindowId window);
+    /// The windows that the window manager has asked to close since the last call.
+    std::vector<WindowId> takeCloseRequests();
+    /// False once the window manager has ended the client.
+    bool isAlive() const { return xcb_connection_has_error(connection_) == 0; }
+    /// Returns when the X server has taken everything sent so far.
+    void sync();
 
   private:
     xcb_connection_t* connection_;

@@ -1,0 +1,77 @@
+#include "DesktopReading.h"
+#include "DesktopScript.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <iostream>
+
+namespace larkspan::e2e {
+namespace {
+
+// Long enough for every act to come several times.
+constexpr double secondsInTheSuite = 12;
+constexpr std::uint32_t seedInTheSuite = 20;
+
+double numberFrom(const char* variable, double fallback) {
+    const char* value = std::getenv(variable);
+    return value ? std::atof(value) : fallback;
+}
+
+/// The bar beside a user and programs that act at random. Whenever they rest, the report must say
+/// what the X server says.
+class RandomDesktop : public testing::Test {
+  protected:
+    bool isInStep() {
+        readings_ = {readServer(script.pager()), readReport(bar.state())};
+        return readings_.first == readings_.second;
+    }
+
+    /// Says what differs for as long as no one acts.
+    void expectInStep() {
+        ASSERT_TRUE(script.settle()) << "the window manager does not answer after\n"
+                                     << script.takeStory();
+        ++rests;
+        const auto story = script.takeStory();
+        ASSERT_TRUE(desktop.screen().eventually([&] { return isInStep(); }))
+            << "at rest " << rests << " of seed " << seed << " the report differs:\n"
+            << differences(readings_.first, readings_.second) << "after these acts:\n"
+            << story;
+    }
+
+    const std::uint32_t seed =
+        static_cast<std::uint32_t>(numberFrom("LARKSPAN_DESKTOP_SEED", seedInTheSuite));
+    PrivateDesktop desktop;
+    DesktopScript script{desktop, seed};
+    RunningBar bar{desktop};
+    int rests = 0;
+
+  private:
+    std::pair<DesktopReading, DesktopReading> readings_;
+};
+
+TEST_F(RandomDesktop, TheReportAtRestIsWhatTheServerSays) {
+    const double seconds = numberFrom("LARKSPAN_DESKTOP_SECONDS", secondsInTheSuite);
+    std::cout << "seed " << seed << ", " << seconds << " s" << std::endl;
+    // One that is kept and runs, and one that is kept and does not.
+    for (const auto* id : {"test-xterm", "test-xeyes"})
+        ASSERT_EQ(bar.command({"keep", id}).exitCode, 0);
+
+    using Clock = std::chrono::steady_clock;
+    const auto end = Clock::now() + std::chrono::duration<double>(seconds);
+    while (Clock::now() < end && !HasFatalFailure()) {
+        script.act();
+        expectInStep();
+    }
+    if (HasFatalFailure()) return;
+    script.closeEverything();
+    expectInStep();
+    const auto report = bar.state();
+    EXPECT_TRUE(report["groups"].empty() && report["background"].empty()) << report.dump(1);
+    EXPECT_EQ(bar.quit(), 0) << contentsOf(desktop.home() / "larkspan.log");
+    std::cout << script.actCount() << " acts, " << rests << " rests" << std::endl;
+}
+
+} // namespace
+} // namespace larkspan::e2e
