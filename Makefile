@@ -1,6 +1,6 @@
 # Larkspan's commands. Each sets up what it needs; the second time it does only what changed.
 .DEFAULT_GOAL := help
-.PHONY: help setup setup-lint setup-bench build run demo tour test asan tsan macos bench lint format clean
+.PHONY: help setup setup-lint setup-bench build run demo tour test asan tsan macos bench lint format clean soak-desktop
 MAKEFLAGS += --no-print-directory
 
 help:
@@ -13,6 +13,7 @@ help:
 	@echo "make asan    the system's tests under AddressSanitizer and UndefinedBehaviorSanitizer"
 	@echo "make tsan    the system's tests under ThreadSanitizer"
 	@echo "make macos SDK=…  what a Mac builds, compiled and linked on Linux against an SDK"
+	@echo "make soak-desktop SECONDS=120 SEED=1   random acts on a private X11 desktop, the report against the X server"
 	@echo "make bench   the model's benchmarks"
 	@echo "make clean   remove every build folder"
 
@@ -43,6 +44,12 @@ tour: build
 test: build/release/build.ninja
 	@cmake --build --preset release
 	@ctest --preset release
+
+# Without a seed a new one each time; the test prints it.
+soak-desktop: build/release/build.ninja
+	@cmake --build --preset release --target larkspan e2e_tests
+	@LARKSPAN_DESKTOP_SECONDS=$(or $(SECONDS),120) LARKSPAN_DESKTOP_SEED=$(or $(SEED),$(shell date +%N | sed 's/^0*//')) \
+		build/release/bin/e2e_tests --gtest_filter='RandomDesktop.*'
 
 asan tsan: %: build/%/build.ninja
 	@cmake --build --preset $@

@@ -49,6 +49,7 @@ const std::vector<DesktopScript::Act>& DesktopScript::acts() {
         {"send to all desktops", 3, &DesktopScript::sendToAllDesktops},
         {"switch desktop", 9, &DesktopScript::switchDesktop},
         {"change the number of desktops", 1, &DesktopScript::changeDesktopCount},
+        {"change the monitors", 1, &DesktopScript::changeMonitors},
     };
     return all;
 }
@@ -182,6 +183,20 @@ void DesktopScript::changeDesktopCount() {
     pager_.ask(pager_.root(), "_NET_NUMBER_OF_DESKTOPS", {2 + below(4)});
     if (below(2) == 0) settle();
     pager_.ask(pager_.root(), "_NET_NUMBER_OF_DESKTOPS", {desktops});
+}
+
+// One or two beside each other on the same screen.
+void DesktopScript::changeMonitors() {
+    const auto width = double(desktop_.screen().width());
+    const auto height = double(desktop_.screen().height());
+    if (below(3) == 0) {
+        pager_.deleteMonitor("left");
+        pager_.deleteMonitor("right");
+        return;
+    }
+    const double border = 500 + below(200);
+    pager_.setMonitor("left", {0, 0, border, height});
+    pager_.setMonitor("right", {border, 0, width - border, height});
 }
 
 // Rest

@@ -68,6 +68,7 @@ class DesktopScript {
     void sendToAllDesktops();
     void switchDesktop();
     void changeDesktopCount();
+    void changeMonitors();
 
     std::uint32_t below(std::uint32_t limit);
     std::size_t windowCount() const;

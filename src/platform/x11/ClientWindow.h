@@ -49,6 +49,10 @@ struct ClientFacts {
     std::vector<xcb_atom_t> types;
     std::vector<xcb_atom_t> states;
     bool isUrgent = false;
+    /// The window wants the keyboard given to it.
+    bool hasInput = true;
+    /// It takes the keyboard itself when it is told to.
+    bool takesFocusItself = false;
     std::optional<std::uint32_t> wmState;
     std::optional<std::uint32_t> desktop;
     WindowId transientFor = 0;
@@ -60,6 +64,8 @@ struct ClientFacts {
     Rect area;
     Strut strut;
     bool hasIcon = false;
+
+    bool takesKeyboard() const { return hasInput || takesFocusItself; }
 };
 
 /// A managed window as the rest of the system sees it. Immutable once published.

@@ -2,6 +2,7 @@
 
 #include "platform/x11/PropertyText.h"
 
+#include <algorithm>
 #include <span>
 #include <string_view>
 
@@ -13,6 +14,7 @@ namespace {
 
 // A title may be a megabyte long; no one reads more of it than this. In 32-bit units.
 constexpr std::uint32_t longestText = 512;
+constexpr std::uint32_t inputHint = 1u << 0;
 constexpr std::uint32_t urgencyHint = 1u << 8;
 
 /// The answer to a property request; without a reply, the property is absent.
@@ -45,6 +47,7 @@ class PropertyAnswer {
         if (reply_->type == atoms_.compoundText) return textFromCompoundText(bytes());
         return textFromLatin1(bytes());
     }
+    const Atoms& atoms() const { return atoms_; }
     bool hasValue() const { return reply_ && reply_->bytes_after > 0; }
 
   private:
@@ -78,7 +81,10 @@ void takePid(ClientFacts& facts, const PropertyAnswer& answer) {
 }
 
 void takeHints(ClientFacts& facts, const PropertyAnswer& answer) {
-    facts.isUrgent = (answer.number().value_or(0) & urgencyHint) != 0;
+    const auto numbers = answer.numbers();
+    const auto flags = numbers.empty() ? 0 : numbers[0];
+    facts.isUrgent = (flags & urgencyHint) != 0;
+    facts.hasInput = (flags & inputHint) == 0 || numbers.size() < 2 || numbers[1] != 0;
 }
 
 Edges edgesFrom(const PropertyAnswer& answer) {
@@ -115,6 +121,12 @@ const Property properties[FactsReader::propertyCount] = {
     {&Atoms::netWmState, 0, 64,
      [](ClientFacts& facts, const PropertyAnswer& answer) { facts.states = answer.list(); }},
     {nullptr, XCB_ATOM_WM_HINTS, 9, takeHints},
+    {&Atoms::wmProtocols, 0, 32,
+     [](ClientFacts& facts, const PropertyAnswer& answer) {
+         const auto protocols = answer.numbers();
+         facts.takesFocusItself = std::find(protocols.begin(), protocols.end(),
+                                            answer.atoms().wmTakeFocus) != protocols.end();
+     }},
     {&Atoms::wmState, 0, 2,
      [](ClientFacts& facts, const PropertyAnswer& answer) { facts.wmState = answer.number(); }},
     {&Atoms::netWmDesktop, 0, 1,

@@ -18,7 +18,7 @@ class FactsReader {
     static constexpr Facets allFacets = UINT32_MAX;
     static constexpr Facets geometryFacet = Facets{1} << 31;
 
-    static constexpr std::size_t propertyCount = 17;
+    static constexpr std::size_t propertyCount = 18;
     struct Pending {
         Facets facets = 0;
         std::array<xcb_get_property_cookie_t, propertyCount> properties{};

@@ -26,6 +26,10 @@ std::vector<std::uint32_t> numbers(X11Connection& connection, xcb_get_property_c
     return {first, first + reply->value_len};
 }
 
+// Of the monitors' arrangement a change of the root window's shape may be all that is told.
+constexpr std::uint32_t rootEvents =
+    XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+
 std::uint32_t numberOr(std::uint32_t fallback, const std::vector<std::uint32_t>& numbers) {
     return numbers.empty() ? fallback : numbers.front();
 }
@@ -54,7 +58,7 @@ WindowMirror::WindowMirror(X11Connection& connection, double scale, FindOwner fi
           connection.events.subscribe([this](const xcb_generic_event_t& event) { handle(event); }))
     , drainedSubscription_(connection.drained.subscribe([this] { refresh(); })) {
     // Selected before the first read, so that nothing can change unseen in between.
-    select(connection_, connection_.root(), XCB_EVENT_MASK_PROPERTY_CHANGE);
+    select(connection_, connection_.root(), rootEvents);
     refresh();
 }
 
@@ -136,6 +140,8 @@ void WindowMirror::refresh() {
     readRoot();
     refreshClients();
     if (std::exchange(needsPublishing_, false)) publish();
+    const auto front = windowInFront();
+    if (std::exchange(active_, front) != front) hasChanged_ = true;
 }
 
 // The manager's window names itself; a window left over from a manager that died does not count.
@@ -149,9 +155,8 @@ void WindowMirror::readManager() {
             xcb_get_property(connection_.raw(), 0, named, check, XCB_GET_PROPERTY_TYPE_ANY, 0, 1);
         if (numberOr(0, numbers(connection_, itself)) == named) manager_ = named;
     }
-    const std::uint32_t mask =
-        XCB_EVENT_MASK_PROPERTY_CHANGE | (manager_ ? 0 : XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY);
-    select(connection_, connection_.root(), mask);
+    select(connection_, connection_.root(),
+           rootEvents | (manager_ ? 0 : XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY));
     stale_ = {.manager = false};
 }
 
@@ -178,10 +183,7 @@ void WindowMirror::readRoot() {
     } else if (reads.windows) {
         takeStacking(topLevelWindows());
     }
-    if (reads.active) {
-        const auto window = numberOr(0, numbers(connection_, active));
-        if (std::exchange(active_, window) != window) hasChanged_ = true;
-    }
+    if (reads.active) takeActive(numberOr(0, numbers(connection_, active)));
     if (reads.desktops) {
         const auto desktop = numberOr(0, numbers(connection_, current));
         const auto desktops =
@@ -189,6 +191,10 @@ void WindowMirror::readRoot() {
         if (std::exchange(currentDesktop_, desktop) != desktop) hasChanged_ = true;
         if (std::exchange(desktopCount_, desktops) != desktops) hasChanged_ = true;
     }
+}
+
+void WindowMirror::takeActive(WindowId window) {
+    if (std::exchange(activeForManager_, window) != window && window != 0) activatedHere_ = 0;
 }
 
 // Without a window manager: what shows on the root window and is not a menu or a tooltip.
@@ -227,8 +233,10 @@ void WindowMirror::takeStacking(std::vector<WindowId> bottomToTop) {
 }
 
 void WindowMirror::adopt(WindowId window) {
-    select(connection_, window, XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY);
-    clients_.emplace(window, Client{.facts = {.id = window}});
+    const std::uint32_t mask = XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
+    const auto selection =
+        xcb_change_window_attributes_checked(connection_.raw(), window, XCB_CW_EVENT_MASK, &mask);
+    clients_.emplace(window, Client{.facts = {.id = window}, .selection = selection});
     staleClients_.push_back(window);
 }
 
@@ -242,7 +250,7 @@ void WindowMirror::refreshClients() {
     }
     for (const auto& [window, read] : pending) {
         auto& client = clients_.at(window);
-        client.isGone = !reader_.collect(read, client.facts);
+        client.isGone = !collect(client, read);
         if (client.isGone || isOurs(client)) {
             if (std::exchange(client.window, nullptr)) needsPublishing_ = true;
             continue;
@@ -250,6 +258,16 @@ void WindowMirror::refreshClients() {
         const bool isSameOwner = client.window && (read.facets & identityFacets_) == 0;
         show(client, isSameOwner ? client.window->owner : ownerOf(client));
     }
+}
+
+// Facts alone do not show that the window was there when its events were asked for: its number may
+// have gone to a new window in between, of whose changes nothing would be heard.
+bool WindowMirror::collect(Client& client, const FactsReader::Pending& read) {
+    const bool isThere = reader_.collect(read, client.facts);
+    if (!client.selection) return isThere;
+    const auto selection = *std::exchange(client.selection, std::nullopt);
+    const Reply<xcb_generic_error_t> error(xcb_request_check(connection_.raw(), selection));
+    return isThere && !error;
 }
 
 void WindowMirror::show(Client& client, ProcessId owner) {
@@ -289,6 +307,17 @@ void WindowMirror::publish() {
     hasChanged_ = true;
 }
 
+WindowId WindowMirror::windowInFront() const {
+    if (activatedHere_ == 0) return activeForManager_;
+    using Kind = ClientWindow::Kind;
+    const auto front = std::find_if(windows_.begin(), windows_.end(), [this](const auto& window) {
+        const bool isOrdinary = window->kind == Kind::normal || window->kind == Kind::dialog;
+        return isOrdinary && !window->isMinimized && window->isOnDesktop(currentDesktop_);
+    });
+    const bool isBeforeAllOthers = front != windows_.end() && (*front)->id == activatedHere_;
+    return isBeforeAllOthers ? activatedHere_ : activeForManager_;
+}
+
 void WindowMirror::findOwnersAgain() {
     for (auto& [id, client] : clients_)
         if (client.window) show(client, ownerOf(client));
@@ -296,7 +325,9 @@ void WindowMirror::findOwnersAgain() {
 }
 
 void WindowMirror::noteActivated(WindowId window) {
-    if (!manager_ && std::exchange(active_, window) != window) hasChanged_ = true;
+    const auto found = clients_.find(window);
+    const bool takesKeyboard = found == clients_.end() || found->second.facts.takesKeyboard();
+    activatedHere_ = manager_ != 0 && takesKeyboard ? 0 : window;
 }
 
 } // namespace larkspan::x11

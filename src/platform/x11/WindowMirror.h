@@ -5,6 +5,7 @@
 #include "platform/x11/X11Connection.h"
 
 #include <functional>
+#include <optional>
 #include <unordered_map>
 #include <vector>
 
@@ -35,13 +36,17 @@ class WindowMirror {
     bool takeChanged() { return std::exchange(hasChanged_, false); }
     /// Finds the owners anew, after the installed applications changed.
     void findOwnersAgain();
-    /// Says that this program has made the window active where no window manager does so.
+    /// Says that this program has asked for the window to be active. Where no window manager calls
+    /// it so, since none runs or the window declines the keyboard, it is taken for the active one
+    /// while it stands before all others, until another is.
     void noteActivated(WindowId window);
 
   private:
     struct Client {
         ClientFacts facts;
         ClientWindowRef window;
+        /// Asks for the window's events; its answer is awaited with the first facts.
+        std::optional<xcb_void_cookie_t> selection;
         FactsReader::Facets stale = FactsReader::allFacets;
         bool isGone = false;
     };
@@ -63,7 +68,10 @@ class WindowMirror {
     std::vector<WindowId> topLevelWindows();
     void takeStacking(std::vector<WindowId> bottomToTop);
     void adopt(WindowId window);
+    void takeActive(WindowId window);
     void refreshClients();
+    bool collect(Client& client, const FactsReader::Pending& read);
+    WindowId windowInFront() const;
     bool isOurs(const Client& client) const;
     ProcessId ownerOf(const Client& client) const;
     void show(Client& client, ProcessId owner);
@@ -82,6 +90,10 @@ class WindowMirror {
     xcb_window_t manager_ = 0;
     std::vector<xcb_atom_t> supported_;
     WindowId active_ = 0;
+    /// As the window manager says.
+    WindowId activeForManager_ = 0;
+    /// What this program made active and the window manager does not call so; 0 when there is none.
+    WindowId activatedHere_ = 0;
     std::uint32_t currentDesktop_ = 0;
     std::uint32_t desktopCount_ = 1;
 

@@ -17,11 +17,11 @@ void WindowRequests::activate(WindowId window) {
         if (mirror_.hasWindowManager()) {
             connection_.sendToRoot(window, connection_.atoms().netActiveWindow,
                                    {fromPager, connection_.lastTime(), 0, 0, 0});
-            return;
+        } else {
+            stackAbove(window);
+            xcb_set_input_focus(connection_.raw(), XCB_INPUT_FOCUS_POINTER_ROOT, window,
+                                XCB_CURRENT_TIME);
         }
-        stackAbove(window);
-        xcb_set_input_focus(connection_.raw(), XCB_INPUT_FOCUS_POINTER_ROOT, window,
-                            XCB_CURRENT_TIME);
         mirror_.noteActivated(window);
         connection_.dispatchSoon();
     });

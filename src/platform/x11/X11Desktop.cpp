@@ -85,7 +85,8 @@ struct X11Desktop::Parts {
     X11DesktopPicture picture{*connection, scale};
 
     bool areApplicationsStale = false;
-    bool areScreensStale = false;
+    // From the start, as a desktop without windows may have nothing else to tell for a long time.
+    bool areScreensStale = true;
     Handle settledSubscription;
     Handle tableSubscription;
     Handle entriesSubscription;

@@ -50,6 +50,10 @@ X11Screens::X11Screens(X11Connection& connection, const WindowMirror& mirror, do
 
 void X11Screens::handle(const xcb_generic_event_t& event) {
     const int type = event.response_type & 0x7f;
+    // Monitors that a user adds or takes away are no hardware: RandR says nothing of them.
+    if (type == XCB_CONFIGURE_NOTIFY &&
+        reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == connection_.root())
+        areMonitorsStale_ = true;
     if (hasRandr_ && (type == firstRandrEvent_ + XCB_RANDR_SCREEN_CHANGE_NOTIFY ||
                       type == firstRandrEvent_ + XCB_RANDR_NOTIFY))
         areMonitorsStale_ = true;

@@ -121,6 +121,40 @@ TEST(SurroundingsTest, ScreensFollowTheStripPanelsAndTheDesktopsScale) {
     EXPECT_EQ(screens.screens()[0].visibleFrame, screens.screens()[0].frame);
 }
 
+TEST(SurroundingsTest, MonitorsThatAUserAddsAndTakesAwayAreFollowed) {
+    PrivateServer server;
+    server.startManager();
+    const DesktopUnderTest desktop(server.display());
+    auto& screens = desktop.platform().screens;
+    const auto whole = screens.screens().front();
+    TestClient client(server.display());
+    const auto window = client.open({.x = 700, .y = 100});
+    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
+
+    int told = 0;
+    const auto subscription = screens.subscribe([&] { ++told; });
+    client.setMonitor("left", {0, 0, 640, 720});
+    client.setMonitor("right", {640, 0, 640, 720});
+    ASSERT_TRUE(runUntil([&] {
+        const auto now = screens.screens();
+        return std::any_of(now.begin(), now.end(),
+                           [](const auto& each) { return each.displayIdentifier == "right"; });
+    }));
+    const auto spaceOnRight = [&] {
+        const auto displays = *desktop.server().managedDisplaySpaces();
+        for (const auto& display : displays)
+            if (display.displayIdentifier == "right") return display.spaces[0].id64.value();
+        return SpaceId{0};
+    };
+    EXPECT_TRUE(runUntil([&] { return desktop.isOnSpace(window, spaceOnRight()); }));
+    const int toldBefore = told;
+    client.deleteMonitor("left");
+    client.deleteMonitor("right");
+    EXPECT_TRUE(runUntil([&] { return screens.screens() == std::vector{whole}; }));
+    EXPECT_GT(told, toldBefore);
+    EXPECT_FALSE(desktop.isOnSpace(window, spaceOnRight()));
+}
+
 TEST(SurroundingsTest, PanelIsADockThatKeepsAndGivesBackItsStrip) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
@@ -151,6 +185,41 @@ TEST(SurroundingsTest, PanelIsADockThatKeepsAndGivesBackItsStrip) {
         return client.numbers(panel, "_NET_WM_STRUT_PARTIAL").empty() &&
                client.numbers(panel, "_NET_WM_STRUT").empty();
     }));
+}
+
+TEST(SurroundingsTest, StripIsKeptOnlyWhereNoMonitorContinuesBelow) {
+    PrivateServer server;
+    TestClient client(server.display());
+    client.setMonitor("upper", {0, 0, 1280, 400});
+    client.setMonitor("lower", {200, 400, 800, 320});
+    client.sync();
+    const DesktopUnderTest desktop(server.display());
+    const auto panel = client.open({.className = "Larkspan"});
+    client.sync();
+    auto& dressing = desktop.desktop->panelDressing();
+    const auto screens = desktop.platform().screens.screens();
+    const auto strutOn = [&](const std::string& name) {
+        for (const auto& screen : screens)
+            if (screen.displayIdentifier == name) dressing.reserveStrip(panel, screen, 50);
+        return client.numbers(panel, "_NET_WM_STRUT_PARTIAL");
+    };
+    const std::vector<std::uint32_t> kept{0, 0, 0, 50, 0, 0, 0, 0, 0, 0, 200, 999};
+    EXPECT_EQ(strutOn("lower"), kept);
+    EXPECT_EQ(strutOn("upper"), std::vector<std::uint32_t>{})
+        << "it would reach over the whole monitor below";
+}
+
+TEST(SurroundingsTest, PointerGoesThroughAPanelBesideItsInputArea) {
+    PrivateServer server;
+    TestClient client(server.display());
+    client.setText(client.root(), "RESOURCE_MANAGER", "STRING", "Xft.dpi:\t144\n");
+    client.sync();
+    const DesktopUnderTest desktop(server.display());
+    const auto panel = client.open({});
+    client.sync();
+    desktop.desktop->panelDressing().setInputArea(panel, {10, 20, 101, 31});
+    // What a point covers in part belongs to it.
+    EXPECT_EQ(client.inputArea(panel), (Rect{15, 30, 152, 47}));
 }
 
 TEST(SurroundingsTest, WallpaperIsReadWhereThePanelLiesAndRepeats) {

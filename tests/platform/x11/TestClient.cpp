@@ -3,6 +3,11 @@
 #include <cstdlib>
 #include <stdexcept>
 
+#include <sys/uio.h>
+#include <xcb/randr.h>
+#include <xcb/shape.h>
+#include <xcb/xcbext.h>
+
 namespace larkspan::x11 {
 
 TestClient::TestClient(const std::string& display)
@@ -31,6 +36,7 @@ WindowId TestClient::open(const TestWindow& window) {
         setNumbers(id, "_NET_WM_WINDOW_TYPE", "ATOM", {atom("_NET_WM_WINDOW_TYPE_" + window.type)});
     if (window.pid) setNumbers(id, "_NET_WM_PID", "CARDINAL", {*window.pid});
     if (window.transientFor) setNumbers(id, "WM_TRANSIENT_FOR", "WINDOW", {window.transientFor});
+    if (window.takesKeyboard) setNumbers(id, "WM_HINTS", "WM_HINTS", {1, *window.takesKeyboard});
     if (window.isAskedToClose) setNumbers(id, "WM_PROTOCOLS", "ATOM", {atom("WM_DELETE_WINDOW")});
     map(id);
     return id;
@@ -123,6 +129,31 @@ void TestClient::ask(WindowId window, const std::string& message,
     xcb_flush(connection_);
 }
 
+void TestClient::setMonitor(const std::string& name, const Rect& area) {
+    xcb_randr_monitor_info_t monitor{};
+    monitor.name = atom(name);
+    monitor.x = static_cast<std::int16_t>(area.x);
+    monitor.y = static_cast<std::int16_t>(area.y);
+    monitor.width = static_cast<std::uint16_t>(area.width);
+    monitor.height = static_cast<std::uint16_t>(area.height);
+    monitor.width_in_millimeters = monitor.width / 4;
+    monitor.height_in_millimeters = monitor.height / 4;
+    // Written out here, since libxcb's own function of this request sends a wrong length.
+    xcb_randr_set_monitor_request_t request{};
+    request.window = root();
+    iovec parts[4]{};
+    parts[2] = {&request, sizeof request};
+    parts[3] = {&monitor, sizeof monitor};
+    const xcb_protocol_request_t protocol{2, &xcb_randr_id, XCB_RANDR_SET_MONITOR, 1};
+    xcb_send_request(connection_, 0, parts + 2, &protocol);
+    xcb_flush(connection_);
+}
+
+void TestClient::deleteMonitor(const std::string& name) {
+    xcb_randr_delete_monitor(connection_, root(), atom(name));
+    xcb_flush(connection_);
+}
+
 bool TestClient::isViewable(WindowId window) {
     auto* reply = xcb_get_window_attributes_reply(
         connection_, xcb_get_window_attributes(connection_, window), nullptr);
@@ -156,6 +187,18 @@ Rect TestClient::areaOf(WindowId window) {
                 double(geometry->height)};
     std::free(geometry);
     std::free(origin);
+    return area;
+}
+
+Rect TestClient::inputArea(WindowId window) {
+    auto* reply = xcb_shape_get_rectangles_reply(
+        connection_, xcb_shape_get_rectangles(connection_, window, XCB_SHAPE_SK_INPUT), nullptr);
+    Rect area;
+    if (reply && xcb_shape_get_rectangles_rectangles_length(reply) == 1) {
+        const auto& only = *xcb_shape_get_rectangles_rectangles(reply);
+        area = {double(only.x), double(only.y), double(only.width), double(only.height)};
+    }
+    std::free(reply);
     return area;
 }
 

@@ -21,6 +21,8 @@ struct TestWindow {
     std::optional<std::uint32_t> pid;
     xcb_window_t transientFor = 0;
     bool isOverrideRedirect = false;
+    /// Absent: it says nothing of it, and is given the keyboard.
+    std::optional<bool> takesKeyboard;
     /// Takes part in WM_DELETE_WINDOW; a window manager ends a client that does not.
     bool isAskedToClose = false;
     /// Where the client asks to be; the window manager may decide otherwise.
@@ -55,11 +57,16 @@ class TestClient {
     std::vector<std::uint32_t> numbers(WindowId window, const std::string& property);
     /// A message to the window manager about a window.
     void ask(WindowId window, const std::string& message, const std::vector<std::uint32_t>& data);
+    /// Makes a monitor of part of the screen, as a user may; with the name of one, in its place.
+    void setMonitor(const std::string& name, const Rect& area);
+    void deleteMonitor(const std::string& name);
     bool isViewable(WindowId window);
     /// The class of WM_CLASS; empty without one.
     std::string classOf(WindowId window);
     /// The window without its frame, on the root window; empty when it has gone.
     Rect areaOf(WindowId window);
+    /// Where the pointer meets the window, in its own pixels; for one area only.
+    Rect inputArea(WindowId window);
     /// The windows that the window manager has asked to close since the last call.
     std::vector<WindowId> takeCloseRequests();
     /// False once the window manager has ended the client.

@@ -62,6 +62,22 @@ TEST_F(WindowsTest, NewestWindowIsInFrontAndActivatedOneComesForward) {
     }));
 }
 
+TEST_F(WindowsTest, WindowThatDeclinesTheKeyboardIsInFrontOnceBroughtThere) {
+    const auto clock = client.open({.className = "Clock", .takesKeyboard = false});
+    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(clock); }));
+    const auto writer = client.open({.className = "Writer"});
+    ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Writer"; }));
+
+    desktop.applications().activate(*desktop.entry(clock)->ownerPID);
+    EXPECT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Clock"; }));
+    client.ask(writer, "_NET_ACTIVE_WINDOW", {2, 0, 0});
+    EXPECT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Writer"; }));
+    desktop.applications().activate(*desktop.entry(clock)->ownerPID);
+    ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Clock"; }));
+    desktop.applications().hide(*desktop.entry(clock)->ownerPID);
+    EXPECT_TRUE(runUntil([&] { return desktop.frontmost() != "x11:Clock"; }));
+}
+
 TEST_F(WindowsTest, MinimisedWindowStaysListedOffScreenAndOnNoSpace) {
     const auto window = client.open({});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
@@ -113,6 +129,9 @@ TEST_F(WindowsTest, FullScreenWindowHasTheBoundsOfItsDisplay) {
     client.ask(window, "_NET_WM_STATE", {1, client.atom("_NET_WM_STATE_FULLSCREEN")});
     const auto screen = desktop.platform().screens.screens().front();
     EXPECT_TRUE(runUntil([&] { return *desktop.entry(window)->bounds == screen.bounds; }));
+    EXPECT_TRUE(*desktop.platform()
+                     .accessibility.attribute(desktop.element(window), "AXFullScreen")
+                     .as<bool>());
 }
 
 TEST_F(WindowsTest, KindsOfWindowsHaveTheirLayers) {
@@ -148,6 +167,23 @@ TEST_F(WindowsTest, MenusAndOurOwnWindowsAreNeverListed) {
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
     EXPECT_FALSE(desktop.isListed(menu));
     EXPECT_FALSE(desktop.isListed(ours));
+}
+
+TEST_F(WindowsTest, ApplicationIsRegularWhileItHasAnOrdinaryWindow) {
+    const auto isRegular = [&] {
+        const auto application = desktop.running("x11:Palette");
+        return application && application->activationPolicy == ActivationPolicy::regular;
+    };
+    bool isRegularWhenTold = false;
+    const auto subscription = desktop.platform().workspace.subscribe(
+        [&](const WorkspaceEvent&) { isRegularWhenTold = isRegular(); });
+    const auto palette = client.open({.className = "Palette", .type = "UTILITY"});
+    ASSERT_TRUE(runUntil([&] { return desktop.isListed(palette); }));
+    EXPECT_FALSE(isRegular());
+    const auto window = client.open({.className = "Palette"});
+    EXPECT_TRUE(runUntil([&] { return isRegularWhenTold; }));
+    client.ask(window, "_NET_WM_STATE", {1, client.atom("_NET_WM_STATE_SKIP_TASKBAR")});
+    EXPECT_TRUE(runUntil([&] { return !isRegularWhenTold; }));
 }
 
 TEST_F(WindowsTest, TitlesOfEveryEncodingAreReadAndFollowed) {
