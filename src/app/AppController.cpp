@@ -82,11 +82,11 @@ void AppController::shrinkDock() {
     const auto current = DockProfile::current(platform_.coreDock);
     if (!current) return;
     // A profile that is still there is from a run that did not end well: the Dock of now is already
-    // the shrunken one, and the saved one is the user's own.
-    if (!DockProfile::saved(platform_.defaults)) {
-        current->save(platform_.defaults);
-        // Safe from a kill before the first change is made.
-        platform_.defaults.synchronize();
+    // the shrunken one, and the saved one is the user's own. What is not safe from a kill before
+    // the first change could not be given back, and is left alone.
+    if (!DockProfile::saved(platform_.defaults) && !current->save(platform_.defaults)) {
+        log_.write("dock", "the Dock's settings could not be saved; the Dock stays as it is");
+        return;
     }
     const double fitHeight = std::min(wantedBarHeight(), tallestFit);
     current->underBar().apply(platform_.coreDock, tileFraction(firstIconSize(fitHeight)));
@@ -103,9 +103,13 @@ void AppController::giveDockBack() {
 
 void AppController::startFitting() {
     fitting_.reset();
-    // What cannot be read could not be given back either.
+    // What cannot be read or is not saved could not be given back.
     const auto& dock = platform_.coreDock;
-    if (!canResize(dock) || !DockProfile::current(dock)) return;
+    if (!DockProfile::current(dock) || !DockProfile::saved(platform_.defaults)) return;
+    if (const auto why = whyNoResize(dock)) {
+        log_.write("dock", std::string(*why));
+        return;
+    }
     fitting_ = std::make_unique<DockFitting>(
         platform_.scheduler, platform_.coreDock, platform_.screens,
         std::min(wantedBarHeight(), tallestFit), [this](float fraction) {

@@ -59,15 +59,16 @@ std::optional<DockProfile> DockProfile::saved(const UserDefaults& defaults) {
     return data ? decode(data->bytes) : std::nullopt;
 }
 
-void DockProfile::save(UserDefaults& defaults) const {
+bool DockProfile::save(UserDefaults& defaults) const {
     const json object{{"tileSize", tileSize},
                       {"autoHide", autoHide},
                       {"orientation", orientation},
                       {"pinning", pinning},
                       {"magnification", magnification}};
     defaults.set(savedKey, Data{object.dump()});
-    // The user's own settings outlive a kill before the first of them is changed.
-    defaults.synchronize();
+    if (defaults.synchronize()) return true;
+    forgetSaved(defaults);
+    return false;
 }
 
 void DockProfile::forgetSaved(UserDefaults& defaults) {
@@ -97,6 +98,11 @@ void DockProfile::apply(CoreDock& dock, float fraction) const {
 
 bool canResize(const CoreDock& dock) {
     return dock.has(CoreDockFunction::setTileSize);
+}
+
+std::optional<std::string_view> whyNoResize(const CoreDock& dock) {
+    if (canResize(dock)) return std::nullopt;
+    return "Larkspan cannot resize the Dock on this Mac, so the height stays as it is.";
 }
 
 void setTileSizeTwice(CoreDock& dock, float fraction) {

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <optional>
+#include <string_view>
 
 namespace larkspan {
 
@@ -28,7 +29,9 @@ struct DockProfile {
     /// The user's own settings, saved before the first change; absent when none are saved or what
     /// is saved does not decode.
     static std::optional<DockProfile> saved(const UserDefaults& defaults);
-    void save(UserDefaults& defaults) const;
+    /// False when it could not be stored for certain; then nothing is saved, and a Dock changed now
+    /// could not be given back after a kill.
+    bool save(UserDefaults& defaults) const;
     static void forgetSaved(UserDefaults& defaults);
 
     /// The same Dock as the bar needs it: in sight at the bottom, so that it holds the strip.
@@ -41,6 +44,8 @@ struct DockProfile {
 
 /// Whether the Dock's icons can be resized on this system at all.
 bool canResize(const CoreDock& dock);
+/// Why they cannot, as a sentence for the user; absent when they can.
+std::optional<std::string_view> whyNoResize(const CoreDock& dock);
 
 /// Sets the icon size. The Dock takes a size for certain only when told twice.
 void setTileSizeTwice(CoreDock& dock, float fraction);

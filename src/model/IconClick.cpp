@@ -62,7 +62,7 @@ void IconClick::click(const DockItem& item, const DisplayGroup* group, const Rec
                   .phase = phase});
 }
 
-void IconClick::clickRunning(const Clicked& clicked) {
+void IconClick::clickRunning(Clicked clicked) {
     using Phase = WindowAnimator::Phase;
     const auto front = workspace_.frontmostApplication();
     log_.write("DockStore",
@@ -99,7 +99,7 @@ void IconClick::letTileMove(const std::string& id) {
     if (store_.isPointerOnBar) store_.regroupingIDs.insert(id);
 }
 
-bool IconClick::shouldHide(const Clicked& clicked) const {
+bool IconClick::shouldHide(Clicked& clicked) const {
     if (clicked.isHidden || frontProcess() != clicked.pid) return false;
     if (!accessibility_.isProcessTrusted()) return true;
     const auto* group = clicked.group;
@@ -110,9 +110,9 @@ bool IconClick::shouldHide(const Clicked& clicked) const {
                                [](const AppWindow& window) { return !window.isMinimized; });
 }
 
-void IconClick::bringForward(const Clicked& clicked) {
+void IconClick::bringForward(Clicked& clicked) {
     const bool isHiding = clicked.phase == WindowAnimator::Phase::hiding;
-    const auto windows = windowsOf(clicked);
+    const auto& windows = windowsOf(clicked);
     if (!clicked.isHidden && !isHiding && !windows.empty()) {
         restore(windows);
         raise(windows.front().element);
@@ -125,7 +125,7 @@ void IconClick::bringForward(const Clicked& clicked) {
         activate(clicked.pid);
         return;
     }
-    raiseMainWindow(clicked.pid);
+    if (clicked.answers) raiseMainWindow(clicked.pid);
     if (clicked.isHidden) applications_.unhide(clicked.pid);
     store_.animator.lastActivation = {clicked.pid, scheduler_.uptime()};
     if (clicked.item.url)
@@ -156,9 +156,14 @@ void IconClick::restore(const std::vector<AppWindow>& windows) {
         if (window.isMinimized) accessibility_.setAttribute(window.element, "AXMinimized", false);
 }
 
-std::vector<AppWindow> IconClick::windowsOf(const Clicked& clicked) const {
-    auto windows = WindowPresence::accessibilityWindows(accessibility_, clicked.pid);
-    return store_.windowsOf(clicked.group, std::move(windows).value_or(std::vector<AppWindow>{}));
+const std::vector<AppWindow>& IconClick::windowsOf(Clicked& clicked) const {
+    if (!clicked.windows) {
+        auto windows = WindowPresence::accessibilityWindows(accessibility_, clicked.pid);
+        clicked.answers = windows.has_value();
+        clicked.windows =
+            store_.windowsOf(clicked.group, std::move(windows).value_or(std::vector<AppWindow>{}));
+    }
+    return *clicked.windows;
 }
 
 /// The process that the bar itself has only just activated.

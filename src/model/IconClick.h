@@ -9,6 +9,7 @@
 #include "spaces/AppWindow.h"
 
 #include <map>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -34,18 +35,21 @@ class IconClick {
         ProcessId pid = 0;
         bool isHidden = false;
         WindowAnimator::Phase phase = WindowAnimator::Phase::none;
+        /// Asked for at most once: an app that does not answer costs a whole time-out each time.
+        std::optional<std::vector<AppWindow>> windows;
+        bool answers = true;
     };
 
-    void clickRunning(const Clicked& clicked);
+    void clickRunning(Clicked clicked);
     void launch(const DockItem& item);
     void letTileMove(const std::string& id);
-    bool shouldHide(const Clicked& clicked) const;
-    void bringForward(const Clicked& clicked);
+    bool shouldHide(Clicked& clicked) const;
+    void bringForward(Clicked& clicked);
     void raiseMainWindow(ProcessId pid);
     void raise(const AXElementRef& window);
     void activate(ProcessId pid);
     void restore(const std::vector<AppWindow>& windows);
-    std::vector<AppWindow> windowsOf(const Clicked& clicked) const;
+    const std::vector<AppWindow>& windowsOf(Clicked& clicked) const;
     std::optional<ProcessId> recentActivation() const;
     std::optional<ProcessId> frontProcess() const;
 

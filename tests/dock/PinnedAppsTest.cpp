@@ -91,6 +91,58 @@ TEST(PinnedApps, WhatStaysKeepsAllItsKeysAndSpacersTheirNeighbours) {
     EXPECT_EQ(written({app("a"), app("b"), spacer}, {"a"}), (Array{app("a"), spacer}));
 }
 
+TEST(PinnedApps, KeptEntriesAreByteForByteAsTheDockWroteThem) {
+    const PropertyValue full = Dictionary{
+        {"GUID", std::int64_t{3'000'000'001}},
+        {"tile-type", "file-tile"},
+        {"a key of later systems", Array{true, 0.5, Data{std::string("\0\xff", 2)}, "1"}},
+        {"tile-data",
+         Dictionary{{"bundle-identifier", "full"},
+                    {"book", Data{std::string("book\0\0", 6)}},
+                    {"file-mod-date", std::int64_t{3'700'000'000}},
+                    {"is-beta", false},
+                    {"file-data", Dictionary{{"_CFURLString", "file:///Old%20Place/Full.app/"},
+                                             {"_CFURLStringType", 15}}}}}};
+    EXPECT_EQ(written({app("a"), full}, {"full", "new", "a"}).front(), full);
+    EXPECT_EQ(written({full}, {}), Array{}) << "what leaves leaves whole";
+}
+
+TEST(PinnedApps, WhatIsNoAppStaysInItsPlaceWhateverItIs) {
+    const Array odd{
+        spacer,
+        Dictionary{{"tile-type", "url-tile"},
+                   {"tile-data", Dictionary{{"url", Dictionary{{"_CFURLString", "https://a.b"}}}}}},
+        Dictionary{{"tile-type", "file-tile"}},
+        Dictionary{{"tile-data", Dictionary{{"file-label", "no identifier"}}}},
+        Data{"raw"},
+        "text",
+        3,
+    };
+    for (const auto& entry : odd) {
+        EXPECT_EQ(written({entry, app("a"), entry, app("b")}, {"b", "a"}),
+                  (Array{entry, app("b"), app("a"), entry}));
+        EXPECT_EQ(written({app("a"), entry, app("b"), entry}, {"a"}),
+                  (Array{app("a"), entry, entry}))
+            << "behind an app that leaves it moves to the one before";
+    }
+}
+
+TEST(PinnedApps, AnAppThatTheListNamesTwiceKeepsItsFirstEntry) {
+    const PropertyValue second =
+        Dictionary{{"GUID", 99}, {"tile-data", Dictionary{{"bundle-identifier", "a"}}}};
+    EXPECT_EQ(written({app("a"), app("b"), second}, {"a", "b"}), (Array{app("a"), app("b")}));
+}
+
+TEST(PinnedApps, AListThatIsNoneIsBegunAnew) {
+    MemoryPreferences dock;
+    TwoDocks system;
+    dock.setAppValue("persistent-apps", "no list");
+    dock.setAppValue("tilesize", 64);
+    writePinnedApps(dock, system, system, {"gone.app"});
+    EXPECT_THAT(pinnedAppIdentifiers(dock), ElementsAre("gone.app"));
+    EXPECT_EQ(dock.values["tilesize"], PropertyValue(64));
+}
+
 TEST(PinnedApps, ANewEntryNamesTheAppAsTheDockDoes) {
     EXPECT_EQ(written({}, {"q", "q"}),
               (Array{Dictionary{

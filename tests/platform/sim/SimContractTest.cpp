@@ -1,8 +1,11 @@
 #include "platform/contract/AccessibilityContract.h"
+#include "platform/contract/CoreDockContract.h"
 #include "platform/contract/DockPreferencesContract.h"
 #include "platform/contract/SchedulerContract.h"
+#include "platform/contract/ScreenCaptureContract.h"
 #include "platform/contract/ScreensContract.h"
 #include "platform/contract/ShellContract.h"
+#include "platform/contract/StatusBarContract.h"
 #include "platform/contract/UserDefaultsContract.h"
 #include "platform/contract/WindowServerContract.h"
 #include "platform/contract/WorkspaceContract.h"
@@ -92,6 +95,53 @@ class SimLoginItemWorld : public LoginItemWorld {
     sim::SimLoginItem item_;
 };
 
+class SimCoreDockWorld : public CoreDockWorld {
+  public:
+    CoreDock& dock() override { return mac_.coreDock; }
+    bool hasDock() override { return true; }
+
+  private:
+    sim::SimMac mac_;
+};
+
+class SimStatusBarWorld : public StatusBarWorld {
+  public:
+    StatusBar& statusBar() override { return bar_; }
+    std::vector<std::string> shown() override {
+        std::vector<std::string> shown;
+        for (const auto& item : bar_.items())
+            shown.push_back(item.accessibilityDescription);
+        return shown;
+    }
+    bool choose(const std::string& title) override { return bar_.choose(title); }
+    bool runUntil(const std::function<bool()>& condition) override { return condition(); }
+
+  private:
+    sim::SimStatusBar bar_;
+};
+
+class SimScreenCaptureWorld : public ScreenCaptureWorld {
+  public:
+    ScreenCapture& screenCapture() override { return mac_.screenCapture; }
+    bool refuse() override {
+        mac_.refuseScreenRecording();
+        return true;
+    }
+    void grant() override { mac_.refuseScreenRecording(false); }
+    int prompts() override { return mac_.screenCapture.requests(); }
+
+  private:
+    sim::SimMac mac_;
+};
+
+INSTANTIATE_TEST_SUITE_P(Simulated, CoreDockContract,
+                         testing::Values(adapter<CoreDockWorld, SimCoreDockWorld>("SimCoreDock")));
+INSTANTIATE_TEST_SUITE_P(
+    Simulated, StatusBarContract,
+    testing::Values(adapter<StatusBarWorld, SimStatusBarWorld>("SimStatusBar")));
+INSTANTIATE_TEST_SUITE_P(
+    Simulated, ScreenCaptureContract,
+    testing::Values(adapter<ScreenCaptureWorld, SimScreenCaptureWorld>("SimScreenCapture")));
 INSTANTIATE_TEST_SUITE_P(
     Simulated, SchedulerContract,
     testing::Values(adapter<SchedulerWorld, VirtualSchedulerWorld>("VirtualScheduler")));
