@@ -109,10 +109,18 @@ json frontmostJson(const DockStore& store) {
     return object;
 }
 
+/// What the rows of the permissions window say; null while it is not shown.
+json permissionsWindowJson(const PermissionsWindow& window) {
+    if (!*window.isShown) return nullptr;
+    return {{"accessibility", *window.hasAccessibility},
+            {"screenRecording", *window.hasScreenRecording}};
+}
+
 json permissionsJson(AppController& controller) {
     const auto& platform = controller.platform();
     return {{"accessibility", platform.accessibility.isProcessTrusted()},
-            {"screenRecording", platform.screenCapture.preflightAccess()}};
+            {"screenRecording", platform.screenCapture.preflightAccess()},
+            {"window", permissionsWindowJson(controller.permissions())}};
 }
 
 } // namespace

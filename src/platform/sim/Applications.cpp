@@ -63,6 +63,7 @@ void Applications::finishLaunching(ProcessId pid, const LaunchOptions& options) 
 
 bool Applications::open(std::string_view path) {
     world_.opened.emplace_back(path);
+    if (world_.privacy.open(path)) return true;
     const auto found =
         std::find_if(world_.installed.begin(), world_.installed.end(),
                      [path](const auto& entry) { return entry.second.path == path; });

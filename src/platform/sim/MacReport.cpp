@@ -64,6 +64,10 @@ json dock(const World& world) {
             {"pinned", world.pinned}};
 }
 
+json nameOf(const std::optional<Permission>& permission) {
+    return permission ? json(permissionName(*permission)) : json(nullptr);
+}
+
 json statusBar(const SimMac& mac) {
     json list = json::array();
     for (const StatusItem& item : mac.statusBar.items())
@@ -75,9 +79,14 @@ json statusBar(const SimMac& mac) {
 
 json macReport(const SimMac& mac) {
     const World& world = mac.world();
-    json report{{"displays", displays(world)}, {"apps", apps(world)},
-                {"windows", windows(world)},   {"dock", dock(world)},
-                {"statusBar", statusBar(mac)}, {"opened", world.opened},
+    json report{{"displays", displays(world)},
+                {"apps", apps(world)},
+                {"windows", windows(world)},
+                {"dock", dock(world)},
+                {"statusBar", statusBar(mac)},
+                {"opened", world.opened},
+                {"prompt", nameOf(world.privacy.prompt())},
+                {"privacyPane", nameOf(world.privacy.pane())},
                 {"settings", json::array()}};
     for (const auto& [key, value] : mac.defaults.values())
         report["settings"].push_back(key);

@@ -27,6 +27,8 @@ const ScenarioAction* scenarioAction(std::string_view name);
 const std::vector<ScenarioAction>& faultActions();
 /// What apps, windows, displays and the system do.
 const std::vector<ScenarioAction>& macActions();
+/// What the user does about the program's permissions.
+const std::vector<ScenarioAction>& permissionActions();
 /// What the user does with the program.
 const std::vector<ScenarioAction>& barActions();
 

@@ -20,7 +20,7 @@ const std::vector<Field>& worldFields() {
         {"settings", FieldKind::anything},    {"accessibility", FieldKind::flag},
         {"screenRecording", FieldKind::flag}, {"announcesChanges", FieldKind::flag},
         {"missing", FieldKind::texts},        {"trash", FieldKind::index},
-        {"starts", FieldKind::flag},
+        {"starts", FieldKind::flag},          {"dock", FieldKind::anything},
     };
     return fields;
 }
@@ -31,6 +31,20 @@ const std::vector<Field>& appFields() {
                                            {"seconds", FieldKind::number},
                                            {"window", FieldKind::flag}};
     return fields;
+}
+
+const std::vector<Field>& dockFields() {
+    static const std::vector<Field> fields{
+        {"tileSize", FieldKind::number},    {"autoHide", FieldKind::flag},
+        {"orientation", FieldKind::index},  {"pinning", FieldKind::index},
+        {"magnification", FieldKind::flag}, {"stripSurplus", FieldKind::number}};
+    return fields;
+}
+
+Complaint checkDock(const json& dock) {
+    if (!dock.is_object()) return "\"dock\" is not an object";
+    if (auto complaint = checkFields(dock, dockFields(), {})) return "dock: " + *complaint;
+    return std::nullopt;
 }
 
 Complaint checkApps(const json& apps) {
@@ -53,6 +67,17 @@ PropertyValue property(const json& value) {
     return array;
 }
 
+void setDock(SimMac& mac, const json& dock) {
+    DockSettings settings = mac.world().dock;
+    settings.tileSize = dock.value("tileSize", settings.tileSize);
+    settings.autoHide = dock.value("autoHide", settings.autoHide);
+    settings.place.orientation = dock.value("orientation", settings.place.orientation);
+    settings.place.pinning = dock.value("pinning", settings.place.pinning);
+    settings.magnification = dock.value("magnification", settings.magnification);
+    mac.world().stripSurplus = dock.value("stripSurplus", 0.0);
+    mac.setDock(settings);
+}
+
 void installApps(SimMac& mac, const json& world) {
     if (world.value("usualApps", false)) installUsualApps(mac);
     for (const json& each : world.value("apps", json::array())) {
@@ -68,6 +93,7 @@ Complaint checkWorld(const json& world) {
     if (!world.is_object()) return "it is not an object";
     if (auto complaint = checkFields(world, worldFields(), {})) return complaint;
     if (auto complaint = checkApps(world.value("apps", json::array()))) return complaint;
+    if (auto complaint = checkDock(world.value("dock", json::object()))) return complaint;
     if (!world.value("settings", json::object()).is_object())
         return "\"settings\" is not an object";
     for (const json& name : world.value("missing", json::array())) {
@@ -89,6 +115,7 @@ void setUp(SimMac& mac, const json& world) {
     if (world.contains("pinned")) mac.setPinned(world["pinned"].get<std::vector<std::string>>());
     for (const json& name : world.value("missing", json::array()))
         mac.removeFunction(name.get<std::string>());
+    setDock(mac, world.value("dock", json::object()));
     mac.setTrash(world.value("trash", std::size_t{0}));
     const json settings = world.value("settings", json::object());
     for (const auto& [key, value] : settings.items())

@@ -54,6 +54,7 @@ const SimAccessibility::Element& SimAccessibility::of(const AXElementRef& elemen
 
 bool SimAccessibility::requestTrust() {
     ++trustRequests_;
+    if (!world_.trustedForAccessibility) world_.privacy.ask(Permission::accessibility);
     return world_.trustedForAccessibility;
 }
 

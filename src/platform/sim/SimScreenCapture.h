@@ -7,7 +7,7 @@ namespace larkspan::sim {
 
 class SimScreenCapture final : public ScreenCapture {
   public:
-    explicit SimScreenCapture(const World& world)
+    explicit SimScreenCapture(World& world)
         : world_(world) {}
 
     bool preflightAccess() const override {
@@ -16,6 +16,7 @@ class SimScreenCapture final : public ScreenCapture {
     }
     bool requestAccess() override {
         ++requests_;
+        if (!world_.mayRecordScreen) world_.privacy.ask(Permission::screenRecording);
         return preflightAccess();
     }
     /// How often access was asked for.
@@ -25,7 +26,7 @@ class SimScreenCapture final : public ScreenCapture {
     void forget() { told_.reset(); }
 
   private:
-    const World& world_;
+    World& world_;
     mutable std::optional<bool> told_;
     int requests_ = 0;
 };

@@ -10,6 +10,7 @@
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
 #include "platform/sim/KillPoint.h"
+#include "platform/sim/Privacy.h"
 #include "platform/sim/VirtualScheduler.h"
 
 #include <list>
@@ -145,6 +146,7 @@ struct World {
     /// Seconds from its end until the system has started the Dock again; absent when it does not.
     std::optional<double> dockRestartSeconds = 0.5;
 
+    Privacy privacy;
     bool trustedForAccessibility = true;
     bool mayRecordScreen = true;
     /// What the program was told first about recording the screen it is told until it starts anew.
