@@ -8,6 +8,9 @@ FocusScope {
 
     required property PermissionsScene scene
 
+    /// Of the lower corners, where the window around the view does not cut them.
+    property real cornerRadius: 0
+
     readonly property Appearance appearance: scene.appearance
     readonly property color ink: appearance.isDark ? "#ffffff" : "#16181d"
     readonly property color paleInk: Qt.rgba(ink.r, ink.g, ink.b,
@@ -22,6 +25,7 @@ FocusScope {
 
     Rectangle {
         anchors.fill: parent
+        radius: view.cornerRadius
         color: view.appearance.isDark ? "#26282d" : "#f6f6f8"
     }
 

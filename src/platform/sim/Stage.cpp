@@ -27,6 +27,7 @@ void Stage::start() {
     }
     mac.application.isTerminating = false;
     delegate_ = std::make_unique<AppDelegate>(mac.platform(), makeBarPanels_);
+    if (onStart) onStart(delegate_->controller());
     delegate_->didFinishLaunching();
 }
 

@@ -27,6 +27,8 @@ class Stage {
 
     /// Nullptr while the program does not run.
     AppDelegate* delegate() { return delegate_.get(); }
+    /// Called when the program's objects are there, before anything of them is shown.
+    std::function<void(AppController&)> onStart;
     /// Called before the program's objects go, so that views which look at them can go first.
     std::function<void()> onEnd;
 

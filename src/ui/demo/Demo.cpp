@@ -1,6 +1,5 @@
 #include "ui/demo/Demo.h"
 
-#include "platform/sim/ScenarioWorld.h"
 #include "ui/demo/DemoWindow.h"
 
 #include <QGuiApplication>
@@ -21,18 +20,18 @@ void complain(const std::string& line) {
     std::fputs(("larkspan: " + line + "\n").c_str(), stderr);
 }
 
-/// A Mac in everyday use, for a person to play with.
-void furnish(sim::Stage& stage) {
-    sim::SimMac& mac = stage.mac;
-    mac.setDisplays("1280x800 spaces=2");
-    mac.setAnnouncesChanges(true);
-    sim::installUsualApps(mac);
-    mac.launch("org.example.photos", {.opensWindow = true});
-    mac.launch("org.example.notes", {.opensWindow = true});
-    mac.launch("org.example.browser", {.opensWindow = true});
-    mac.scheduler.runUntilIdle();
-    stage.start();
-}
+/// A Mac in everyday use, for a person to play with. The program starts a moment later than the
+/// window opens, so that its Dock is seen as it was.
+constexpr const char* everyday = R"({
+    "world": {
+        "displays": "1280x800 spaces=2",
+        "usualApps": true,
+        "running": ["org.example.photos", "org.example.notes", "org.example.browser"],
+        "announcesChanges": true,
+        "starts": false
+    },
+    "steps": [{ "at": 1.5, "do": "startLarkspan" }]
+})";
 
 bool writeState(sim::ScenarioRunner& runner, const std::string& file) {
     std::ofstream stream(file, std::ios::binary);
@@ -43,17 +42,14 @@ bool writeState(sim::ScenarioRunner& runner, const std::string& file) {
 } // namespace
 
 int runDemo(const std::string& path) {
-    DemoWindow window(DemoWindow::Time::real);
-    if (path.empty()) {
-        furnish(window.stage());
-    } else {
-        auto reading = sim::loadScenario(path);
-        if (!reading.scenario) {
-            complain(reading.complaint);
-            return unusable;
-        }
-        window.play(std::move(*reading.scenario));
+    auto reading =
+        path.empty() ? sim::parseScenario(everyday, "everyday") : sim::loadScenario(path);
+    if (!reading.scenario) {
+        complain(reading.complaint);
+        return unusable;
     }
+    DemoWindow window(DemoWindow::Time::real);
+    window.play(std::move(*reading.scenario));
     QGuiApplication::setQuitOnLastWindowClosed(true);
     window.show();
     return QGuiApplication::exec();

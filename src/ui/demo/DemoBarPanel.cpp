@@ -1,6 +1,7 @@
 #include "ui/demo/DemoBarPanel.h"
 
 #include "ui/Pictures.h"
+#include "ui/demo/DemoLayer.h"
 #include "ui/demo/Scenery.h"
 
 #include <QImage>
@@ -16,6 +17,7 @@ DemoBarPanel::DemoBarPanel(Views& views, QQuickItem& desktop, std::unique_ptr<Ba
     , scene_(std::move(scene))
     , root_(views.make("Bar", {{"scene", QVariant::fromValue(scene_.get())}})) {
     root_->setParentItem(&desktop);
+    root_->setZ(DemoLayer::bars);
     root_->setVisible(false);
     observations_.push_back(look_.glass.observe([this] { updateSurface(); }));
     observations_.push_back(look_.glassBlur.observe([this] { updateSurface(); }));
@@ -62,6 +64,11 @@ Rect DemoBarPanel::tileOnScreen(int index) const {
 
 QRectF DemoBarPanel::tileOnDesktop(int index) const {
     return scene_->tileFrame(index).translated(root_->position());
+}
+
+QRectF DemoBarPanel::placeOnDesktop(double x) const {
+    const QRectF glass = scene_->glass();
+    return QRectF(x, glass.top(), 0, glass.height()).translated(root_->position());
 }
 
 /// Windows keep clear of the bar, so what shines through it is the wallpaper.

@@ -30,6 +30,8 @@ class DemoBarPanel final : public QObject, public BarPanel {
     /// In screen coordinates, and in those of the demo's desktop.
     Rect tileOnScreen(int index) const;
     QRectF tileOnDesktop(int index) const;
+    /// Where a menu of the bar itself stands, `x` points from the bar's left end.
+    QRectF placeOnDesktop(double x) const;
 
   private:
     void updateSurface();

@@ -19,21 +19,20 @@ class DemoBarPanels final : public QObject, public BarPanels {
     Q_OBJECT
 
   public:
-    /// The bars become children of `desktop`. With `reducesMotion` every picture shows where tiles
-    /// end, not where they are on their way.
-    DemoBarPanels(AppController& controller, Views& views, QQuickItem& desktop, bool reducesMotion);
+    /// The bars become children of `desktop`.
+    DemoBarPanels(AppController& controller, Views& views, Appearance& appearance,
+                  QQuickItem& desktop);
 
     std::unique_ptr<BarPanel> makePanel(const Screen& screen) override;
 
   private:
-    void openMenu(const TileRow& row, const Rect& frame, const QRectF& tile);
+    void openMenu(const Menu& menu, const QRectF& anchor);
 
+    AppController& controller_;
     Views& views_;
+    Appearance& appearance_;
     QQuickItem& desktop_;
-    DockStore& store_;
-    BarLook& look_;
     TileActions actions_;
-    Appearance appearance_;
     IconCache icons_;
     std::unique_ptr<MenuWindow> menu_;
 };

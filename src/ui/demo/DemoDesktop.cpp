@@ -86,7 +86,12 @@ const sim::Window* DemoDesktop::windowAt(QPointF point) const {
 bool DemoDesktop::pressMenuBar(QPointF point) {
     const auto& items = mac_.statusBar.items();
     for (const sim::Display& display : mac_.world().displays) {
-        const QRectF item = statusItemFrame(menuBarOf(mac_.world(), display));
+        const QRectF bar = menuBarOf(mac_.world(), display);
+        if (systemMenuFrame(bar).contains(point) && onSystemMenu) {
+            onSystemMenu(systemMenuFrame(bar));
+            return true;
+        }
+        const QRectF item = statusItemFrame(bar);
         if (items.empty() || !item.contains(point) || !onStatusItem) continue;
         onStatusItem(items.front().menu, item);
         return true;

@@ -22,6 +22,8 @@ class DemoDesktop : public QQuickPaintedItem {
     QSizeF extent() const;
     /// Called after the user did something to the Mac.
     std::function<void()> onUse;
+    /// Called when the sign at the start of a menu bar is clicked, with its frame.
+    std::function<void(const QRectF&)> onSystemMenu;
     /// Called when the status item is clicked, with its frame.
     std::function<void(const Menu&, const QRectF&)> onStatusItem;
 

@@ -1,6 +1,5 @@
 #include "ui/demo/DemoWindow.h"
 
-#include "platform/sim/ScenarioWorld.h"
 #include "ui/demo/DemoBarPanels.h"
 
 #include <QCoreApplication>
@@ -24,19 +23,26 @@ constexpr double widestPicture = 1600;
 DemoWindow::DemoWindow(Time time)
     : time_(time)
     , stage_([this](AppController& controller) { return makeBarPanels(controller); })
-    , desktop_(stage_.mac, contentItem()) {
+    , desktop_(stage_.mac, contentItem())
+    , dock_(stage_.mac, desktop_, time == Time::real)
+    , privacy_(stage_.mac, desktop_) {
     setTitle("Larkspan on a simulated Mac");
     setColor(QColor(16, 16, 20));
     desktop_.setTransformOrigin(QQuickItem::TopLeft);
-    desktop_.onUse = [this] {
+    // A picture shows where tiles end, not where they are on their way.
+    appearance_.set({.reducesMotion = time == Time::virtualOnly});
+    const auto show = [this] {
         stage_.mac.scheduler.runUntilIdle();
         showChanges();
     };
-    desktop_.onStatusItem = [this](const Menu& menu, const QRectF& item) {
-        if (!statusMenu_) statusMenu_ = std::make_unique<MenuWindow>(views_, appearance_);
-        statusMenu_->open(menu, desktop_.mapRectToScene(item).translated(position()),
-                          QRectF(position(), size()), false);
+    desktop_.onUse = dock_.onUse = privacy_.onUse = show;
+    desktop_.onStatusItem = [this](const Menu& menu, const QRectF& item) { openMenu(menu, item); };
+    desktop_.onSystemMenu = [this](const QRectF& sign) { openMenu(systemMenu(), sign); };
+    stage_.onStart = [this](AppController& controller) {
+        permissions_ = std::make_unique<DemoPermissions>(stage_.mac, controller.permissions(),
+                                                         views_, appearance_, desktop_);
     };
+    stage_.onEnd = [this] { permissions_.reset(); };
     resize(1280, 800);
     connect(this, &QQuickWindow::widthChanged, this, &DemoWindow::showChanges);
     connect(this, &QQuickWindow::heightChanged, this, &DemoWindow::showChanges);
@@ -46,11 +52,36 @@ DemoWindow::DemoWindow(Time time)
     timer_.start(tickMilliseconds);
 }
 
-DemoWindow::~DemoWindow() = default;
+DemoWindow::~DemoWindow() {
+    // The stage ends the program after the views here are gone.
+    stage_.onEnd = {};
+}
+
+Menu DemoWindow::systemMenu() {
+    Menu menu{{.title = "Privacy & Security…",
+               .action =
+                   [this] {
+                       stage_.mac.world().privacy.showPane(sim::Permission::accessibility);
+                       showChanges();
+                   }},
+              MenuItem::separator()};
+    if (stage_.delegate()) {
+        menu.push_back({.title = "Quit Larkspan", .action = [this] { stage_.quit(); }});
+        menu.push_back({.title = "Kill Larkspan", .action = [this] { stage_.kill(); }});
+    } else {
+        menu.push_back({.title = "Start Larkspan", .action = [this] { stage_.start(); }});
+    }
+    return menu;
+}
+
+void DemoWindow::openMenu(const Menu& menu, const QRectF& anchor) {
+    if (!menu_) menu_ = std::make_unique<MenuWindow>(views_, appearance_);
+    menu_->open(menu, desktop_.mapRectToScene(anchor).translated(position()),
+                QRectF(position(), size()), false);
+}
 
 std::unique_ptr<BarPanels> DemoWindow::makeBarPanels(AppController& controller) {
-    return std::make_unique<DemoBarPanels>(controller, views_, desktop_,
-                                           time_ == Time::virtualOnly);
+    return std::make_unique<DemoBarPanels>(controller, views_, appearance_, desktop_);
 }
 
 void DemoWindow::play(sim::Scenario scenario) {
@@ -75,6 +106,8 @@ void DemoWindow::showChanges() {
     desktop_.setScale(scale);
     desktop_.setPosition({(width() - extent.width() * scale) / 2, 0});
     desktop_.update();
+    dock_.refresh();
+    privacy_.refresh();
 }
 
 QImage DemoWindow::picture() {

@@ -6,6 +6,9 @@
 #include "ui/MenuWindow.h"
 #include "ui/Views.h"
 #include "ui/demo/DemoDesktop.h"
+#include "ui/demo/DemoDock.h"
+#include "ui/demo/DemoPermissions.h"
+#include "ui/demo/DemoPrivacy.h"
 
 #include <QElapsedTimer>
 #include <QImage>
@@ -39,6 +42,8 @@ class DemoWindow : public QQuickWindow {
   private:
     std::unique_ptr<BarPanels> makeBarPanels(AppController& controller);
     void tick();
+    Menu systemMenu();
+    void openMenu(const Menu& menu, const QRectF& anchor);
     /// Fits the Mac into the window and draws it anew.
     void showChanges();
 
@@ -47,7 +52,11 @@ class DemoWindow : public QQuickWindow {
     Appearance appearance_;
     sim::Stage stage_;
     DemoDesktop desktop_;
-    std::unique_ptr<MenuWindow> statusMenu_;
+    DemoDock dock_;
+    DemoPrivacy privacy_;
+    /// Present while the program runs.
+    std::unique_ptr<DemoPermissions> permissions_;
+    std::unique_ptr<MenuWindow> menu_;
     std::unique_ptr<sim::ScenarioRunner> runner_;
     QTimer timer_;
     QElapsedTimer clock_;

@@ -29,13 +29,6 @@ class Saved {
     QPainter& painter_;
 };
 
-QFont font(int pixels, QFont::Weight weight = QFont::Normal) {
-    QFont result;
-    result.setPixelSize(pixels);
-    result.setWeight(weight);
-    return result;
-}
-
 /// A hill whose ridge is a slow wave.
 void paintHill(QPainter& painter, const QRectF& area, double ridge, double swing, double phase,
                const QColor& top, const QColor& bottom) {
@@ -55,7 +48,17 @@ void paintHill(QPainter& painter, const QRectF& area, double ridge, double swing
     painter.fillPath(hill, fill);
 }
 
+} // namespace
+
+QFont sceneryFont(int pixels, QFont::Weight weight) {
+    QFont font;
+    font.setPixelSize(pixels);
+    font.setWeight(weight);
+    return font;
+}
+
 void paintShadow(QPainter& painter, const QRectF& frame, bool isFront) {
+    const Saved saved(painter);
     const int reach = isFront ? 22 : 12;
     for (int ring = reach; ring > 0; ring -= 2) {
         QPainterPath path;
@@ -63,8 +66,6 @@ void paintShadow(QPainter& painter, const QRectF& frame, bool isFront) {
         painter.fillPath(path, QColor(10, 12, 30, isFront ? 7 : 6));
     }
 }
-
-} // namespace
 
 void paintWallpaper(QPainter& painter, const QRectF& display) {
     const Saved saved(painter);
@@ -88,6 +89,10 @@ void paintWallpaper(QPainter& painter, const QRectF& display) {
     paintHill(painter, display, 0.89, 0.028, 5.4, QColor(30, 36, 84), QColor(38, 38, 86));
 }
 
+QRectF systemMenuFrame(const QRectF& bar) {
+    return {bar.left() + 8, bar.top(), 24, bar.height()};
+}
+
 QRectF statusItemFrame(const QRectF& bar) {
     return {bar.right() - 128, bar.top(), 26, bar.height()};
 }
@@ -103,13 +108,13 @@ void paintMenuBar(QPainter& painter, const QRectF& bar, const QString& appName,
     bool isFirst = true;
     for (const QString& word : {appName, QStringLiteral("File"), QStringLiteral("Edit"),
                                 QStringLiteral("View"), QStringLiteral("Window")}) {
-        painter.setFont(font(13, isFirst ? QFont::Bold : QFont::Normal));
+        painter.setFont(sceneryFont(13, isFirst ? QFont::Bold : QFont::Normal));
         isFirst = false;
         const double width = painter.fontMetrics().horizontalAdvance(word);
         painter.drawText(QRectF(x, bar.top(), width + 2, bar.height()), Qt::AlignVCenter, word);
         x += width + 20;
     }
-    painter.setFont(font(13, QFont::Medium));
+    painter.setFont(sceneryFont(13, QFont::Medium));
     painter.drawText(bar.adjusted(0, 0, -16, 0), Qt::AlignVCenter | Qt::AlignRight, clock);
     if (!hasStatusItem) return;
     const QRectF icon = QRectF(0, 0, 17, 12);
@@ -127,13 +132,16 @@ QRectF windowButton(const QRectF& frame, int index) {
 void paintWindow(QPainter& painter, const WindowPicture& window) {
     const Saved saved(painter);
     const QRectF& frame = window.frame;
-    const double radius = window.isFullScreen ? 0 : 11;
+    const double radius = window.isFullScreen ? 0 : windowCornerRadius;
     if (!window.isFullScreen) paintShadow(painter, frame, window.isFront);
     QPainterPath outline;
     outline.addRoundedRect(frame, radius, radius);
     painter.save();
     painter.setClipPath(outline);
-    paintContent(painter, frame.adjusted(0, titleBarHeight, 0, 0), window.app);
+    if (window.background.isValid())
+        painter.fillRect(frame, window.background);
+    else
+        paintContent(painter, frame.adjusted(0, titleBarHeight, 0, 0), window.app);
     const QRectF bar(frame.topLeft(), QSizeF(frame.width(), titleBarHeight));
     painter.fillRect(bar, window.isFront ? QColor(236, 236, 240) : QColor(246, 246, 248));
     painter.fillRect(QRectF(bar.left(), bar.bottom() - 1, bar.width(), 1), QColor(0, 0, 0, 26));
@@ -146,7 +154,7 @@ void paintWindow(QPainter& painter, const WindowPicture& window) {
                                         : QColor(205, 205, 210));
         painter.drawEllipse(windowButton(frame, index));
     }
-    painter.setFont(font(13, QFont::DemiBold));
+    painter.setFont(sceneryFont(13, QFont::DemiBold));
     painter.setPen(QColor(40, 42, 50, window.isFront ? 255 : 130));
     painter.drawText(bar.adjusted(76, 0, -76, 0), Qt::AlignCenter,
                      painter.fontMetrics().elidedText(window.title, Qt::ElideRight,

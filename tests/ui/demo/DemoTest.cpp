@@ -44,20 +44,36 @@ std::size_t colorCount(const QImage& picture) {
     return colors.size();
 }
 
-TEST_F(DemoTest, TheTourWritesItsPicturesAndItsState) {
+TEST_F(DemoTest, EveryScenarioHoldsAndWritesItsPicturesAndItsState) {
     files::create_directories(folder_);
-    ASSERT_EQ(runScenario(LARKSPAN_DEMO_FOLDER "/tour.json", path("pictures"), path("state.json")),
-              0);
-    int pictures = 0;
-    for (const auto& file : files::directory_iterator(folder_ / "pictures")) {
-        const QImage picture(QString::fromStdString(file.path()));
-        EXPECT_GT(colorCount(picture), 40U) << file.path();
-        ++pictures;
+    for (const auto& scenario : files::directory_iterator(LARKSPAN_DEMO_FOLDER)) {
+        SCOPED_TRACE(scenario.path());
+        const auto name = scenario.path().stem().string();
+        const std::string state = path((name + ".state").c_str());
+        EXPECT_EQ(runScenario(scenario.path(), path(name.c_str()), state), 0);
+        std::ifstream stream(state);
+        EXPECT_TRUE(nlohmann::json::parse(stream, nullptr, false).contains("running"));
+        for (const auto& file : files::directory_iterator(path(name.c_str()))) {
+            const QImage picture(QString::fromStdString(file.path()));
+            EXPECT_GT(colorCount(picture), 40U) << file.path();
+        }
     }
-    EXPECT_EQ(pictures, 7);
-    std::ifstream stream(path("state.json"));
-    const auto state = nlohmann::json::parse(stream, nullptr, false);
-    EXPECT_EQ(state.value("running", true), false);
+}
+
+TEST_F(DemoTest, ShowsTheDockAndThePermissionsAsTheyAre) {
+    ASSERT_EQ(runScenario(LARKSPAN_DEMO_FOLDER "/permissions.json", folder_, ""), 0);
+    const auto part = [this](const char* name, const QRect& area) {
+        return QImage(QString::fromStdString(path(name))).copy(area);
+    };
+    const QRect dock(300, 800, 840, 100);
+    EXPECT_EQ(part("01-before.png", dock), part("08-end.png", dock)) << "put back as it was";
+    EXPECT_NE(part("01-before.png", dock), part("07-killed.png", dock));
+    // The signs at the start of the two rows, in the window in the middle of the display.
+    const QRect accessibility(500, 400, 50, 60);
+    const QRect screenRecording(500, 484, 50, 60);
+    EXPECT_NE(part("02-shrunk.png", accessibility), part("04-one-granted.png", accessibility));
+    EXPECT_EQ(part("02-shrunk.png", screenRecording), part("04-one-granted.png", screenRecording));
+    EXPECT_NE(part("02-shrunk.png", screenRecording), part("05-all-granted.png", screenRecording));
 }
 
 TEST_F(DemoTest, SaysByItsCodeWhatWentWrong) {
