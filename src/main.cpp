@@ -87,10 +87,10 @@ void showLine(double time, const std::string& line) {
     print(stderr, fmt::format("{:.3f} {}", time, line));
 }
 
-void logToTerminal(DiagnosticsLog& log) {
-    log.sink = [](const DiagnosticsLog::Line& line) {
+Handle logToTerminal(DiagnosticsLog& log) {
+    return log.subscribe([](const DiagnosticsLog::Line& line) {
         showLine(line.time, line.category + ": " + line.text);
-    };
+    });
 }
 
 /// The bar on this desktop, from its first moment to its last.
@@ -144,7 +144,7 @@ class Program {
         const ui::PermissionsPanel permissions(delegate.controller().permissions(), views,
                                                appearance);
         auto& log = delegate.controller().log();
-        if (isLogged_) logToTerminal(log);
+        const Handle logging = isLogged_ ? logToTerminal(log) : Handle();
         reports_.attach(log);
         delegate.didFinishLaunching();
         control_.emplace(delegate);

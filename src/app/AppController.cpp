@@ -12,6 +12,7 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
     : platform_(platform)
     , makeBarPanels_(std::move(makeBarPanels))
     , log_(platform.scheduler)
+    , switchLog_(platform.scheduler, platform.systemLog, platform.displayLink, platform.screens)
     , settings_(platform.defaults)
     , permissions_(platform.scheduler, platform.accessibility, platform.screenCapture,
                    platform.applications, platform.application)
@@ -24,10 +25,14 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
                platform.windowServer, platform.dockPreferences, platform.trash, log_)
     , click_(store_, platform.scheduler, platform.workspace, platform.applications,
              platform.accessibility, log_)
-    , itemMenu_(store_, platform.applications, platform.accessibility) {}
+    , itemMenu_(store_, platform.applications, platform.accessibility)
+    , slide_(platform.scheduler, switchLog_)
+    , swipes_(platform.scheduler, platform.eventTaps, platform.windowServer, platform.screens,
+              switchLog_, [this](const SpaceSwipeEvent& step) { slide_.step(step); }) {}
 
 void AppController::start() {
     wireCallbacks();
+    followSpaceSwitches();
     if (mode_ == BarMode::systemDock)
         useSystemDock();
     else
@@ -39,6 +44,53 @@ void AppController::wireCallbacks() {
     store_.onFullScreenChange = [this](const FullScreenState& fullScreen) {
         if (bars_) bars_->fullScreenChanged(fullScreen);
     };
+}
+
+void AppController::followSpaceSwitches() {
+    slide_.onSliding = [this] { refresh_.beginSpaceSwitch(); };
+    slide_.onRest = [this] { refresh_.endSpaceSwitch(); };
+    switchLog_.readBars = [this] { return barStates(); };
+    switchLog_.onRunning = [this](bool isRunning) {
+        if (poll_) poll_->setFast(isRunning);
+    };
+    stamps_.push_back(platform_.workspace.subscribe([this](const WorkspaceEvent& event) {
+        using Kind = WorkspaceEvent::Kind;
+        if (event.kind == Kind::didActivateApplication && event.application)
+            switchLog_.appActivated(*event.application);
+        if (event.kind != Kind::activeSpaceDidChange) return;
+        switchLog_.spaceChanged();
+        slide_.spaceChanged();
+    }));
+    stamps_.push_back(platform_.screens.subscribe([this] { switchLog_.screensChanged(); }));
+    stamps_.push_back(log_.subscribe([this](const DiagnosticsLog::Line& line) {
+        if (line.category == "windows")
+            switchLog_.stamp(line.category, line.text, SpaceSwitchLog::Mark::passive);
+    }));
+    if (!swipes_.start()) log_.write("swipe", "could not listen for swipes");
+    if (!platform_.windowServer.abilities().announcesChanges &&
+        platform_.systemLog.isEnabled(SystemLog::Level::standard))
+        poll_ = std::make_unique<SpacePoll>(platform_.scheduler, platform_.windowServer, switchLog_,
+                                            [this] { return displayInUse(); });
+}
+
+/// The window server's name of the display with the front app's front window; empty when the front
+/// app has none.
+std::string AppController::displayInUse() const {
+    for (const auto& screen : platform_.screens.screens()) {
+        const auto front = store_.frontDisplays->find(screen.display);
+        if (front != store_.frontDisplays->end() && front->second == *store_.frontmostPID)
+            return screen.displayIdentifier;
+    }
+    return {};
+}
+
+std::vector<BarState> AppController::barStates() const {
+    std::vector<BarState> states;
+    if (!bars_) return states;
+    for (const auto& bar : bars_->bars())
+        states.push_back(
+            {.display = bar.screen.display, .isOnScreen = bar.isShown, .isWanted = bar.isShown});
+    return states;
 }
 
 double AppController::wantedBarHeight() const {

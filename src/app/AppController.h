@@ -13,10 +13,16 @@
 #include "model/WindowAnimator.h"
 #include "model/WindowRefresh.h"
 #include "platform/Platform.h"
+#include "spaces/SpacePoll.h"
+#include "spaces/SpaceSlide.h"
+#include "spaces/SpaceSwitchLog.h"
+#include "spaces/SwipeListener.h"
 
 #include <functional>
 #include <memory>
 #include <optional>
+#include <string>
+#include <vector>
 
 namespace larkspan {
 
@@ -65,6 +71,7 @@ class AppController {
     WindowRefresh& refresh() { return refresh_; }
     IconClick& click() { return click_; }
     ItemMenu& itemMenu() { return itemMenu_; }
+    SpaceSlide& slide() { return slide_; }
     TrashFolder& trash() { return platform_.trash; }
     const Platform& platform() const { return platform_; }
     /// Nullptr before the first bars were needed.
@@ -73,6 +80,9 @@ class AppController {
   private:
     double wantedBarHeight() const;
     void wireCallbacks();
+    void followSpaceSwitches();
+    std::string displayInUse() const;
+    std::vector<BarState> barStates() const;
     void shrinkDock();
     void giveDockBack();
     void startFitting();
@@ -82,6 +92,7 @@ class AppController {
     Platform platform_;
     MakeBarPanels makeBarPanels_;
     DiagnosticsLog log_;
+    SpaceSwitchLog switchLog_;
     BarSettings settings_;
     PermissionsWindow permissions_;
     BarLook look_;
@@ -97,6 +108,11 @@ class AppController {
     /// Present only while the system Dock is in use.
     Handle statusItem_;
     std::unique_ptr<DockFitting> fitting_;
+    SpaceSlide slide_;
+    SwipeListener swipes_;
+    /// Only where the desktop does not tell of changes by itself, and somebody keeps the log.
+    std::unique_ptr<SpacePoll> poll_;
+    std::vector<Handle> stamps_;
 };
 
 } // namespace larkspan

@@ -5,9 +5,11 @@
 namespace larkspan {
 
 void DiagnosticsLog::write(std::string_view category, std::string text) {
-    lines_.push_back({scheduler_.wallClock(), std::string(category), std::move(text)});
+    const Line line{scheduler_.wallClock(), std::string(category), std::move(text)};
+    lines_.push_back(line);
     if (lines_.size() > capacity) lines_.pop_front();
-    if (sink) sink(lines_.back());
+    // A copy, since a follower may write lines of its own.
+    written_.emit(line);
 }
 
 } // namespace larkspan

@@ -1,11 +1,13 @@
 #pragma once
 
 #include "platform/Scheduler.h"
+#include "platform/Signal.h"
 
 #include <deque>
 #include <functional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace larkspan {
 
@@ -27,12 +29,15 @@ class DiagnosticsLog {
     void write(std::string_view category, std::string text);
     const std::deque<Line>& lines() const { return lines_; }
 
-    /// Where every line goes as well, such as the standard error stream; none by default.
-    std::function<void(const Line&)> sink;
+    /// Hands every further line on, such as to the standard error stream, until the handle ends.
+    Handle subscribe(std::function<void(const Line&)> follower) {
+        return written_.subscribe(std::move(follower));
+    }
 
   private:
     const Scheduler& scheduler_;
     std::deque<Line> lines_;
+    Signal<const Line&> written_;
 };
 
 } // namespace larkspan

@@ -104,6 +104,10 @@ void WindowRefresh::beginSpaceSwitch() {
     isSwitchingSpaces_ = true;
 }
 
+void WindowRefresh::endSpaceSwitch() {
+    if (std::exchange(isSwitchingSpaces_, false)) requestRead(false);
+}
+
 void WindowRefresh::followFront() {
     const auto front = workspace_.frontmostApplication();
     store_.frontmostPID.set(front ? std::optional(front->pid) : std::nullopt);

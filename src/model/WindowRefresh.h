@@ -31,8 +31,11 @@ class WindowRefresh {
     /// The pointer came onto a bar or left it. Tiles keep their sections meanwhile and are released
     /// all at once when it leaves.
     void setPointerOnBar(bool onBar);
-    /// A Space slide began: reads are held until the workspace tells that it ended.
+    /// The Spaces slide: reads are held until the workspace tells of another Space, or until
+    /// `endSpaceSwitch`.
     void beginSpaceSwitch();
+    /// The Spaces stand still again, whether or not another one shows now.
+    void endSpaceSwitch();
 
   private:
     struct FullRead {

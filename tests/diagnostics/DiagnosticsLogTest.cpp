@@ -20,7 +20,8 @@ TEST(DiagnosticsLog, StampsTheDateAndPassesEveryLineOn) {
     sim::VirtualScheduler scheduler;
     DiagnosticsLog log(scheduler);
     std::string passed;
-    log.sink = [&](const DiagnosticsLog::Line& line) { passed = line.category + ": " + line.text; };
+    const auto follower = log.subscribe(
+        [&](const DiagnosticsLog::Line& line) { passed = line.category + ": " + line.text; });
     scheduler.jumpWallClock(-3600);
     log.write("layout", "one bar");
     EXPECT_EQ(passed, "layout: one bar");

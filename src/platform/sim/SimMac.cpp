@@ -58,6 +58,13 @@ bool SimMac::switchSpace(DisplayId display, std::size_t index) {
     return true;
 }
 
+void SimMac::moveSpace(DisplayId id, int step) {
+    const Display* display = world_.display(id);
+    if (!display || (step < 0 && display->current == 0)) return;
+    const auto index = static_cast<std::ptrdiff_t>(display->current) + step;
+    switchSpace(id, static_cast<std::size_t>(index));
+}
+
 void SimMac::removeSpace(SpaceId space) {
     displays_.removeSpace(space);
     applications_.settleFrontmost();

@@ -21,6 +21,7 @@
 #include "platform/sim/SimUserDefaults.h"
 #include "platform/sim/SimWindowServer.h"
 #include "platform/sim/SimWorkspace.h"
+#include "platform/sim/Swipes.h"
 #include "platform/sim/Windows.h"
 #include "platform/sim/World.h"
 
@@ -51,6 +52,10 @@ class SimMac {
     void endMirroring() { displays_.endMirroring(); }
     /// `index` counts the display's Spaces from 0.
     bool switchSpace(DisplayId display, std::size_t index);
+    /// Fingers on the trackpad, from now on; the Space changes a while after they lift.
+    void swipe(DisplayId display, const SwipeOptions& options = {}) {
+        swipes_.swipe(display, options);
+    }
     SpaceId addSpace(DisplayId display) { return displays_.addSpace(display); }
     void removeSpace(SpaceId space);
     /// The display at that place of the row, 0 the main one; 0 when there is none.
@@ -180,6 +185,12 @@ class SimMac {
     SimEventTaps eventTaps{world_.scheduler};
     SimDisplayLink displayLink{world_.scheduler};
     SimSystemLog systemLog;
+
+  private:
+    void moveSpace(DisplayId display, int step);
+
+    Swipes swipes_{world_.scheduler, eventTaps,
+                   [this](DisplayId display, int step) { moveSpace(display, step); }};
 };
 
 } // namespace larkspan::sim
