@@ -79,7 +79,7 @@ struct X11Desktop::Parts {
     LoginEntry loginItem{host.environment, host.program,
                          [this](const std::string& path) { open(path); }};
     FreedesktopTrash trash{host.environment, [this](const std::string& path) { open(path); }};
-    X11EventTaps eventTaps;
+    X11EventTaps eventTaps{*connection};
     qt::QtDisplayLink displayLink{host.scheduler};
     X11PanelDressing dressing{*connection};
     X11DesktopPicture picture{*connection, scale};

@@ -1,13 +1,25 @@
 #pragma once
 
 #include "platform/EventTap.h"
+#include "platform/x11/X11Connection.h"
 
 namespace larkspan::x11 {
 
-/// An X server lets nobody listen to everyone's input events: there are no taps.
+/// Gestures of touchpads, as X servers tell of them since XInput 2.4, and no other events. They are
+/// selected on the root window and never grabbed: a window beneath the pointer that wants them, and
+/// a program that grabs them, come first. Callbacks run on the main thread.
 class X11EventTaps final : public EventTaps {
   public:
-    std::unique_ptr<EventTap> listen(std::uint64_t, Callback) override { return nullptr; }
+    explicit X11EventTaps(X11Connection& connection)
+        : connection_(connection) {}
+
+    /// Refused where the server knows no gestures, where another program listens to those of the
+    /// root window, which only one may, and while an earlier tap lives.
+    std::unique_ptr<EventTap> listen(std::uint64_t mask, Callback callback) override;
+
+  private:
+    X11Connection& connection_;
+    bool isListening_ = false;
 };
 
 } // namespace larkspan::x11
