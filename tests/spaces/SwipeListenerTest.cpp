@@ -116,7 +116,7 @@ TEST_F(SwipeListenerTest, ReadsTheSpacesOfTheDisplaysThatAreThereNow) {
     send(raw(1));
     ASSERT_TRUE(steps.back().spaces);
     EXPECT_TRUE(steps.back().spaces->spaces.contains(added));
-    mac.world().hasSpaceFunctions = false;
+    mac.removeFunction("CGSCopyManagedDisplaySpaces");
     send(raw(1));
     EXPECT_FALSE(steps.back().spaces);
 }

@@ -14,6 +14,8 @@ Outcome permit(Stage& stage, const json& fields) {
         stage.mac.refuseAccessibility(refuse);
     else if (permission == "screenRecording")
         stage.mac.refuseScreenRecording(refuse);
+    else if (permission == "inputMonitoring")
+        stage.mac.eventTaps.refuses = refuse;
     else
         return fmt::format("there is no permission \"{}\"", permission);
     return done;
@@ -61,6 +63,11 @@ Outcome disturbEvents(Stage& stage, const json& fields) {
     return done;
 }
 
+Outcome disableTaps(Stage& stage, const json&) {
+    stage.mac.eventTaps.disable(TapEvent::disabledByTimeout);
+    return done;
+}
+
 Outcome refuseDockSizes(Stage& stage, const json& fields) {
     stage.mac.refuseDockSizes(fields.value("refuse", true));
     return done;
@@ -99,6 +106,7 @@ const std::vector<ScenarioAction>& faultActions() {
         {"disturbEvents",
          {{"lost", FieldKind::flag}, {"doubled", FieldKind::flag}, {"late", FieldKind::number}},
          disturbEvents},
+        {"disableTaps", {}, disableTaps},
         {"removeDock", {}, onMac<&SimMac::removeDock>},
         {"startDock", {}, onMac<&SimMac::startDock>},
         {"refuseDockSizes", {{"refuse", FieldKind::flag}}, refuseDockSizes},

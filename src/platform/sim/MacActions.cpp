@@ -75,6 +75,18 @@ Outcome switchSpace(Stage& stage, const json& fields) {
     });
 }
 
+Outcome swipe(Stage& stage, const json& fields) {
+    const SwipeOptions options{.progress = fields["progress"].get<double>(),
+                               .velocity = fields.value("velocity", 0.0),
+                               .seconds = fields.value("seconds", 0.25),
+                               .isCancelled = fields.value("cancelled", false),
+                               .switches = fields.value("switches", true)};
+    return withDisplay(stage, fields, [&](SimMac& mac, DisplayId id) {
+        mac.swipe(id, options);
+        return done;
+    });
+}
+
 Outcome addDisplay(Stage& stage, const json& fields) {
     if (stage.mac.addDisplay(text(fields, "size")) != 0) return done;
     return fmt::format("\"{}\" describes no display", text(fields, "size"));
@@ -198,6 +210,14 @@ const std::vector<ScenarioAction>& macActions() {
         {"unplugAll", {}, onMac<&SimMac::unplugAll>},
         {"mirror", {{"display", FieldKind::index, true}}, mirror},
         {"endMirroring", {}, onMac<&SimMac::endMirroring>},
+        {"swipe",
+         {display,
+          {"progress", FieldKind::number, true},
+          {"velocity", FieldKind::number},
+          {"seconds", FieldKind::number},
+          {"cancelled", FieldKind::flag},
+          {"switches", FieldKind::flag}},
+         swipe},
         {"switchSpace", {display, {"space", FieldKind::index, true}}, switchSpace},
         {"pin", {app}, onIdentifier<&SimMac::pin>},
         {"unpin", {app}, onIdentifier<&SimMac::unpin>},
