@@ -28,11 +28,15 @@ class DesktopScript {
     /// not within a limit.
     bool settle();
     void closeEverything();
+    /// The next of the seed's choices.
+    std::uint32_t below(std::uint32_t limit);
 
     /// What was done since the last call, a line each.
     std::string takeStory() { return std::exchange(story_, {}); }
     int actCount() const { return actCount_; }
     x11::TestClient& pager() { return pager_; }
+    /// Adds to the story what someone else has done.
+    void tell(const std::string& line);
 
   private:
     struct Client {
@@ -70,14 +74,12 @@ class DesktopScript {
     void changeDesktopCount();
     void changeMonitors();
 
-    std::uint32_t below(std::uint32_t limit);
     std::size_t windowCount() const;
     std::optional<Window> anyWindow();
     Client& anyClient();
     void forget(WindowId window);
     void obeyCloseRequests();
     bool askManagerForAnAnswer();
-    void tell(const std::string& line);
 
     PrivateDesktop& desktop_;
     std::mt19937 random_;

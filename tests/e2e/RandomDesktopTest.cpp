@@ -28,6 +28,21 @@ class RandomDesktop : public testing::Test {
         return readings_.first == readings_.second;
     }
 
+    /// Brings an app forward or sends it away, as the bar finds right.
+    void clickATile() {
+        const auto report = bar.state();
+        std::vector<std::string> ids;
+        for (const auto& group : report["groups"])
+            for (const auto& item : group["items"])
+                ids.push_back(item["id"]);
+        for (const auto& item : report["background"])
+            ids.push_back(item["id"]);
+        if (ids.empty()) return;
+        const auto& id = ids[script.below(static_cast<std::uint32_t>(ids.size()))];
+        script.tell("click " + id);
+        bar.command({"click", id});
+    }
+
     /// Says what differs for as long as no one acts.
     void expectInStep() {
         ASSERT_TRUE(script.settle()) << "the window manager does not answer after\n"
@@ -62,6 +77,7 @@ TEST_F(RandomDesktop, TheReportAtRestIsWhatTheServerSays) {
     const auto end = Clock::now() + std::chrono::duration<double>(seconds);
     while (Clock::now() < end && !HasFatalFailure()) {
         script.act();
+        if (script.below(3) == 0) clickATile();
         expectInStep();
     }
     if (HasFatalFailure()) return;
