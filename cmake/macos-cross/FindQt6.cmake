@@ -21,14 +21,17 @@ targets: [ arm64-macos, x86_64-macos ]
 install-name: '@rpath/Qt'
 ...
 ]])
-get_directory_property(targets IMPORTED_TARGETS)
-list(FILTER targets INCLUDE REGEX "^Qt6::")
-foreach(target IN LISTS targets)
-    get_target_property(type ${target} TYPE)
-    get_target_property(configurations ${target} IMPORTED_CONFIGURATIONS)
-    if(type STREQUAL SHARED_LIBRARY AND configurations)
+foreach(module IN ITEMS Core Gui Network DBus OpenGL Qml QmlModels Quick)
+    if(TARGET Qt6::${module})
+        get_target_property(configurations Qt6::${module} IMPORTED_CONFIGURATIONS)
         foreach(configuration IN LISTS configurations)
-            set_target_properties(${target} PROPERTIES IMPORTED_LOCATION_${configuration} ${empty})
+            set_target_properties(Qt6::${module} PROPERTIES IMPORTED_LOCATION_${configuration} ${empty})
         endforeach()
+        # What counts when no build type is chosen.
+        set_target_properties(Qt6::${module} PROPERTIES IMPORTED_LOCATION ${empty})
     endif()
 endforeach()
+# It names a framework that newer SDKs lack; what Qt calls of OpenGL is not ours to link.
+if(TARGET WrapOpenGL::WrapOpenGL)
+    set_target_properties(WrapOpenGL::WrapOpenGL PROPERTIES INTERFACE_LINK_LIBRARIES "")
+endif()
