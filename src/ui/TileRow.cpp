@@ -4,7 +4,9 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <memory>
+#include <utility>
 
 namespace larkspan::ui {
 
@@ -28,6 +30,20 @@ TileRow plainRow(const DockStore& store, TileRow::Section section, const DockIte
             .item = item,
             .isLaunching = store.launchingIDs->contains(item.id),
             .wantsAttention = store.attentionIDs->contains(item.id)};
+}
+
+/// A pinned app that runs without a window is not shown twice: its pinned tile gets the dot.
+void addPinned(std::vector<TileRow>& rows, const DockStore& store) {
+    for (const DockItem& item : *store.pinnedItems) {
+        TileRow row = plainRow(store, TileRow::Section::pinned, item);
+        const auto& background = *store.backgroundItems;
+        if (const auto found = std::ranges::find(background, item.id, &DockItem::id);
+            found != background.end()) {
+            row.dot = TileRow::Dot::first;
+            row.isFront = found->app && store.frontmostPID.get() == found->app->pid;
+        }
+        rows.push_back(std::move(row));
+    }
 }
 
 void addGroups(std::vector<TileRow>& rows, const DockStore& store, DisplayId display) {
@@ -71,11 +87,10 @@ std::string TileRow::key() const {
 
 std::vector<TileRow> tileRows(const DockStore& store, DisplayId display, bool showsTrash) {
     std::vector<TileRow> rows;
-    for (const DockItem& item : *store.pinnedItems)
-        rows.push_back(plainRow(store, TileRow::Section::pinned, item));
+    addPinned(rows, store);
     addGroups(rows, store, display);
     for (const DockItem& item : *store.backgroundItems)
-        rows.push_back(plainRow(store, TileRow::Section::background, item));
+        if (!item.isPinned) rows.push_back(plainRow(store, TileRow::Section::background, item));
     if (showsTrash) rows.push_back(trashRow(*store.isTrashEmpty));
     return rows;
 }

@@ -34,8 +34,8 @@ struct TileRow {
 /// The id of the Trash tile's item.
 inline constexpr const char* trashIdentifier = "com.tessaly.Vantrel.trash";
 
-/// The tiles of the bar on `display`, from the leading edge: pinned apps, window apps by group,
-/// background apps, the Trash.
+/// The tiles of the bar on `display`, from the leading edge: pinned apps, window apps by group, the
+/// background apps that are not pinned, the Trash.
 std::vector<TileRow> tileRows(const DockStore& store, DisplayId display, bool showsTrash);
 
 } // namespace larkspan::ui

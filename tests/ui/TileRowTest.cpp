@@ -1,0 +1,47 @@
+#include "ui/TileRow.h"
+#include "model/ModelWorld.h"
+
+#include <gtest/gtest.h>
+
+#include <string>
+#include <vector>
+
+namespace larkspan::ui {
+namespace {
+
+/// The tiles' places, those with a dot marked by "*", those in front by "!".
+std::vector<std::string> tiles(const ModelWorld& world) {
+    std::vector<std::string> lines;
+    for (const auto& row : tileRows(world.store, world.mac.displayAt(0), false)) {
+        const bool isWindow = row.section == TileRow::Section::windows;
+        lines.push_back((isWindow ? "windows " + row.item.id : row.key()) +
+                        (row.dot == TileRow::Dot::none ? "" : "*") + (row.isFront ? "!" : ""));
+    }
+    return lines;
+}
+
+TEST(TileRow, AnAppThatIsPinnedAndInTheBackgroundHasOneTile) {
+    ModelWorld world;
+    for (const auto* name : {"mail", "music"})
+        world.mac.install(std::string("com.example.") + name, name);
+    world.mac.setPinned({"com.example.mail"});
+    world.start();
+    const auto mail = world.launch("mail");
+    world.launch("music");
+    world.settle();
+    EXPECT_EQ(tiles(world),
+              (std::vector<std::string>{"pinned com.apple.finder*", "pinned com.example.mail*",
+                                        "background com.example.music"}));
+
+    // A window gives it a place in a group as well; the second copy of an app is nobody's double.
+    world.mac.openWindow(mail);
+    const auto copy = world.launch("mail");
+    world.settle();
+    EXPECT_EQ(tiles(world),
+              (std::vector<std::string>{"pinned com.apple.finder*", "pinned com.example.mail",
+                                        "windows com.example.mail*", "background com.example.music",
+                                        "background pid:" + std::to_string(copy)}));
+}
+
+} // namespace
+} // namespace larkspan::ui
