@@ -1,4 +1,6 @@
+#include "platform/contract/CoreDockContract.h"
 #include "platform/contract/DockPreferencesContract.h"
+#include "platform/contract/ScreenCaptureContract.h"
 #include "platform/contract/ShellContract.h"
 #include "platform/qt/PropertyJson.h"
 #include "platform/qt/QtScheduler.h"
@@ -9,6 +11,8 @@
 #include "platform/x11/FreedesktopTrash.h"
 #include "platform/x11/LoginEntry.h"
 #include "platform/x11/PinnedFile.h"
+#include "platform/x11/X11CoreDock.h"
+#include "platform/x11/X11ScreenCapture.h"
 
 #include <filesystem>
 
@@ -96,6 +100,31 @@ class LoginEntryWorld : public LoginItemWorld {
     x11::LoginEntry entry_{home_.environment, "/usr/bin/larkspan", [](const std::string&) {}};
 };
 
+class NoDockWorld : public CoreDockWorld {
+  public:
+    CoreDock& dock() override { return dock_; }
+    bool hasDock() override { return false; }
+
+  private:
+    x11::X11CoreDock dock_;
+};
+
+class OpenScreenWorld : public ScreenCaptureWorld {
+  public:
+    ScreenCapture& screenCapture() override { return capture_; }
+    bool refuse() override { return false; }
+    void grant() override {}
+    int prompts() override { return 0; }
+
+  private:
+    x11::X11ScreenCapture capture_;
+};
+
+INSTANTIATE_TEST_SUITE_P(X11, CoreDockContract,
+                         testing::Values(adapter<CoreDockWorld, NoDockWorld>("X11CoreDock")));
+INSTANTIATE_TEST_SUITE_P(
+    X11, ScreenCaptureContract,
+    testing::Values(adapter<ScreenCaptureWorld, OpenScreenWorld>("X11ScreenCapture")));
 INSTANTIATE_TEST_SUITE_P(
     Files, DockPreferencesContract,
     testing::Values(adapter<DockPreferencesWorld, PinnedFileWorld>("PinnedFile")));
