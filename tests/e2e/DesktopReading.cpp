@@ -73,7 +73,29 @@ class ServerReader {
         return reading;
     }
 
+    std::string text() {
+        readMonitors();
+        std::string lines;
+        for (const auto& monitor : monitors_)
+            lines += "  display " + std::to_string(monitor.name) + areaText(monitor.area) + "\n";
+        for (const auto window : client_.numbers(client_.root(), "_NET_CLIENT_LIST")) {
+            lines += "  " + std::to_string(window) + " of " + idOf(window) +
+                     areaText(frameOf(window)) + " desktop";
+            for (const auto desktop : client_.numbers(window, "_NET_WM_DESKTOP"))
+                lines += " " + std::to_string(desktop);
+            lines += "\n";
+        }
+        return lines;
+    }
+
   private:
+    static std::string areaText(const Rect& area) {
+        std::string text = ":";
+        for (const double number : {area.x, area.y, area.width, area.height})
+            text += " " + std::to_string(static_cast<int>(number));
+        return text;
+    }
+
     std::uint32_t rootNumber(const std::string& property) {
         const auto numbers = client_.numbers(client_.root(), property);
         return numbers.empty() ? 0 : numbers.front();
@@ -161,6 +183,10 @@ std::string textOf(const json& item) {
 
 DesktopReading readServer(TestClient& reader) {
     return ServerReader(reader).read();
+}
+
+std::string serverText(TestClient& reader) {
+    return ServerReader(reader).text();
 }
 
 DesktopReading readReport(const json& report) {

@@ -18,6 +18,9 @@ DesktopReading readServer(x11::TestClient& reader);
 /// The same from the answer to `larkspan state`.
 DesktopReading readReport(const nlohmann::json& report);
 
+/// The monitors and every window with its frame, a line each: where to look when they differ.
+std::string serverText(x11::TestClient& reader);
+
 /// The lines that only one side has, with its name before each.
 std::string differences(const DesktopReading& server, const DesktopReading& report);
 

@@ -19,6 +19,13 @@ double numberFrom(const char* variable, double fallback) {
     return value ? std::atof(value) : fallback;
 }
 
+std::string lastLines(const std::string& text, int count) {
+    auto start = text.size();
+    for (int line = 0; line <= count && start != std::string::npos && start > 0; ++line)
+        start = text.rfind('\n', start - 1);
+    return start == std::string::npos ? text : text.substr(start);
+}
+
 /// The bar beside a user and programs that act at random. Whenever they rest, the report must say
 /// what the X server says.
 class RandomDesktop : public testing::Test {
@@ -52,7 +59,9 @@ class RandomDesktop : public testing::Test {
         ASSERT_TRUE(desktop.screen().eventually([&] { return isInStep(); }))
             << "at rest " << rests << " of seed " << seed << " the report differs:\n"
             << differences(readings_.first, readings_.second) << "after these acts:\n"
-            << story;
+            << story << "the X server's windows:\n"
+            << serverText(script.pager()) << "the end of the log:\n"
+            << lastLines(contentsOf(desktop.home() / "larkspan.log"), 40);
     }
 
     const std::uint32_t seed =

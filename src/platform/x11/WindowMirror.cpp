@@ -13,6 +13,9 @@ namespace {
 constexpr std::uint32_t longestList = 1u << 16;
 constexpr std::uint32_t mostDesktops = 1024;
 
+// In which frame a window is, which no property tells.
+constexpr auto frameFacet = FactsReader::Facets{1} << 30;
+
 xcb_get_property_cookie_t askRoot(X11Connection& connection, xcb_atom_t property,
                                   std::uint32_t length = 1) {
     return xcb_get_property(connection.raw(), 0, connection.root(), property,
@@ -79,6 +82,7 @@ void WindowMirror::handle(const xcb_generic_event_t& event) {
     case XCB_DESTROY_NOTIFY: {
         const auto window = reinterpret_cast<const xcb_destroy_notify_event_t&>(event).window;
         if (window == manager_) stale_.manager = stale_.windows = true;
+        framed_.erase(window);
         if (const auto found = clients_.find(window); found != clients_.end()) {
             clients_.erase(found);
             needsPublishing_ = true;
@@ -86,6 +90,10 @@ void WindowMirror::handle(const xcb_generic_event_t& event) {
         if (manager_ == 0) stale_.windows = true;
         break;
     }
+    case XCB_REPARENT_NOTIFY:
+        makeStale(reinterpret_cast<const xcb_reparent_notify_event_t&>(event).window,
+                  frameFacet | FactsReader::geometryFacet);
+        break;
     case XCB_MAP_NOTIFY:
     case XCB_UNMAP_NOTIFY:
     case XCB_CREATE_NOTIFY:
@@ -110,26 +118,23 @@ void WindowMirror::handleProperty(const xcb_property_notify_event_t& event) {
             stale_.desktops = true;
         return;
     }
-    const auto found = clients_.find(event.window);
-    const auto facets = reader_.facetsOf(event.atom);
+    makeStale(event.window, reader_.facetsOf(event.atom));
+}
+
+void WindowMirror::makeStale(WindowId window, FactsReader::Facets facets) {
+    const auto found = clients_.find(window);
     if (found == clients_.end() || facets == 0) return;
-    if (found->second.stale == 0) staleClients_.push_back(event.window);
+    if (found->second.stale == 0) staleClients_.push_back(window);
     found->second.stale |= facets;
 }
 
-// A window manager that moves a frame tells the client where it is now by an event of its own
-// making, in coordinates of the root window; the X server's own event counts from the frame.
+// The answer to a read counts and not the event: the X server's own counts from the frame. A window
+// in a frame moves with it, and not every window manager tells the window of each move.
 void WindowMirror::handleConfigure(const xcb_configure_notify_event_t& event) {
     if (manager_ == 0) stale_.windows = true;
-    const auto found = clients_.find(event.window);
-    if (found == clients_.end()) return;
-    auto& client = found->second;
-    const bool isFromManager = (event.response_type & 0x80) != 0;
-    if (isFromManager)
-        client.facts.area = {double(event.x), double(event.y), double(event.width),
-                             double(event.height)};
-    if (client.stale == 0) staleClients_.push_back(event.window);
-    client.stale |= FactsReader::geometryFacet;
+    makeStale(event.window, FactsReader::geometryFacet);
+    if (const auto framed = framed_.find(event.window); framed != framed_.end())
+        makeStale(framed->second, FactsReader::geometryFacet);
 }
 
 // Reading
@@ -138,6 +143,7 @@ void WindowMirror::refresh() {
     if (!connection_.isAlive()) return;
     if (std::exchange(stale_.manager, false)) readManager();
     readRoot();
+    findFrames();
     refreshClients();
     if (std::exchange(needsPublishing_, false)) publish();
     const auto front = windowInFront();
@@ -238,6 +244,39 @@ void WindowMirror::adopt(WindowId window) {
         xcb_change_window_attributes_checked(connection_.raw(), window, XCB_CW_EVENT_MASK, &mask);
     clients_.emplace(window, Client{.facts = {.id = window}, .selection = selection});
     staleClients_.push_back(window);
+}
+
+// Level by level, the requests about all windows at once. Before the places are read, so that no
+// frame can move unseen in between.
+void WindowMirror::findFrames() {
+    struct Climb {
+        WindowId client = 0;
+        xcb_window_t at = 0;
+        xcb_query_tree_cookie_t above{};
+    };
+    std::vector<Climb> climbs;
+    for (const auto window : staleClients_)
+        if (const auto found = clients_.find(window);
+            found != clients_.end() && (found->second.stale & frameFacet))
+            climbs.push_back({window, window, {}});
+    while (!climbs.empty()) {
+        for (auto& climb : climbs)
+            climb.above = xcb_query_tree(connection_.raw(), climb.at);
+        std::erase_if(climbs, [this](Climb& climb) {
+            const auto tree = connection_.reply(xcb_query_tree_reply, climb.above);
+            if (!tree) return true;
+            if (tree->parent != tree->root && tree->parent != XCB_NONE) {
+                climb.at = tree->parent;
+                return false;
+            }
+            if (climb.at == climb.client) return true;
+            // Of a managed window with another in it more is selected already.
+            if (!clients_.contains(climb.at))
+                select(connection_, climb.at, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+            framed_[climb.at] = climb.client;
+            return true;
+        });
+    }
 }
 
 void WindowMirror::refreshClients() {

@@ -61,6 +61,7 @@ class WindowMirror {
     void handle(const xcb_generic_event_t& event);
     void handleProperty(const xcb_property_notify_event_t& event);
     void handleConfigure(const xcb_configure_notify_event_t& event);
+    void makeStale(WindowId window, FactsReader::Facets facets);
 
     void refresh();
     void readManager();
@@ -69,6 +70,7 @@ class WindowMirror {
     void takeStacking(std::vector<WindowId> bottomToTop);
     void adopt(WindowId window);
     void takeActive(WindowId window);
+    void findFrames();
     void refreshClients();
     bool collect(Client& client, const FactsReader::Pending& read);
     WindowId windowInFront() const;
@@ -98,6 +100,8 @@ class WindowMirror {
     std::uint32_t desktopCount_ = 1;
 
     std::unordered_map<WindowId, Client> clients_;
+    /// By the window manager's frame, the window in it.
+    std::unordered_map<xcb_window_t, WindowId> framed_;
     /// Of the windows in `clients_`, those with something stale.
     std::vector<WindowId> staleClients_;
     /// Bottom to top, as the window manager lists them.

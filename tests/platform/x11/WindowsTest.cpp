@@ -4,6 +4,37 @@ namespace larkspan::x11 {
 
 using qt::runUntil;
 
+/// A window manager that says no more to its windows than the X server does.
+class SilentManager : public TestClient {
+  public:
+    explicit SilentManager(const std::string& display)
+        : TestClient(display) {
+        const auto self = open({.isOverrideRedirect = true});
+        for (const auto window : {root(), self})
+            setNumbers(window, "_NET_SUPPORTING_WM_CHECK", "WINDOW", {self});
+    }
+
+    /// Lists the window as one that it looks after.
+    WindowId manage() {
+        const auto window = open({.width = 100, .height = 100});
+        listed_.push_back(window);
+        setNumbers(root(), "_NET_CLIENT_LIST", "WINDOW", listed_);
+        return window;
+    }
+    /// In a frame around another, as some window managers have it.
+    WindowId putInFrame(WindowId window) {
+        const auto outer = open({.isOverrideRedirect = true, .x = 0, .y = 0});
+        const auto inner = open({.isOverrideRedirect = true});
+        xcb_reparent_window(raw(), inner, outer, 0, 0);
+        xcb_reparent_window(raw(), window, inner, 10, 20);
+        sync();
+        return outer;
+    }
+
+  private:
+    std::vector<WindowId> listed_;
+};
+
 class WindowsTest : public testing::Test {
   protected:
     SpaceId space(std::size_t number) const {
@@ -46,6 +77,28 @@ TEST_F(WindowsTest, MovedWindowKeepsItsPlaceInStep) {
     client.move(window, 400, 300);
     EXPECT_TRUE(runUntil([&] { return desktop.entry(window)->bounds->x >= 399; }));
     EXPECT_EQ(desktop.entry(window)->bounds->width, before.width);
+}
+
+TEST(WindowFrameTest, WindowMovesWithItsFrameThoughNobodyTellsIt) {
+    PrivateServer server;
+    SilentManager manager(server.display());
+    const auto early = manager.manage();
+    const auto frameOfEarly = manager.putInFrame(early);
+    const DesktopUnderTest desktop(server.display());
+    const auto late = manager.manage();
+    const auto isAt = [&](WindowId window, double x, double y) {
+        const auto entry = desktop.entry(window);
+        return entry && *entry->bounds == Rect{x, y, 100, 100};
+    };
+    ASSERT_TRUE(isAt(early, 10, 20));
+    ASSERT_TRUE(runUntil([&] { return isAt(late, 40, 40); }));
+    const auto frameOfLate = manager.putInFrame(late);
+    ASSERT_TRUE(runUntil([&] { return isAt(late, 10, 20); }));
+
+    manager.move(frameOfEarly, 500, 300);
+    EXPECT_TRUE(runUntil([&] { return isAt(early, 510, 320); }));
+    manager.move(frameOfLate, 400, 100);
+    EXPECT_TRUE(runUntil([&] { return isAt(late, 410, 120); }));
 }
 
 TEST_F(WindowsTest, NewestWindowIsInFrontAndActivatedOneComesForward) {
