@@ -58,7 +58,7 @@ TEST_F(IconClickTest, SendsAwayOnAQuickSecondClickWhateverTheSystemReports) {
     mac.activate(mail);
     start();
     clickTile("notes");
-    mac.world().frontmost = mail;
+    mac.world().reportedFrontmost = mail;
     mac.scheduler.runFor(0.9);
     clickTile("notes");
     EXPECT_TRUE(isHidden(notes));
@@ -70,7 +70,7 @@ TEST_F(IconClickTest, JudgesALateSecondClickByTheAppInFront) {
     mac.activate(mail);
     start();
     clickTile("notes");
-    mac.world().frontmost = mail;
+    mac.world().reportedFrontmost = mail;
     mac.scheduler.runFor(1.1);
     clickTile("notes");
     EXPECT_FALSE(isHidden(notes));
@@ -91,7 +91,7 @@ TEST_F(IconClickTest, BringsMinimisedWindowsBackInsteadOfHiding) {
 TEST_F(IconClickTest, GoesToTheSpaceOfTheGroupInsteadOfHiding) {
     const auto display = mac.displayAt(0);
     mac.openWindow(mail, {.space = mac.spaceAt(display, 1)});
-    mac.world().frontmost = mail;
+    mac.world().reportedFrontmost = mail;
     start();
     ASSERT_EQ(groups(), "(mail)");
     clickTile("mail");

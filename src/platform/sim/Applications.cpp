@@ -88,6 +88,8 @@ bool Applications::open(std::string_view path) {
 }
 
 void Applications::bringBack(App& app) {
+    // One that is still launching shows itself when it is there.
+    if (!app.finishedLaunching) return;
     const ProcessId pid = app.pid;
     activate(pid);
     const auto isOwn = [pid](const Window& window) { return window.pid == pid; };
@@ -107,7 +109,17 @@ void Applications::bringBack(App& app) {
 void Applications::setFrontmost(ProcessId pid) {
     if (world_.frontmost == pid) return;
     world_.frontmost = pid;
-    if (const App* app = world_.app(pid)) world_.tell(Kind::didActivateApplication, *app);
+    if (world_.frontReportSeconds > 0)
+        frontReport_ = world_.scheduler.after(world_.frontReportSeconds, [this] { reportFront(); });
+    else
+        reportFront();
+}
+
+void Applications::reportFront() {
+    frontReport_.reset();
+    world_.reportedFrontmost = world_.frontmost;
+    if (const App* app = world_.app(world_.frontmost))
+        world_.tell(Kind::didActivateApplication, *app);
 }
 
 void Applications::activate(ProcessId pid) {

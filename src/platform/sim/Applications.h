@@ -60,12 +60,14 @@ class Applications {
     void finishLaunching(ProcessId pid, const LaunchOptions& options);
     void bringBack(App& app);
     void setFrontmost(ProcessId pid);
+    void reportFront();
 
     World& world_;
     Windows& windows_;
     Displays& displays_;
     ProcessId lastPid_ = 100;
     std::map<ProcessId, Handle> launches_;
+    Handle frontReport_;
 };
 
 } // namespace larkspan::sim

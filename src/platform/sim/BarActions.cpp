@@ -1,8 +1,6 @@
-#include "platform/sim/ScenarioAction.h"
-
 #include "app/Control.h"
-
-#include <fmt/format.h>
+#include "platform/sim/ScenarioAction.h"
+#include "platform/sim/ScenarioSubjects.h"
 
 #include <utility>
 
@@ -11,10 +9,8 @@ namespace larkspan::sim {
 namespace {
 
 using nlohmann::json;
-using Outcome = std::optional<std::string>;
 using Words = std::vector<std::string>;
 
-constexpr Outcome done = std::nullopt;
 constexpr const char* notRunning = "Larkspan does not run";
 
 /// Goes the road of the command line.
@@ -29,8 +25,15 @@ Outcome tell(Stage& stage, const json& fields) {
     return request(stage, fields["words"].get<Words>());
 }
 
+/// A further process of an app has a tile of its own.
+std::string tileOf(Stage& stage, const json& fields) {
+    std::string app = text(fields, "app");
+    const ProcessId pid = processNamed(stage.mac, app);
+    return pid != 0 && app.find('#') != std::string::npos ? fmt::format("pid:{}", pid) : app;
+}
+
 Outcome click(Stage& stage, const json& fields) {
-    return request(stage, {"click", fields["app"].get<std::string>()});
+    return request(stage, {"click", tileOf(stage, fields)});
 }
 
 Outcome set(Stage& stage, const json& fields) {
@@ -76,7 +79,7 @@ Outcome chooseFrom(const Menu& menu, const std::string& title) {
 Outcome menu(Stage& stage, const json& fields) {
     if (!stage.delegate()) return notRunning;
     AppController& controller = stage.delegate()->controller();
-    const auto id = fields["app"].get<std::string>();
+    const std::string id = tileOf(stage, fields);
     const auto tile = findTile(controller.store(), id);
     if (!tile) return fmt::format("there is no item {} on the bar", id);
     const DisplayGroup* group = tile->group ? &*tile->group : nullptr;
@@ -107,9 +110,9 @@ Outcome quit(Stage& stage, const json&) {
     return done;
 }
 
-Outcome kill(Stage& stage, const json&) {
+Outcome kill(Stage& stage, const json& fields) {
     if (!stage.delegate()) return notRunning;
-    stage.kill();
+    stage.kill(fields.value("stored", std::size_t{0}));
     return done;
 }
 
@@ -128,7 +131,7 @@ const std::vector<ScenarioAction>& barActions() {
         {"tell", {{"words", FieldKind::texts, true}}, tell},
         {"startLarkspan", {}, start},
         {"quitLarkspan", {}, quit},
-        {"killLarkspan", {}, kill},
+        {"killLarkspan", {{"stored", FieldKind::index}}, kill},
     };
     return actions;
 }

@@ -1,7 +1,5 @@
 #include "platform/sim/Expectation.h"
 
-#include "platform/sim/ScenarioFields.h"
-
 #include <algorithm>
 #include <charconv>
 #include <cmath>
@@ -89,12 +87,17 @@ const json* valueAt(const json& state, const std::string& path) {
     return value;
 }
 
-std::optional<std::string> checkExpectation(const std::string& path, const json& fields) {
-    if (!path.starts_with('/')) return "a path of the state begins with \"/\"";
-    const std::vector<Field> conditions{
+const std::vector<Field>& expectationConditions() {
+    static const std::vector<Field> conditions{
         {"equals", FieldKind::anything}, {"contains", FieldKind::anything},
         {"lacks", FieldKind::anything},  {"ids", FieldKind::texts},
         {"count", FieldKind::index},     {"exists", FieldKind::flag}};
+    return conditions;
+}
+
+std::optional<std::string> checkExpectation(const std::string& path, const json& fields) {
+    if (!path.starts_with('/')) return "a path of the state begins with \"/\"";
+    const auto& conditions = expectationConditions();
     if (auto complaint = checkFields(fields, conditions, {"at", "expect", "note"}))
         return complaint;
     const auto given = std::count_if(conditions.begin(), conditions.end(), [&](const Field& field) {

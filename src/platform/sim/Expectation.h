@@ -1,9 +1,12 @@
 #pragma once
 
+#include "platform/sim/ScenarioFields.h"
+
 #include <nlohmann/json.hpp>
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace larkspan::sim {
 
@@ -11,6 +14,9 @@ namespace larkspan::sim {
 /// part of the path that meets a list is a place in it, counted from 0, or the "id", "name" or
 /// "title" of one of its objects.
 const nlohmann::json* valueAt(const nlohmann::json& state, const std::string& path);
+
+/// What can be said about a value: a field for each.
+const std::vector<Field>& expectationConditions();
 
 /// Answers what is wrong with an expectation's own words.
 std::optional<std::string> checkExpectation(const std::string& path, const nlohmann::json& fields);

@@ -26,6 +26,12 @@ Outcome hang(Stage& stage, const json& fields) {
     return withApp(stage, fields, [](SimMac& mac, ProcessId pid) { mac.hang(pid, hung); });
 }
 
+Outcome refuseToQuit(Stage& stage, const json& fields) {
+    return withApp(stage, fields, [&](SimMac& mac, ProcessId pid) {
+        mac.world().app(pid)->refusesToQuit = fields.value("refuse", true);
+    });
+}
+
 Outcome answerAfter(Stage& stage, const json& fields) {
     return withApp(stage, fields, [&](SimMac& mac, ProcessId pid) {
         mac.answerAfter(pid, fields["seconds"].get<double>());
@@ -68,8 +74,21 @@ Outcome disableTaps(Stage& stage, const json&) {
     return done;
 }
 
-Outcome refuseDockSizes(Stage& stage, const json& fields) {
-    stage.mac.refuseDockSizes(fields.value("refuse", true));
+Outcome disturbWindowList(Stage& stage, const json& fields) {
+    World& world = stage.mac.world();
+    world.windowListAnswers = !fields.value("silent", false);
+    world.windowListSeconds = fields.value("seconds", 0.0);
+    return done;
+}
+
+Outcome reportFrontLate(Stage& stage, const json& fields) {
+    stage.mac.world().frontReportSeconds = fields["seconds"].get<double>();
+    return done;
+}
+
+Outcome dieBefore(Stage& stage, const json& fields) {
+    if (!stage.delegate()) return "Larkspan does not run";
+    stage.mac.killPoint().dieBefore(fields["deed"].get<int>());
     return done;
 }
 
@@ -79,37 +98,42 @@ Outcome changeDisplaysAfterRead(Stage& stage, const json& fields) {
     return fmt::format("\"{}\" describes no displays", displays);
 }
 
-template <void (SimMac::*method)()>
-Outcome onMac(Stage& stage, const json&) {
-    (stage.mac.*method)();
-    return done;
-}
-
 } // namespace
 
 const std::vector<ScenarioAction>& faultActions() {
     constexpr Field app{"app", FieldKind::text, true};
+    constexpr Field refuse{"refuse", FieldKind::flag};
     static const std::vector<ScenarioAction> actions{
         {"refuse", {{"permission", FieldKind::text, true}}, permit<true>},
         {"grant", {{"permission", FieldKind::text, true}}, permit<false>},
         {"freezeScreenRecording", {}, onMac<&SimMac::freezeScreenRecording>},
         {"hang", {app}, hang<true>},
         {"release", {app}, hang<false>},
-        {"answerAfter", {app, {"seconds", FieldKind::number, true}}, answerAfter},
+        {"refuseToQuit", {app, refuse}, refuseToQuit},
+        {"answerAfter", {app, secondsField("seconds", true)}, answerAfter},
         {"lieAboutFrames",
          {app, {"x", FieldKind::number, true}, {"y", FieldKind::number, true}},
          lieAboutFrames},
-        {"dieDuringRead", {app, {"calls", FieldKind::index, true}}, dieDuringRead},
-        {"openWindows", {app, {"count", FieldKind::index, true}}, openWindows},
+        {"dieDuringRead", {app, {"calls", FieldKind::index, true, 0, 10'000}}, dieDuringRead},
+        {"openWindows", {app, {"count", FieldKind::index, true, 1, 10'000}}, openWindows},
         {"removeFunction", {{"name", FieldKind::text, true}}, removeFunction},
         {"removeAllFunctions", {}, onMac<&SimMac::removeAllFunctions>},
+        {"restoreFunctions", {}, onMac<&SimMac::restoreFunctions>},
+        {"disturbWindowList",
+         {{"silent", FieldKind::flag}, secondsField("seconds")},
+         disturbWindowList},
+        {"refuseMoves", {refuse}, onFlag<&SimMac::refuseMoves>},
+        {"reportFrontLate", {secondsField("seconds", true)}, reportFrontLate},
         {"disturbEvents",
-         {{"lost", FieldKind::flag}, {"doubled", FieldKind::flag}, {"late", FieldKind::number}},
+         {{"lost", FieldKind::flag}, {"doubled", FieldKind::flag}, secondsField("late")},
          disturbEvents},
         {"disableTaps", {}, disableTaps},
         {"removeDock", {}, onMac<&SimMac::removeDock>},
         {"startDock", {}, onMac<&SimMac::startDock>},
-        {"refuseDockSizes", {{"refuse", FieldKind::flag}}, refuseDockSizes},
+        {"refuseDockSizes", {refuse}, onFlag<&SimMac::refuseDockSizes>},
+        {"refuseLoginItem", {refuse}, onFlag<&SimMac::refuseLoginItem>},
+        {"refuseToStore", {refuse}, onFlag<&SimMac::refuseToStore>},
+        {"dieBefore", {{"deed", FieldKind::index, true, 0, 10'000}}, dieBefore},
         {"changeDisplaysAfterRead", {{"displays", FieldKind::text, true}}, changeDisplaysAfterRead},
     };
     return actions;

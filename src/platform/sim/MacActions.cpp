@@ -1,6 +1,7 @@
 #include "platform/sim/ScenarioAction.h"
 #include "platform/sim/ScenarioSubjects.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace larkspan::sim {
@@ -14,19 +15,34 @@ Rect rect(const json& value) {
             value[3].get<double>()};
 }
 
-Outcome launch(Stage& stage, const json& fields) {
-    stage.mac.launch(text(fields, "app"), {.launchSeconds = fields.value("seconds", 0.0),
-                                           .opensWindow = fields.value("window", false),
-                                           .inBackground = fields.value("behind", false)});
+Outcome install(Stage& stage, const json& fields) {
+    if (stage.mac.world().installed.contains(text(fields, "app")))
+        return fmt::format("{} is installed already", text(fields, "app"));
+    stage.mac.install(text(fields, "app"), text(fields, "name"));
     return done;
 }
 
+Outcome uninstall(Stage& stage, const json& fields) {
+    return withInstalled(stage, fields, [&](SimMac& mac, const InstalledApp&) {
+        mac.uninstall(text(fields, "app"));
+        return done;
+    });
+}
+
+Outcome launch(Stage& stage, const json& fields) {
+    return withInstalled(stage, fields, [&](SimMac& mac, const InstalledApp& app) {
+        mac.launch(app.bundleIdentifier, {.launchSeconds = fields.value("seconds", 0.0),
+                                          .opensWindow = fields.value("window", false),
+                                          .inBackground = fields.value("behind", false)});
+        return done;
+    });
+}
+
 Outcome open(Stage& stage, const json& fields) {
-    const auto& installed = stage.mac.world().installed;
-    const auto found = installed.find(text(fields, "app"));
-    if (found == installed.end()) return fmt::format("{} is not installed", text(fields, "app"));
-    stage.mac.open(std::string(found->second.path));
-    return done;
+    return withInstalled(stage, fields, [](SimMac& mac, const InstalledApp& app) {
+        mac.open(std::string(app.path));
+        return done;
+    });
 }
 
 Outcome quit(Stage& stage, const json& fields) {
@@ -37,20 +53,32 @@ Outcome quit(Stage& stage, const json& fields) {
     return outcome ? outcome : refusal;
 }
 
+/// Does something with the Space that "space" names on the display.
+template <typename Act>
+Outcome withSpace(Stage& stage, const json& fields, Act act) {
+    return withDisplay(stage, fields, [&](SimMac& mac, DisplayId display) -> Outcome {
+        const SpaceId space = mac.spaceAt(display, fields["space"].get<std::size_t>());
+        if (space == 0) return "there is no such Space";
+        return act(mac, space);
+    });
+}
+
 Outcome openWindow(Stage& stage, const json& fields) {
     WindowOptions options{.title = text(fields, "title"),
                           .hasNumber = fields.value("hasNumber", true),
                           .hasName = fields.value("hasName", true)};
     if (fields.contains("frame")) options.frame = rect(fields["frame"]);
-    return withDisplay(stage, fields, [&](SimMac& mac, DisplayId display) -> Outcome {
-        if (fields.contains("display")) options.display = display;
-        if (fields.contains("space")) {
-            const SpaceId space = mac.spaceAt(display, fields["space"].get<std::size_t>());
-            if (space == 0) return "there is no such Space";
+    const auto open = [&](SimMac& mac, ProcessId pid) { mac.openWindow(pid, options); };
+    if (fields.contains("space")) {
+        return withSpace(stage, fields, [&](SimMac&, SpaceId space) {
             options.space = space;
-        }
-        return withApp(stage, fields,
-                       [&](SimMac&, ProcessId pid) { mac.openWindow(pid, options); });
+            return withApp(stage, fields, open);
+        });
+    }
+    if (!fields.contains("display")) return withApp(stage, fields, open);
+    return withDisplay(stage, fields, [&](SimMac&, DisplayId display) {
+        options.display = display;
+        return withApp(stage, fields, open);
     });
 }
 
@@ -65,6 +93,36 @@ Outcome moveToDisplay(Stage& stage, const json& fields) {
         return withWindow(stage, fields, [display](SimMac& mac, WindowId window) {
             mac.moveToDisplay(window, display);
         });
+    });
+}
+
+Outcome setTitle(Stage& stage, const json& fields) {
+    return withWindow(stage, fields, [&](SimMac& mac, WindowId window) {
+        mac.setTitle(window, text(fields, "title"));
+    });
+}
+
+Outcome moveToSpace(Stage& stage, const json& fields) {
+    return withSpace(stage, fields, [&](SimMac&, SpaceId space) {
+        return withWindow(stage, fields, [space](SimMac& mac, WindowId window) {
+            mac.moveToSpace(window, space);
+        });
+    });
+}
+
+Outcome addSpace(Stage& stage, const json& fields) {
+    return withDisplay(stage, fields, [](SimMac& mac, DisplayId display) {
+        mac.addSpace(display);
+        return done;
+    });
+}
+
+Outcome removeSpace(Stage& stage, const json& fields) {
+    return withSpace(stage, fields, [&](SimMac& mac, SpaceId space) -> Outcome {
+        if (mac.world().displayOfSpace(space)->spaces.size() < 2)
+            return "a display keeps its last Space";
+        mac.removeSpace(space);
+        return done;
     });
 }
 
@@ -99,11 +157,6 @@ Outcome unplug(Stage& stage, const json& fields) {
     });
 }
 
-constexpr Field app{"app", FieldKind::text, true};
-constexpr Field window{"window", FieldKind::text, true};
-constexpr Field display{"display", FieldKind::index};
-constexpr Field seconds{"seconds", FieldKind::number, true};
-
 template <void (SimMac::*method)(WindowId)>
 Outcome onWindow(Stage& stage, const json& fields) {
     return withWindow(stage, fields, [](SimMac& mac, WindowId id) { (mac.*method)(id); });
@@ -114,25 +167,45 @@ Outcome onApp(Stage& stage, const json& fields) {
     return withApp(stage, fields, [](SimMac& mac, ProcessId pid) { (mac.*method)(pid); });
 }
 
-template <void (SimMac::*method)()>
-Outcome onMac(Stage& stage, const json&) {
-    (stage.mac.*method)();
+bool isInDock(const SimMac& mac, const std::string& app) {
+    const auto& pinned = mac.world().pinned;
+    return std::find(pinned.begin(), pinned.end(), app) != pinned.end();
+}
+
+Outcome pin(Stage& stage, const json& fields) {
+    return withInstalled(stage, fields, [](SimMac& mac, const InstalledApp& app) -> Outcome {
+        const std::string id = app.bundleIdentifier;
+        if (isInDock(mac, id)) return fmt::format("{} is in the Dock already", id);
+        mac.pin(id);
+        return done;
+    });
+}
+
+Outcome unpin(Stage& stage, const json& fields) {
+    const std::string app = text(fields, "app");
+    if (!isInDock(stage.mac, app)) return fmt::format("{} is not in the Dock", app);
+    stage.mac.unpin(app);
     return done;
 }
 
-template <void (SimMac::*method)(std::string_view)>
-Outcome onIdentifier(Stage& stage, const json& fields) {
-    (stage.mac.*method)(text(fields, "app"));
-    return done;
-}
-
-Outcome install(Stage& stage, const json& fields) {
-    stage.mac.install(text(fields, "app"), text(fields, "name"));
+Outcome arrangeDock(Stage& stage, const json& fields) {
+    const auto apps = fields["apps"].get<std::vector<std::string>>();
+    for (const std::string& app : apps) {
+        if (!stage.mac.world().installed.contains(app))
+            return fmt::format("{} is not installed", app);
+        if (std::count(apps.begin(), apps.end(), app) > 1)
+            return fmt::format("{} stands there twice", app);
+    }
+    stage.mac.setPinned(apps);
     return done;
 }
 
 Outcome setTrash(Stage& stage, const json& fields) {
-    stage.mac.setTrash(fields["items"].get<std::size_t>());
+    World& world = stage.mac.world();
+    world.trashHoldsDesktopServicesFile = fields.value("hiddenFile", false);
+    std::optional<std::size_t> items;
+    if (fields.contains("items")) items = fields["items"].get<std::size_t>();
+    stage.mac.setTrash(items);
     return done;
 }
 
@@ -170,17 +243,20 @@ Outcome jumpClock(Stage& stage, const json& fields) {
     return done;
 }
 
+constexpr Field app{"app", FieldKind::text, true};
+constexpr Field window{"window", FieldKind::text, true};
+constexpr Field display{"display", FieldKind::index};
+constexpr Field space{"space", FieldKind::index, true};
+/// The most by which a date moves: about thirty of them, in seconds.
+constexpr double years = 1e9;
 } // namespace
 
 const std::vector<ScenarioAction>& macActions() {
     static const std::vector<ScenarioAction> actions{
         {"install", {app, {"name", FieldKind::text, true}}, install},
-        {"uninstall", {app}, onIdentifier<&SimMac::uninstall>},
+        {"uninstall", {app}, uninstall},
         {"launch",
-         {app,
-          {"seconds", FieldKind::number},
-          {"window", FieldKind::flag},
-          {"behind", FieldKind::flag}},
+         {app, secondsField("seconds"), {"window", FieldKind::flag}, {"behind", FieldKind::flag}},
          launch},
         {"open", {app}, open},
         {"activate", {app}, onApp<&SimMac::activate>},
@@ -203,6 +279,8 @@ const std::vector<ScenarioAction>& macActions() {
         {"focus", {window}, onWindow<&SimMac::focusWindow>},
         {"moveWindow", {window, {"frame", FieldKind::frame, true}}, moveWindow},
         {"moveToDisplay", {window, {"display", FieldKind::index, true}}, moveToDisplay},
+        {"setTitle", {window, {"title", FieldKind::text, true}}, setTitle},
+        {"moveToSpace", {window, space, display}, moveToSpace},
         {"enterFullScreen", {window}, onWindow<&SimMac::enterFullScreen>},
         {"leaveFullScreen", {window}, onWindow<&SimMac::leaveFullScreen>},
         {"addDisplay", {{"size", FieldKind::text, true}}, addDisplay},
@@ -212,26 +290,29 @@ const std::vector<ScenarioAction>& macActions() {
         {"endMirroring", {}, onMac<&SimMac::endMirroring>},
         {"swipe",
          {display,
-          {"progress", FieldKind::number, true},
+          {"progress", FieldKind::number, true, -1, 1},
           {"velocity", FieldKind::number},
-          {"seconds", FieldKind::number},
+          secondsField("seconds"),
           {"cancelled", FieldKind::flag},
           {"switches", FieldKind::flag}},
          swipe},
-        {"switchSpace", {display, {"space", FieldKind::index, true}}, switchSpace},
-        {"pin", {app}, onIdentifier<&SimMac::pin>},
-        {"unpin", {app}, onIdentifier<&SimMac::unpin>},
-        {"restartDock", {{"seconds", FieldKind::number}}, restartDock},
+        {"switchSpace", {display, space}, switchSpace},
+        {"addSpace", {display}, addSpace},
+        {"removeSpace", {space, display}, removeSpace},
+        {"pin", {app}, pin},
+        {"unpin", {app}, unpin},
+        {"arrangeDock", {{"apps", FieldKind::texts, true}}, arrangeDock},
+        {"restartDock", {secondsField("seconds")}, restartDock},
         {"setDock",
-         {{"tileSize", FieldKind::number},
+         {{"tileSize", FieldKind::number, false, 0, 1},
           {"autoHide", FieldKind::flag},
-          {"orientation", FieldKind::index},
-          {"pinning", FieldKind::index},
+          {"orientation", FieldKind::index, false, 2, 4},
+          {"pinning", FieldKind::index, false, 1, 3},
           {"magnification", FieldKind::flag}},
          setDock},
-        {"setTrash", {{"items", FieldKind::index, true}}, setTrash},
-        {"sleep", {seconds}, sleep},
-        {"jumpClock", {seconds}, jumpClock},
+        {"setTrash", {{"items", FieldKind::index}, {"hiddenFile", FieldKind::flag}}, setTrash},
+        {"sleep", {{"seconds", FieldKind::number, true, 0, years}}, sleep},
+        {"jumpClock", {{"seconds", FieldKind::number, true, -years, years}}, jumpClock},
     };
     return actions;
 }

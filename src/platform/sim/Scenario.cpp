@@ -5,10 +5,10 @@
 #include "platform/sim/ScenarioWorld.h"
 
 #include <algorithm>
-#include <cmath>
 #include <fmt/format.h>
 #include <fstream>
 #include <iterator>
+#include <set>
 #include <utility>
 
 namespace larkspan::sim {
@@ -18,8 +18,30 @@ namespace {
 using nlohmann::json;
 using Complaint = std::optional<std::string>;
 
-/// A day: a scenario that asks for more has a slip in its times.
-constexpr double longest = 86'400;
+/// The text as a value. A name that stands twice in one object is complained about: only one of
+/// the two would be heard.
+json parseOnce(std::string_view text, Complaint& complaint) {
+    std::vector<std::set<std::string>> names;
+    std::string section;
+    int step = 0;
+    const auto watch = [&](int depth, json::parse_event_t event, const json& value) {
+        if (event == json::parse_event_t::object_start) {
+            names.emplace_back();
+            if (depth == 2 && section == "steps") ++step;
+        } else if (event == json::parse_event_t::object_end) {
+            names.pop_back();
+        } else if (event == json::parse_event_t::key) {
+            const auto& name = value.get_ref<const std::string&>();
+            if (depth == 1) section = name;
+            if (names.back().insert(name).second || complaint) return true;
+            const std::string where =
+                section == "steps" && depth == 3 ? fmt::format("step {}: ", step) : std::string();
+            complaint = fmt::format("{}\"{}\" stands twice", where, name);
+        }
+        return true;
+    };
+    return json::parse(text, watch);
+}
 
 Complaint readKind(const json& object, ScenarioStep& step) {
     const std::pair<const char*, ScenarioStep::Kind> kinds[] = {
@@ -40,12 +62,8 @@ Complaint readKind(const json& object, ScenarioStep& step) {
 }
 
 Complaint readTime(const json& object, double earliest, ScenarioStep& step) {
-    const auto at = object.find("at");
-    if (at == object.end()) return "\"at\" is missing";
-    if (!at->is_number()) return "\"at\" is not a number of seconds";
-    step.at = at->get<double>();
-    if (!std::isfinite(step.at) || step.at < 0 || step.at > longest)
-        return fmt::format("\"at\" is not within 0 and {} seconds", longest);
+    if (auto complaint = checkField(object, secondsField("at", true))) return complaint;
+    step.at = object["at"].get<double>();
     if (step.at < earliest)
         return fmt::format("{} seconds is before the step above, at {}", step.at, earliest);
     return std::nullopt;
@@ -58,7 +76,6 @@ bool isPictureName(const std::string& name) {
 }
 
 Complaint checkSubject(const ScenarioStep& step) {
-    constexpr Field note{"note", FieldKind::text};
     switch (step.kind) {
     case ScenarioStep::Kind::act: {
         const ScenarioAction* action = scenarioAction(step.subject);
@@ -70,7 +87,7 @@ Complaint checkSubject(const ScenarioStep& step) {
     case ScenarioStep::Kind::picture:
         if (!isPictureName(step.subject))
             return "a picture's name has letters, digits, \"-\" and \"_\" only";
-        return checkFields(step.fields, {note}, {"at", "picture"});
+        return checkFields(step.fields, {}, {"at", "picture", "note"});
     }
     return std::nullopt;
 }
@@ -79,6 +96,7 @@ Complaint readStep(const json& object, double earliest, ScenarioStep& step) {
     if (!object.is_object()) return "a step is an object";
     step.fields = object;
     if (auto complaint = readTime(object, earliest, step)) return complaint;
+    if (auto complaint = checkField(object, {"note", FieldKind::text})) return complaint;
     if (auto complaint = readKind(object, step)) return complaint;
     return checkSubject(step);
 }
@@ -90,11 +108,13 @@ ScenarioReading parseScenario(std::string_view text, std::string_view file) {
         return ScenarioReading{std::nullopt, fmt::format("{}: {}", file, reason)};
     };
     json root;
+    Complaint repeated;
     try {
-        root = json::parse(text);
+        root = parseOnce(text, repeated);
     } catch (const json::exception& error) {
         return refuse(error.what());
     }
+    if (repeated) return refuse(*repeated);
     if (!root.is_object()) return refuse("a scenario is an object");
     const std::vector<Field> fields{{"title", FieldKind::text},
                                     {"world", FieldKind::anything},

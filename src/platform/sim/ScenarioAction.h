@@ -20,6 +20,9 @@ struct ScenarioAction {
     std::optional<std::string> (*act)(Stage& stage, const nlohmann::json& fields);
 };
 
+/// The names of all actions.
+std::vector<std::string_view> scenarioActionNames();
+
 /// Nullptr for a name that means nothing.
 const ScenarioAction* scenarioAction(std::string_view name);
 

@@ -1,6 +1,7 @@
 #include "platform/sim/ScenarioFields.h"
 
 #include <algorithm>
+#include <cmath>
 #include <fmt/format.h>
 
 namespace larkspan::sim {
@@ -12,7 +13,13 @@ using nlohmann::json;
 bool isFrame(const json& value) {
     return value.is_array() && value.size() == 4 &&
            std::all_of(value.begin(), value.end(),
-                       [](const json& each) { return each.is_number(); });
+                       [](const json& each) { return each.is_number(); }) &&
+           value[2].get<double>() > 0 && value[3].get<double>() > 0;
+}
+
+bool isWithin(const json& value, const Field& field) {
+    const auto number = value.get<double>();
+    return number >= field.least && number <= field.most;
 }
 
 bool isTexts(const json& value) {
@@ -20,14 +27,14 @@ bool isTexts(const json& value) {
                                            [](const json& each) { return each.is_string(); });
 }
 
-bool fits(const json& value, FieldKind kind) {
-    switch (kind) {
+bool fits(const json& value, const Field& field) {
+    switch (field.kind) {
     case FieldKind::text:
         return value.is_string();
     case FieldKind::number:
-        return value.is_number();
+        return value.is_number() && isWithin(value, field);
     case FieldKind::index:
-        return value.is_number_unsigned();
+        return value.is_number_unsigned() && isWithin(value, field);
     case FieldKind::flag:
         return value.is_boolean();
     case FieldKind::frame:
@@ -40,18 +47,21 @@ bool fits(const json& value, FieldKind kind) {
     return false;
 }
 
-std::string_view describe(FieldKind kind) {
-    switch (kind) {
+std::string describe(const Field& field) {
+    const bool isBounded = std::isfinite(field.most);
+    switch (field.kind) {
     case FieldKind::text:
         return "a text";
     case FieldKind::number:
+        if (isBounded) return fmt::format("a number from {} to {}", field.least, field.most);
         return "a number";
     case FieldKind::index:
+        if (isBounded) return fmt::format("a whole number from {} to {}", field.least, field.most);
         return "a whole number from 0";
     case FieldKind::flag:
         return "true or false";
     case FieldKind::frame:
-        return "four numbers: x, y, width, height";
+        return "four numbers: x, y, width, height, the last two above 0";
     case FieldKind::texts:
         return "a list of texts";
     case FieldKind::anything:
@@ -62,15 +72,20 @@ std::string_view describe(FieldKind kind) {
 
 } // namespace
 
+std::optional<std::string> checkField(const json& object, const Field& field) {
+    const auto found = object.find(field.name);
+    if (found == object.end()) {
+        if (field.isRequired) return fmt::format("\"{}\" is missing", field.name);
+    } else if (!fits(*found, field)) {
+        return fmt::format("\"{}\" is not {}", field.name, describe(field));
+    }
+    return std::nullopt;
+}
+
 std::optional<std::string> checkFields(const json& object, const std::vector<Field>& fields,
                                        const std::vector<std::string_view>& besides) {
     for (const Field& field : fields) {
-        const auto found = object.find(field.name);
-        if (found == object.end()) {
-            if (field.isRequired) return fmt::format("\"{}\" is missing", field.name);
-        } else if (!fits(*found, field.kind)) {
-            return fmt::format("\"{}\" is not {}", field.name, describe(field.kind));
-        }
+        if (auto complaint = checkField(object, field)) return complaint;
     }
     for (const auto& [name, value] : object.items()) {
         const auto isNamed = [&](const Field& field) { return field.name == name; };

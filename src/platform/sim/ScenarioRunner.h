@@ -18,12 +18,15 @@ class ScenarioRunner {
 
     /// Makes the picture of that name of the stage as it is.
     std::function<void(const std::string&)> takePicture;
+    /// Hears of each step that has been played.
+    std::function<void(const ScenarioStep&)> onStep;
 
     /// Plays on to that moment of the scenario, in seconds.
     void playTo(double seconds);
     /// Plays to the end and lets what is under way come to rest.
     void play();
     bool isOver() const { return next_ == scenario_.steps.size(); }
+    const std::string& title() const { return scenario_.title; }
 
     /// What was not as expected or could not be done, each with its step.
     const std::vector<std::string>& failures() const { return failures_; }
@@ -32,6 +35,8 @@ class ScenarioRunner {
 
   private:
     void run(const ScenarioStep& step);
+    void act(const ScenarioStep& step);
+    void fail(const ScenarioStep& step, const std::string& complaint);
 
     Scenario scenario_;
     Stage& stage_;

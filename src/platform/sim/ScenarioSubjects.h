@@ -1,5 +1,6 @@
 #pragma once
 
+#include "app/numberFromText.h"
 #include "platform/sim/Stage.h"
 
 #include <fmt/format.h>
@@ -7,6 +8,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace larkspan::sim {
 
@@ -20,14 +22,35 @@ inline std::string text(const nlohmann::json& fields, const char* name) {
     return fields.value(name, std::string());
 }
 
+/// The process that "IDENTIFIER" or, for a further process of the app, "IDENTIFIER#2" names; 0 when
+/// there is none.
+inline ProcessId processNamed(const SimMac& mac, std::string_view name) {
+    const auto mark = name.rfind('#');
+    const auto number = mark == std::string_view::npos ? 1 : numberFromText(name.substr(mark + 1));
+    double count = 0;
+    for (const App& app : mac.world().apps) {
+        if (app.bundleIdentifier == name.substr(0, mark) && ++count == number) return app.pid;
+    }
+    return 0;
+}
+
 /// Does something with the running app that "app" names.
 template <typename Act>
 Outcome withApp(Stage& stage, const nlohmann::json& fields, Act act) {
     const std::string app = text(fields, "app");
-    const ProcessId pid = stage.mac.pidOf(app);
+    const ProcessId pid = processNamed(stage.mac, app);
     if (pid == 0) return fmt::format("no app {} runs", app);
     act(stage.mac, pid);
     return done;
+}
+
+/// Does something with the app on the disk that "app" names.
+template <typename Act>
+Outcome withInstalled(Stage& stage, const nlohmann::json& fields, Act act) {
+    const auto& installed = stage.mac.world().installed;
+    const auto found = installed.find(text(fields, "app"));
+    if (found == installed.end()) return fmt::format("{} is not installed", text(fields, "app"));
+    return act(stage.mac, found->second);
 }
 
 /// Does something with the frontmost window of the title that "window" names.
@@ -40,6 +63,19 @@ Outcome withWindow(Stage& stage, const nlohmann::json& fields, Act act) {
         return done;
     }
     return fmt::format("there is no window \"{}\"", title);
+}
+
+/// Does something that can be taken back, and is with `false`.
+template <void (SimMac::*method)(bool)>
+Outcome onFlag(Stage& stage, const nlohmann::json& fields) {
+    (stage.mac.*method)(fields.value("refuse", true));
+    return done;
+}
+
+template <void (SimMac::*method)()>
+Outcome onMac(Stage& stage, const nlohmann::json&) {
+    (stage.mac.*method)();
+    return done;
 }
 
 /// Does something with the display whose place in the row "display" names, the main one by default.

@@ -1,13 +1,18 @@
 #pragma once
 
+#include "platform/sim/ScenarioFields.h"
 #include "platform/sim/SimMac.h"
 
 #include <nlohmann/json.hpp>
 
 #include <optional>
 #include <string>
+#include <vector>
 
 namespace larkspan::sim {
+
+/// What a description of the world may hold.
+const std::vector<Field>& worldFields();
 
 /// Answers what is wrong with a scenario's description of the world at its start.
 std::optional<std::string> checkWorld(const nlohmann::json& world);

@@ -143,6 +143,11 @@ class SimMac {
     void removeDock();
     void startDock();
     void refuseDockSizes(bool refuse = true) { world_.dockRefusesSizes = refuse; }
+    /// Windows stay on their Spaces whatever the window server is told.
+    void refuseMoves(bool refuse = true) { world_.movesWindows = !refuse; }
+    void refuseLoginItem(bool refuse = true) { loginItem.refuses = refuse; }
+    /// The disk is full: settings hold for this process only.
+    void refuseToStore(bool refuse = true) { defaults.diskIsFull = refuse; }
     /// The displays are others as soon as the program has looked at those of now. Answers false
     /// when the description cannot be read.
     bool changeDisplaysAfterRead(std::string_view displays);

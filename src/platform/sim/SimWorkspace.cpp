@@ -15,7 +15,7 @@ std::vector<RunningApplication> SimWorkspace::runningApplications() const {
 }
 
 std::optional<RunningApplication> SimWorkspace::frontmostApplication() const {
-    const App* app = world_.app(world_.frontmost);
+    const App* app = world_.app(world_.reportedFrontmost);
     if (!app) return std::nullopt;
     return world_.snapshot(*app);
 }

@@ -35,9 +35,9 @@ void Stage::quit() {
     if (delegate_) mac.application.terminate();
 }
 
-void Stage::kill() {
+void Stage::kill(std::size_t survivors) {
     end();
-    mac.programKilled();
+    mac.programKilled(survivors);
 }
 
 void Stage::end() {

@@ -22,8 +22,9 @@ class Stage {
     void start();
     /// Asks it to end; it ends in its own turn of the run loop.
     void quit();
-    /// Ends it without a word: what it had not stored is lost.
-    void kill();
+    /// Ends it without a word: of the settings that it had not stored only the first `survivors`
+    /// are not lost.
+    void kill(std::size_t survivors = 0);
 
     /// Nullptr while the program does not run.
     AppDelegate* delegate() { return delegate_.get(); }

@@ -90,7 +90,7 @@ RunningApplication World::snapshot(const App& app) const {
             .activationPolicy = app.policy,
             .isFinishedLaunching = app.finishedLaunching,
             .isHidden = app.hidden,
-            .isActive = app.pid == frontmost,
+            .isActive = app.pid == reportedFrontmost,
             .isTerminated = this->app(app.pid) == nullptr,
             .icon = app.icon};
 }

@@ -132,6 +132,9 @@ struct World {
     /// In the order of their launch.
     std::vector<App> apps;
     ProcessId frontmost = 0;
+    /// Whom the workspace names as the app in front, and how many seconds after it came there.
+    ProcessId reportedFrontmost = 0;
+    double frontReportSeconds = 0;
     /// Front to back, over all displays and Spaces.
     std::vector<Window> windows;
 
