@@ -128,7 +128,10 @@ void IconClick::bringForward(Clicked& clicked) {
     if (clicked.answers) raiseMainWindow(clicked.pid);
     if (clicked.isHidden) applications_.unhide(clicked.pid);
     store_.animator.lastActivation = {clicked.pid, scheduler_.uptime()};
-    if (clicked.item.url)
+    // Opening the address of a second copy would bring the first one forward.
+    const auto& bundle = clicked.item.app->bundleIdentifier;
+    const bool isSecondCopy = bundle && *bundle != clicked.item.id;
+    if (clicked.item.url && !isSecondCopy)
         applications_.open(*clicked.item.url);
     else
         applications_.activate(clicked.pid);
