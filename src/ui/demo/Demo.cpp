@@ -23,6 +23,7 @@ void complain(const std::string& line) {
 /// A Mac in everyday use, for a person to play with. The program starts a moment later than the
 /// window opens, so that its Dock is seen as it was.
 constexpr const char* everyday = R"({
+    "title": "Larkspan on a simulated Mac",
     "world": {
         "displays": "1280x800 spaces=2",
         "usualApps": true,
@@ -49,6 +50,7 @@ int runDemo(const std::string& path) {
         return unusable;
     }
     DemoWindow window(DemoWindow::Time::real);
+    window.onFailure = [&path](const std::string& failure) { complain(path + ": " + failure); };
     window.play(std::move(*reading.scenario));
     QGuiApplication::setQuitOnLastWindowClosed(true);
     window.show();

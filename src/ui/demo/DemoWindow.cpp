@@ -87,14 +87,30 @@ std::unique_ptr<BarPanels> DemoWindow::makeBarPanels(AppController& controller) 
 void DemoWindow::play(sim::Scenario scenario) {
     runner_ = std::make_unique<sim::ScenarioRunner>(std::move(scenario), stage_);
     played_ = 0;
+    toldFailures_ = 0;
+    const auto title = QString::fromStdString(runner_->title());
+    setTitle(title);
+    runner_->onStep = [this, title](const sim::ScenarioStep& step) {
+        const auto note = step.fields.value("note", std::string());
+        if (!note.empty()) setTitle(QString("%1 — %2").arg(title, QString::fromStdString(note)));
+    };
+}
+
+void DemoWindow::tellFailures() {
+    const auto& failures = runner_->failures();
+    for (; toldFailures_ < failures.size(); ++toldFailures_) {
+        if (onFailure) onFailure(failures[toldFailures_]);
+    }
 }
 
 void DemoWindow::tick() {
     const double passed = std::min(static_cast<double>(clock_.restart()) / 1000, longestTick);
-    if (runner_ && !runner_->isOver())
+    if (runner_ && !runner_->isOver()) {
         runner_->playTo(played_ += passed);
-    else
+        tellFailures();
+    } else {
         stage_.mac.scheduler.runFor(passed);
+    }
     if (std::exchange(shownTurns_, stage_.mac.scheduler.turns()) != shownTurns_) showChanges();
 }
 

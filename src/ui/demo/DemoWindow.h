@@ -15,7 +15,9 @@
 #include <QQuickWindow>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
+#include <string>
 
 namespace larkspan::ui {
 
@@ -34,14 +36,17 @@ class DemoWindow : public QQuickWindow {
     ~DemoWindow() override;
 
     sim::Stage& stage() { return stage_; }
-    /// Plays the scenario beside the real clock.
+    /// Plays the scenario beside the real clock. The title bar says what is going on.
     void play(sim::Scenario scenario);
+    /// Hears what was not as expected, as soon as it shows.
+    std::function<void(const std::string&)> onFailure;
     /// The whole Mac as it looks now.
     QImage picture();
 
   private:
     std::unique_ptr<BarPanels> makeBarPanels(AppController& controller);
     void tick();
+    void tellFailures();
     Menu systemMenu();
     void openMenu(const Menu& menu, const QRectF& anchor);
     /// Fits the Mac into the window and draws it anew.
@@ -61,6 +66,7 @@ class DemoWindow : public QQuickWindow {
     QTimer timer_;
     QElapsedTimer clock_;
     double played_ = 0;
+    std::size_t toldFailures_ = 0;
     std::uint64_t shownTurns_ = 0;
 };
 

@@ -1,7 +1,9 @@
 #include "ui/demo/Demo.h"
 
 #include "ui/Environment.h"
+#include "ui/demo/DemoWindow.h"
 
+#include <QDeadlineTimer>
 #include <QGuiApplication>
 #include <QImage>
 
@@ -74,6 +76,24 @@ TEST_F(DemoTest, ShowsTheDockAndThePermissionsAsTheyAre) {
     EXPECT_NE(part("02-shrunk.png", accessibility), part("04-one-granted.png", accessibility));
     EXPECT_EQ(part("02-shrunk.png", screenRecording), part("04-one-granted.png", screenRecording));
     EXPECT_NE(part("02-shrunk.png", screenRecording), part("05-all-granted.png", screenRecording));
+}
+
+TEST_F(DemoTest, TheWindowSaysWhatItPlaysAndWhatWasNotAsExpected) {
+    auto reading = sim::parseScenario(R"({"title": "A story", "steps": [
+        {"at": 0, "expect": "/mode", "equals": "systemDock"},
+        {"at": 0.1, "do": "setTrash", "items": 1, "note": "Something is thrown away."}]})",
+                                      "story.json");
+    DemoWindow window(DemoWindow::Time::real);
+    std::vector<std::string> failures;
+    window.onFailure = [&](const std::string& failure) { failures.push_back(failure); };
+    window.play(std::move(*reading.scenario));
+    EXPECT_EQ(window.title(), "A story");
+    QDeadlineTimer limit(10'000);
+    while (!window.title().contains("Something") && !limit.hasExpired())
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    EXPECT_EQ(window.title(), "A story — Something is thrown away.");
+    ASSERT_EQ(failures.size(), 1U);
+    EXPECT_TRUE(failures[0].starts_with("step 1 at 0 s: /mode is"));
 }
 
 TEST_F(DemoTest, SaysByItsCodeWhatWentWrong) {
