@@ -149,10 +149,15 @@ void DockStore::rebuild() {
 }
 
 DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
-    std::map<std::string, std::set<Slot>> previousSlots;
-    for (const auto& group : *windowAppGroups)
-        for (const auto& item : group.items)
-            previousSlots[item.id].insert(group.slot);
+    std::set<std::string> previousWindowApps;
+    // By process: when one copy of an app quits, another takes over its id, not its place.
+    std::map<ProcessId, std::set<Slot>> previousSlots;
+    for (const auto& group : *windowAppGroups) {
+        for (const auto& item : group.items) {
+            previousWindowApps.insert(item.id);
+            if (item.app) previousSlots[item.app->pid].insert(group.slot);
+        }
+    }
     std::set<std::string> previousBackground;
     for (const auto& item : *backgroundItems)
         previousBackground.insert(item.id);
@@ -165,13 +170,13 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
             .pid = app.pid,
             .isHidden = app.isHidden,
             .hasWindows = windowPIDs.contains(app.pid),
-            .wasWindowApp = previousSlots.contains(ids[i]),
+            .wasWindowApp = previousWindowApps.contains(ids[i]),
             .wasBackgroundApp = previousBackground.contains(ids[i]),
             .isHeld = isPointerOnBar || animator.phase(app.pid) != WindowAnimator::Phase::none ||
                       animator.hasPendingHide(app.pid),
             .mayRegroup = regroupingIDs.contains(ids[i]),
         };
-        auto places = placesOf(app.pid, valueOf(previousSlots, ids[i]));
+        auto places = placesOf(app.pid, valueOf(previousSlots, app.pid));
         auto item = makeItem(std::move(ids[i]), &app, urlOf(app));
         if (sectionOf(facts) == Section::background)
             sections.background.push_back(std::move(item));
