@@ -1,7 +1,7 @@
 #include "dock/PinnedApps.h"
 
-#include <cctype>
-#include <fmt/format.h>
+#include "dock/fileUrl.h"
+
 #include <map>
 #include <optional>
 #include <set>
@@ -46,21 +46,6 @@ std::optional<std::string> identifierOf(const PropertyValue& entry) {
     const auto* text = identifier ? identifier->as<std::string>() : nullptr;
     if (!text || text->empty()) return std::nullopt;
     return *text;
-}
-
-std::string fileUrl(std::string_view path) {
-    constexpr std::string_view unreserved = "-._~/!$&'()*+,;=:@";
-    std::string url = "file://";
-    for (const char c : path) {
-        const auto byte = static_cast<unsigned char>(c);
-        if ((byte < 0x80 && std::isalnum(byte)) || unreserved.find(c) != std::string_view::npos)
-            url += c;
-        else
-            url += fmt::format("%{:02X}", byte);
-    }
-    // An application bundle is a folder, and a folder's URL ends with a slash.
-    if (path.ends_with(".app")) url += '/';
-    return url;
 }
 
 std::string withoutExtension(std::string name) {

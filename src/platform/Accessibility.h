@@ -9,6 +9,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -48,6 +49,11 @@ struct AXAttribute {
     template <typename T>
     const T* as() const {
         return value ? std::get_if<T>(&*value) : nullptr;
+    }
+    template <typename T>
+    T valueOr(T fallback) const {
+        const T* typed = as<T>();
+        return typed ? *typed : std::move(fallback);
     }
 };
 

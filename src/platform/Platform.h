@@ -1,6 +1,7 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/AppNotices.h"
 #include "platform/DisplayLink.h"
 #include "platform/EventTap.h"
 #include "platform/Scheduler.h"
@@ -35,6 +36,7 @@ struct Platform {
     EventTaps& eventTaps;
     DisplayLink& displayLink;
     SystemLog& systemLog;
+    AppNotices& notices;
 };
 
 } // namespace larkspan

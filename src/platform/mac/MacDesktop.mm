@@ -51,6 +51,8 @@ struct MacDesktop::Parts {
     MacEventTaps eventTaps;
     MacDisplayLink displayLink;
     MacSystemLog systemLog;
+    /// The Dock keeps them to itself.
+    AppNotices notices;
     MacPanelDressing dressing;
     MacDesktopPicture picture;
     Handle reopen;
@@ -79,7 +81,8 @@ Platform MacDesktop::platform() {
             .trash = parts_->trash,
             .eventTaps = parts_->eventTaps,
             .displayLink = parts_->displayLink,
-            .systemLog = parts_->systemLog};
+            .systemLog = parts_->systemLog,
+            .notices = parts_->notices};
 }
 
 PanelDressing& MacDesktop::panelDressing() {

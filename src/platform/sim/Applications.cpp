@@ -109,6 +109,8 @@ void Applications::bringBack(App& app) {
 void Applications::setFrontmost(ProcessId pid) {
     if (world_.frontmost == pid) return;
     world_.frontmost = pid;
+    App* app = world_.app(pid);
+    if (app && std::exchange(app->attention, std::nullopt)) world_.noticesDidChange();
     if (world_.frontReportSeconds > 0)
         frontReport_ = world_.scheduler.after(world_.frontReportSeconds, [this] { reportFront(); });
     else
@@ -158,6 +160,13 @@ bool Applications::quit(ProcessId pid) {
     if (!app || app->refusesToQuit || app->hung) return false;
     kill(pid);
     return true;
+}
+
+void Applications::requestAttention(ProcessId pid, bool isCritical) {
+    App* app = world_.app(pid);
+    if (!app || pid == world_.frontmost) return;
+    app->attention = AttentionRequest{isCritical, world_.scheduler.uptime()};
+    world_.noticesDidChange();
 }
 
 void Applications::kill(ProcessId pid) {

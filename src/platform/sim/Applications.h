@@ -49,6 +49,8 @@ class Applications {
     void unhide(ProcessId pid);
     /// Asks it to quit; answers whether it went.
     bool quit(ProcessId pid);
+    /// Nothing comes of it for the app in front.
+    void requestAttention(ProcessId pid, bool isCritical);
     /// Ends the process at once, as a crash does.
     void kill(ProcessId pid);
 

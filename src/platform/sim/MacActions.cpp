@@ -53,6 +53,17 @@ Outcome quit(Stage& stage, const json& fields) {
     return outcome ? outcome : refusal;
 }
 
+Outcome badge(Stage& stage, const json& fields) {
+    return withApp(stage, fields,
+                   [&](SimMac& mac, ProcessId pid) { mac.setBadge(pid, text(fields, "text")); });
+}
+
+Outcome bounce(Stage& stage, const json& fields) {
+    return withApp(stage, fields, [&](SimMac& mac, ProcessId pid) {
+        mac.requestAttention(pid, fields.value("critical", false));
+    });
+}
+
 /// Does something with the Space that "space" names on the display.
 template <typename Act>
 Outcome withSpace(Stage& stage, const json& fields, Act act) {
@@ -264,6 +275,8 @@ const std::vector<ScenarioAction>& macActions() {
         {"unhide", {app}, onApp<&SimMac::unhide>},
         {"quit", {app}, quit},
         {"kill", {app}, onApp<&SimMac::kill>},
+        {"badge", {app, {"text", FieldKind::text, true}}, badge},
+        {"bounce", {app, {"critical", FieldKind::flag}}, bounce},
         {"openWindow",
          {app,
           {"title", FieldKind::text, true},

@@ -36,7 +36,8 @@ json apps(const World& world) {
                         {"pid", app.pid},
                         {"hidden", app.hidden},
                         {"front", app.pid == world.frontmost},
-                        {"launched", app.finishedLaunching}});
+                        {"launched", app.finishedLaunching},
+                        {"badge", app.badge}});
     }
     return list;
 }

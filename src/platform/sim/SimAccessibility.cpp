@@ -1,5 +1,8 @@
 #include "platform/sim/SimAccessibility.h"
 
+#include "platform/sim/DockProcess.h"
+#include "platform/sim/DockTiles.h"
+
 #include <algorithm>
 #include <cstring>
 #include <utility>
@@ -30,20 +33,32 @@ AXAttribute answer(AXValue value) {
 } // namespace
 
 struct SimAccessibility::Element final : AXElement {
-    enum class Kind { systemWide, application, window, closeButton, minimizeButton };
+    enum class Kind {
+        systemWide,
+        application,
+        window,
+        closeButton,
+        minimizeButton,
+        dockList,
+        dockTile
+    };
 
-    Element(Kind kindOfElement, ProcessId process, WindowId windowNumber)
+    Element(Kind kindOfElement, ProcessId process, WindowId windowNumber, std::string tileKey)
         : kind(kindOfElement)
         , pid(process)
-        , window(windowNumber) {}
+        , window(windowNumber)
+        , tile(std::move(tileKey)) {}
 
-    static AXElementRef make(Kind kind, ProcessId pid = 0, WindowId window = 0) {
-        return std::make_shared<Element>(kind, pid, window);
+    static AXElementRef make(Kind kind, ProcessId pid = 0, WindowId window = 0,
+                             std::string tile = {}) {
+        return std::make_shared<Element>(kind, pid, window, std::move(tile));
     }
 
     Kind kind;
     ProcessId pid;
     WindowId window;
+    /// Which tile of the Dock.
+    std::string tile;
     /// Seconds; 0 for the default.
     mutable double timeout = 0;
 };
@@ -107,7 +122,11 @@ AXError SimAccessibility::call(const Element& element) const {
         return AXError::cannotComplete;
     }
     world_.scheduler.spend(app->answerSeconds);
-    if (element.kind == Element::Kind::application) return AXError::success;
+    using Kind = Element::Kind;
+    if (element.kind == Kind::application || element.kind == Kind::dockList)
+        return AXError::success;
+    if (element.kind == Kind::dockTile)
+        return dockTile(world_, element.tile) ? AXError::success : AXError::invalidUIElement;
     return world_.window(element.window) ? AXError::success : AXError::invalidUIElement;
 }
 
@@ -132,6 +151,10 @@ AXAttribute SimAccessibility::attribute(const AXElementRef& ref, std::string_vie
         return applicationAttribute(*world_.app(element.pid), name);
     case Element::Kind::window:
         return windowAttribute(element, name);
+    case Element::Kind::dockList:
+        return dockListAttribute(element, name);
+    case Element::Kind::dockTile:
+        return dockTileAttribute(*dockTile(world_, element.tile), name);
     default:
         break;
     }
@@ -151,12 +174,35 @@ AXAttribute SimAccessibility::applicationAttribute(const App& app, std::string_v
     if (name == "AXHidden") return answer(app.hidden);
     if (name == "AXFrontmost") return answer(app.pid == world_.frontmost);
     if (name == "AXWindows") return answer(windowElements(app.pid));
+    if (name == "AXChildren" && app.bundleIdentifier == DockProcess::bundleIdentifier)
+        return answer(std::vector{Element::make(Element::Kind::dockList, app.pid)});
     if (name == "AXMainWindow" || name == "AXFocusedWindow") {
         const Window* front = windows_.front(app.pid);
         if (!front) return failed(AXError::noValue);
         return answer(Element::make(Element::Kind::window, app.pid, front->id));
     }
     return failed(AXError::attributeUnsupported);
+}
+
+AXAttribute SimAccessibility::dockListAttribute(const Element& list, std::string_view name) const {
+    if (name == "AXRole") return answer(std::string("AXList"));
+    if (name != "AXChildren") return failed(AXError::attributeUnsupported);
+    std::vector<AXElementRef> tiles;
+    for (const DockTile& tile : dockTiles(world_))
+        tiles.push_back(Element::make(Element::Kind::dockTile, list.pid, 0, tile.key));
+    return answer(std::move(tiles));
+}
+
+AXAttribute SimAccessibility::dockTileAttribute(const DockTile& tile, std::string_view name) {
+    if (name == "AXRole") return answer(std::string("AXDockItem"));
+    if (name == "AXSubrole") return answer(tile.subrole);
+    if (name == "AXTitle") return answer(tile.title);
+    if (name == "AXFrame") return answer(tile.frame);
+    if (name == "AXIsApplicationRunning") return answer(tile.isRunning);
+    if (name == "AXURL" && !tile.url.empty()) return answer(tile.url);
+    if (name == "AXStatusLabel" && !tile.badge.empty()) return answer(tile.badge);
+    const bool isKnown = name == "AXURL" || name == "AXStatusLabel";
+    return failed(isKnown ? AXError::noValue : AXError::attributeUnsupported);
 }
 
 AXAttribute SimAccessibility::windowAttribute(const Element& element, std::string_view name) const {

@@ -5,6 +5,8 @@
 
 namespace larkspan::sim {
 
+struct DockTile;
+
 /// Answers for every app. A call takes as long as the app takes to answer, and to a hung app as
 /// long as the messaging time-out.
 class SimAccessibility final : public Accessibility {
@@ -37,6 +39,8 @@ class SimAccessibility final : public Accessibility {
     std::vector<AXElementRef> windowElements(ProcessId pid) const;
     AXAttribute systemAttribute(std::string_view name) const;
     AXAttribute applicationAttribute(const App& app, std::string_view name) const;
+    AXAttribute dockListAttribute(const Element& list, std::string_view name) const;
+    static AXAttribute dockTileAttribute(const DockTile& tile, std::string_view name);
     AXAttribute windowAttribute(const Element& element, std::string_view name) const;
     AXAttribute windowButton(const Element& element, std::string_view name) const;
     AXError setWindowAttribute(const Window& window, std::string_view name,

@@ -1,6 +1,7 @@
 #include "platform/sim/SimMac.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace larkspan::sim {
 
@@ -33,7 +34,8 @@ Platform SimMac::platform() {
             .trash = trash,
             .eventTaps = eventTaps,
             .displayLink = displayLink,
-            .systemLog = systemLog};
+            .systemLog = systemLog,
+            .notices = notices_};
 }
 
 void SimMac::unplug(DisplayId display) {
@@ -84,6 +86,13 @@ SpaceId SimMac::spaceAt(DisplayId id, std::size_t index) const {
 ProcessId SimMac::pidOf(std::string_view bundleIdentifier) {
     const App* app = world_.appOf(bundleIdentifier);
     return app ? app->pid : 0;
+}
+
+void SimMac::setBadge(ProcessId pid, std::string text) {
+    App* app = world_.app(pid);
+    if (!app) return;
+    app->badge = std::move(text);
+    world_.noticesDidChange();
 }
 
 void SimMac::kill(ProcessId pid) {

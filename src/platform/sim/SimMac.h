@@ -6,6 +6,7 @@
 #include "platform/sim/DockProcess.h"
 #include "platform/sim/PrivateFunctions.h"
 #include "platform/sim/SimAccessibility.h"
+#include "platform/sim/SimAppNotices.h"
 #include "platform/sim/SimApplicationControl.h"
 #include "platform/sim/SimCoreDock.h"
 #include "platform/sim/SimDisplayLink.h"
@@ -76,6 +77,12 @@ class SimMac {
     void activate(ProcessId pid) { applications_.activate(pid); }
     void hide(ProcessId pid) { applications_.hide(pid); }
     void unhide(ProcessId pid) { applications_.unhide(pid); }
+    /// The label on its tile of the Dock; an empty one is none.
+    void setBadge(ProcessId pid, std::string text);
+    /// Its tile on the Dock bounces: once, or when critical until it comes forward.
+    void requestAttention(ProcessId pid, bool isCritical) {
+        applications_.requestAttention(pid, isCritical);
+    }
     /// Answers whether it went.
     bool quit(ProcessId pid) { return applications_.quit(pid); }
     /// Ends it at once. The system starts the Dock again.
@@ -175,6 +182,7 @@ class SimMac {
     SimDockStrip strip_;
     SimWindowServer windowServer_{world_, windows_};
     SimDockPreferences dockPreferences_{world_};
+    SimAppNotices notices_{world_};
 
   public:
     // What of the interfaces a test or a scenario looks into.

@@ -154,6 +154,10 @@ void World::windowsDidChange() {
     });
 }
 
+void World::noticesDidChange() {
+    if (announcesChanges) send([this] { noticesChanged.emit(); });
+}
+
 void World::screensMayHaveChanged() {
     auto now = screens();
     if (now == lastScreens_) return;

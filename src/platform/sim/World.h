@@ -38,6 +38,13 @@ struct InstalledApp {
     Size windowSize{760, 480};
 };
 
+/// An app asks for its user: its tile on the Dock bounces once, or until the app comes forward.
+struct AttentionRequest {
+    bool isCritical = false;
+    /// Uptime, in seconds.
+    double since = 0;
+};
+
 /// A running process.
 struct App {
     ProcessId pid = 0;
@@ -48,6 +55,9 @@ struct App {
     ActivationPolicy policy = ActivationPolicy::regular;
     bool finishedLaunching = true;
     bool hidden = false;
+    /// The label on its tile; empty for none.
+    std::string badge;
+    std::optional<AttentionRequest> attention;
     /// Answers no call until it is let go: calls to it end with the messaging time-out.
     bool hung = false;
     /// Answers a request to quit by asking its user, and goes on.
@@ -154,7 +164,7 @@ struct World {
     bool mayRecordScreen = true;
     /// What the program was told first about recording the screen it is told until it starts anew.
     bool freezesScreenRecording = false;
-    /// The window server and the Trash tell of changes by themselves, as they do on X11.
+    /// The window server, the Trash and the apps themselves tell of changes, as they do on X11.
     bool announcesChanges = false;
     /// Of `privateFunctions`.
     std::set<std::string, std::less<>> missingFunctions;
@@ -181,6 +191,7 @@ struct World {
     Signal<> screensChanged;
     Signal<> windowsChanged;
     Signal<> trashChanged;
+    Signal<> noticesChanged;
     Signal<> dockPreferencesChanged;
 
     /// Whether this system has the private function of that name.
@@ -213,6 +224,7 @@ struct World {
     void tell(WorkspaceEvent::Kind kind, const App& app);
     void tell(WorkspaceEvent::Kind kind);
     void windowsDidChange();
+    void noticesDidChange();
     /// Silent when no screen differs from the last time.
     void screensMayHaveChanged();
 

@@ -10,12 +10,14 @@
 #include "platform/x11/IconTheme.h"
 #include "platform/x11/InstalledApplications.h"
 #include "platform/x11/Launcher.h"
+#include "platform/x11/LauncherEntries.h"
 #include "platform/x11/LoginEntry.h"
 #include "platform/x11/PinnedFile.h"
 #include "platform/x11/StatusNotifier.h"
 #include "platform/x11/WindowMirror.h"
 #include "platform/x11/WindowRequests.h"
 #include "platform/x11/X11Accessibility.h"
+#include "platform/x11/X11AppNotices.h"
 #include "platform/x11/X11ApplicationControl.h"
 #include "platform/x11/X11CoreDock.h"
 #include "platform/x11/X11DesktopPicture.h"
@@ -70,6 +72,8 @@ struct X11Desktop::Parts {
     X11Workspace workspace{*connection, mirror, table, installed, icons};
     X11ApplicationControl applications{table,    installed, defaults,   launcher,
                                        requests, mirror,    host.report};
+    LauncherEntries launchers{[this] { notices.update(); }};
+    X11AppNotices notices{table, installed, launchers};
     X11DockStrip strip{[this](double height) { setStrip(height); }};
     X11ScreenCapture screenCapture;
     X11CoreDock coreDock;
@@ -84,6 +88,7 @@ struct X11Desktop::Parts {
     X11PanelDressing dressing{*connection};
     X11DesktopPicture picture{*connection, scale};
 
+    Handle listening;
     bool areApplicationsStale = false;
     // From the start, as a desktop without windows may have nothing else to tell for a long time.
     bool areScreensStale = true;
@@ -108,6 +113,10 @@ X11Desktop::Parts::Parts(Host theHost, std::unique_ptr<X11Connection> theConnect
         host.report("larkspan: no window manager runs, so windows cannot be hidden or minimised");
     settle();
     connection->start(qt::watchReadable);
+    // Only to a bus that is there, as asking for one may start one; and after the first frame,
+    // which is waited for, as this is not.
+    if (!host.environment.value("DBUS_SESSION_BUS_ADDRESS").empty())
+        listening = host.scheduler.after(0.3, [this] { launchers.listen(); });
 }
 
 // Whoever is told first already reads the new state everywhere.
@@ -120,6 +129,7 @@ void X11Desktop::Parts::settle() {
     if (haveWindowsChanged || haveApplicationsChanged) workspace.update();
     if (haveScreensChanged) screens.announce();
     if (haveWindowsChanged || haveScreensChanged) windowServer.announce();
+    if (haveWindowsChanged) notices.update();
 }
 
 void X11Desktop::Parts::post() {
@@ -182,7 +192,8 @@ Platform X11Desktop::platform() {
             .trash = parts_->trash,
             .eventTaps = parts_->eventTaps,
             .displayLink = parts_->displayLink,
-            .systemLog = parts_->host.systemLog};
+            .systemLog = parts_->host.systemLog,
+            .notices = parts_->notices};
 }
 
 PanelDressing& X11Desktop::panelDressing() {

@@ -239,6 +239,22 @@ TEST_F(WindowsTest, ApplicationIsRegularWhileItHasAnOrdinaryWindow) {
     EXPECT_TRUE(runUntil([&] { return !isRegularWhenTold; }));
 }
 
+TEST_F(WindowsTest, AppWithAnUrgentWindowWantsAttention) {
+    constexpr std::uint32_t urgencyHint = 256;
+    const auto urgent = client.open({.className = "Urgent"});
+    client.open({.className = "Front"});
+    ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Front"; }));
+    auto& notices = desktop.platform().notices;
+    int changes = 0;
+    const auto watch = notices.subscribe([&] { ++changes; });
+    client.setNumbers(urgent, "WM_HINTS", "WM_HINTS", {urgencyHint, 0, 0, 0, 0, 0, 0, 0, 0});
+    ASSERT_TRUE(runUntil([&] { return !notices.notices().empty(); }));
+    EXPECT_EQ(notices.notices(), (std::vector<AppNotice>{{"x11:Urgent", "", true}}));
+    client.setNumbers(urgent, "WM_HINTS", "WM_HINTS", {0, 0, 0, 0, 0, 0, 0, 0, 0});
+    EXPECT_TRUE(runUntil([&] { return notices.notices().empty(); }));
+    EXPECT_EQ(changes, 2);
+}
+
 TEST_F(WindowsTest, TitlesOfEveryEncodingAreReadAndFollowed) {
     const auto window = client.open({.title = ""});
     client.setText(window, "WM_NAME", "STRING", "Caf\xE9");

@@ -1,0 +1,93 @@
+#include "dock/DockItemsReader.h"
+
+#include "dock/fileUrl.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace larkspan {
+
+namespace {
+
+/// Seconds that a busy Dock is waited for. It is asked often, and the next answer will do as well.
+constexpr float patience = 0.05F;
+/// Points by which a bouncing icon is at least above its line when it counts.
+constexpr double leastLift = 2;
+
+/// Whether there is somebody who could have answered.
+bool isAnswer(AXError error) {
+    return error == AXError::success || error == AXError::noValue ||
+           error == AXError::attributeUnsupported;
+}
+
+} // namespace
+
+std::optional<std::vector<DockIcon>> DockItemsReader::read(ProcessId dock) {
+    if (!findItems(dock)) {
+        items_.clear();
+        return std::nullopt;
+    }
+    return readFrames();
+}
+
+std::optional<std::vector<DockIcon>> DockItemsReader::readFrames() {
+    std::vector<DockIcon> icons;
+    for (auto& [element, icon] : items_) {
+        const auto frame = accessibility_.attribute(element, "AXFrame");
+        if (!frame.as<Rect>()) return std::nullopt;
+        icon.frame = *frame.as<Rect>();
+        icons.push_back(icon);
+    }
+    return icons;
+}
+
+bool DockItemsReader::findItems(ProcessId dock) {
+    items_.clear();
+    const auto list = listOf(patient(accessibility_.createApplication(dock)));
+    if (!list) return false;
+    const auto children = accessibility_.attribute(patient(list), "AXChildren");
+    const auto* elements = children.as<std::vector<AXElementRef>>();
+    return elements &&
+           std::ranges::all_of(*elements, [this](const auto& element) { return addItem(element); });
+}
+
+AXElementRef DockItemsReader::listOf(const AXElementRef& application) const {
+    const auto children = accessibility_.attribute(application, "AXChildren");
+    for (const auto& child : children.valueOr(std::vector<AXElementRef>())) {
+        const auto role = accessibility_.attribute(patient(child), "AXRole");
+        if (role.valueOr(std::string()) == "AXList") return child;
+    }
+    return nullptr;
+}
+
+/// Answers false when the Dock ceased to answer.
+bool DockItemsReader::addItem(const AXElementRef& element) {
+    const auto subrole = accessibility_.attribute(patient(element), "AXSubrole");
+    if (subrole.valueOr(std::string()) != "AXApplicationDockItem") return isAnswer(subrole.error);
+    const auto url = accessibility_.attribute(element, "AXURL");
+    auto path = pathOfFileUrl(url.valueOr(std::string()));
+    if (!path) return isAnswer(url.error);
+    const auto label = accessibility_.attribute(element, "AXStatusLabel");
+    if (!isAnswer(label.error)) return false;
+    items_.push_back({element, {*std::move(path), {}, label.valueOr(std::string())}});
+    return true;
+}
+
+/// A time-out holds for one element only.
+AXElementRef DockItemsReader::patient(AXElementRef element) const {
+    accessibility_.setMessagingTimeout(element, patience);
+    return element;
+}
+
+std::vector<std::size_t> liftedIcons(const std::vector<DockIcon>& icons) {
+    std::vector<std::size_t> lifted;
+    if (icons.empty()) return lifted;
+    double line = icons.front().frame.maxY();
+    for (const auto& icon : icons)
+        line = std::max(line, icon.frame.maxY());
+    for (std::size_t i = 0; i < icons.size(); ++i)
+        if (line - icons[i].frame.maxY() > leastLift) lifted.push_back(i);
+    return lifted;
+}
+
+} // namespace larkspan

@@ -1,0 +1,40 @@
+#pragma once
+
+#include "platform/AppNotices.h"
+#include "platform/Signal.h"
+#include "platform/x11/ApplicationTable.h"
+#include "platform/x11/InstalledApplications.h"
+#include "platform/x11/LauncherEntries.h"
+
+namespace larkspan::x11 {
+
+/// The counts of launchers as badges; applications ask for attention by their launcher or by any of
+/// their windows.
+class X11AppNotices : public AppNotices {
+  public:
+    X11AppNotices(const ApplicationTable& table, const InstalledApplications& installed,
+                  const LauncherEntries& launchers)
+        : table_(table)
+        , installed_(installed)
+        , launchers_(launchers) {}
+
+    bool announcesChanges() const override { return true; }
+    std::vector<AppNotice> notices() const override { return notices_; }
+    Handle subscribe(std::function<void()> callback) override {
+        return changed_.subscribe(std::move(callback));
+    }
+
+    /// Looks at the windows and the launchers anew and tells when anything differs.
+    void update();
+
+  private:
+    std::vector<AppNotice> read() const;
+
+    const ApplicationTable& table_;
+    const InstalledApplications& installed_;
+    const LauncherEntries& launchers_;
+    std::vector<AppNotice> notices_;
+    Signal<> changed_;
+};
+
+} // namespace larkspan::x11
