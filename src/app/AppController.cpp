@@ -18,7 +18,7 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
                    platform.applications, platform.application)
     , look_(platform.defaults, hasIslands)
     , mode_(settings_.mode())
-    , animator_(platform.applications)
+    , animator_(platform.scheduler, platform.applications, flights_)
     , store_(platform.scheduler, platform.workspace, platform.applications, platform.screens,
              platform.dockPreferences, animator_, log_)
     , refresh_(store_, platform.scheduler, platform.workspace, platform.screens,
@@ -111,6 +111,9 @@ void AppController::useVantrel() {
     auto& bars = makeBars();
     bars.setHeight(wantedBarHeight());
     bars.show();
+    if (!badges_)
+        badges_.emplace(store_, platform_.scheduler, platform_.workspace, platform_.accessibility,
+                        platform_.coreDock, platform_.notices, log_);
     startFitting();
 }
 
@@ -118,6 +121,7 @@ void AppController::useSystemDock() {
     mode_ = BarMode::systemDock;
     settings_.setMode(mode_);
     if (bars_) bars_->hide();
+    badges_.reset();
     platform_.dockStrip.release();
     giveDockBack();
     showStatusItem();

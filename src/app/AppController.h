@@ -7,6 +7,7 @@
 #include "bar/KeyboardEntry.h"
 #include "diagnostics/DiagnosticsLog.h"
 #include "dock/DockFitting.h"
+#include "model/BadgeRefresh.h"
 #include "model/DockStore.h"
 #include "model/IconClick.h"
 #include "model/ItemMenu.h"
@@ -97,6 +98,7 @@ class AppController {
     PermissionsWindow permissions_;
     BarLook look_;
     BarMode mode_;
+    WindowFlights flights_;
     WindowAnimator animator_;
     DockStore store_;
     WindowRefresh refresh_;
@@ -107,6 +109,8 @@ class AppController {
     std::unique_ptr<KeyboardEntry> keyboardEntry_;
     /// Present only while the system Dock is in use.
     Handle statusItem_;
+    /// Only while the bar is in use: who sees the Dock sees its badges there.
+    std::optional<BadgeRefresh> badges_;
     std::unique_ptr<DockFitting> fitting_;
     SpaceSlide slide_;
     SwipeListener swipes_;

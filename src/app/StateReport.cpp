@@ -57,12 +57,19 @@ WindowCounts countWindows(AppController& controller, ProcessId pid) {
     return counts;
 }
 
+json badgeJson(const DockStore& store, const std::string& id) {
+    const auto badge = store.badges->find(id);
+    return badge == store.badges->end() ? json(nullptr) : json(badge->second);
+}
+
 json itemJson(AppController& controller, const DockItem& item) {
     json object{{"id", item.id},
                 {"name", item.name},
                 {"running", item.app.has_value()},
                 {"pinned", item.isPinned},
                 {"launching", controller.store().launchingIDs->contains(item.id)},
+                {"badge", badgeJson(controller.store(), item.id)},
+                {"attention", controller.store().attentionIDs->contains(item.id)},
                 {"pid", nullptr},
                 {"windows", 0},
                 {"minimized", 0},

@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <cassert>
 #include <filesystem>
+#include <iterator>
 #include <utility>
 
 namespace larkspan {
@@ -18,6 +19,16 @@ namespace larkspan {
 namespace {
 
 constexpr double pinnedWriteDelay = 1.0;
+/// How long a tile may take to its new place, in seconds.
+constexpr double moveTime = 1.0;
+
+std::set<std::string> idsOf(const std::vector<DisplayGroup>& groups) {
+    std::set<std::string> ids;
+    for (const auto& group : groups)
+        for (const auto& item : group.items)
+            ids.insert(item.id);
+    return ids;
+}
 
 template <typename Key, typename Value>
 Value valueOf(const std::map<Key, Value>& map, const Key& key) {
@@ -90,6 +101,12 @@ bool DockStore::refreshRunning() {
     pruneLaunching(idsBefore);
     keepOnly(seenDisplays, runningPIDs);
     keepOnly(seenSlots, runningPIDs);
+    const auto ids = itemIds(running);
+    std::erase_if(bouncesSeen, [&](const auto& entry) {
+        return std::ranges::find(ids, entry.first) == ids.end();
+    });
+    for (const auto& id : idsBefore)
+        if (!runningIDs.contains(id)) forgetOpened(id);
     return isChanged;
 }
 
@@ -103,6 +120,17 @@ void DockStore::pruneLaunching(const std::set<std::string>& idsBefore) {
         return idsBefore.contains(id) && !runningIDs.contains(id);
     });
     launchingIDs.set(std::move(launching));
+}
+
+void DockStore::forgetOpened(const std::string& id) {
+    std::erase_if(openedFromPinned, [&](const OpenedTile& opened) { return opened.id == id; });
+}
+
+void DockStore::seeBounces(const std::string& id) {
+    checkThread();
+    bouncesSeen[id] = scheduler_.uptime();
+    auto ids = attentionIDs.get();
+    if (ids.erase(id) > 0) attentionIDs.set(std::move(ids));
 }
 
 bool DockStore::applyWindowRead(WindowRead read) {
@@ -141,11 +169,36 @@ void DockStore::rebuild() {
     checkThread();
     const BarSlots slots(screens_.screens(), spaceMap);
     auto sections = splitRunning(slots);
-    windowAppGroups.set(groupItems(sections.windowApps, slots, *showsEmptyDesktops));
+    auto groups = groupItems(sections.windowApps, slots, *showsEmptyDesktops);
+    followMoves(groups);
+    windowAppGroups.set(std::move(groups));
     groupedScreens = slots.displays();
     backgroundItems.set(std::move(sections.background));
     pinnedItems.set(makePinnedItems());
     pruneIcons();
+}
+
+/// Notes who comes from its pinned tile and who leaves, before the groups are taken over: a view
+/// that hears of them finds here how their tiles get there.
+void DockStore::followMoves(const std::vector<DisplayGroup>& groups) {
+    const auto before = idsOf(*windowAppGroups);
+    const auto now = idsOf(groups);
+    auto left = leftWindowApps.get();
+    std::ranges::set_difference(before, now, std::inserter(left, left.end()));
+    std::erase_if(left, [&](const auto& id) { return now.contains(id); });
+    auto flying = flyingIn.get();
+    std::erase_if(flying, [&](const auto& entry) { return !now.contains(entry.first); });
+    for (const auto& opened : openedFromPinned)
+        if (now.contains(opened.id)) flying[opened.id] = opened.from;
+    std::erase_if(openedFromPinned, [&](const auto& opened) { return now.contains(opened.id); });
+
+    const bool isLeaving = leftWindowApps.set(std::move(left));
+    const bool isFlying = flyingIn.set(std::move(flying));
+    if (!isLeaving && !isFlying) return;
+    movesEnd_ = scheduler_.after(moveTime, [this] {
+        leftWindowApps.set({});
+        flyingIn.set({});
+    });
 }
 
 DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {

@@ -25,6 +25,14 @@
 
 namespace larkspan {
 
+/// An app that was opened from its pinned tile.
+struct OpenedTile {
+    std::string id;
+    /// The tile's frame, in screen coordinates.
+    Rect from;
+    bool operator==(const OpenedTile&) const = default;
+};
+
 /// The one observable model of everything the bar shows: every bar renders from it and every click
 /// acts through it. `WindowRefresh` keeps it in step with the desktop. Main thread only.
 class DockStore {
@@ -43,6 +51,8 @@ class DockStore {
     Observed<std::map<DisplayId, ProcessId>> frontDisplays;
     /// Per display, the Space shown there.
     Observed<std::map<DisplayId, SpaceId>> frontSpaces;
+    /// What the system Dock says on an app's tile, by the id of the item; items without have none.
+    Observed<std::map<std::string, std::string>> badges;
     /// Ids of apps launched from the bar that have not finished launching.
     Observed<std::set<std::string>> launchingIDs;
     /// Ids of apps that request attention.
@@ -73,7 +83,18 @@ class DockStore {
     /// Ids of the items that may move between sections although the pointer is on the bar: those of
     /// apps that were brought forward from it. Emptied when the pointer leaves.
     std::set<std::string> regroupingIDs;
+    /// Apps that were opened from their pinned tile and have no window yet.
+    std::vector<OpenedTile> openedFromPinned;
+    /// The tiles of window apps that come from their pinned tile, and its frame (screen
+    /// coordinates). For as long as such a flight takes.
+    Observed<std::map<std::string, Rect>> flyingIn;
+    /// Ids of apps that have just lost their last place among the window apps.
+    Observed<std::set<std::string>> leftWindowApps;
     std::vector<DisplayId> groupedScreens;
+    /// When an app was last known to have its user's eye: what it did up to then asks for nothing.
+    /// Uptime, in seconds: the date may jump. By item id.
+    std::map<std::string, double> bouncesSeen;
+    bool isReadingBounces = false;
 
     /// Takes over the regular apps that run now; answers whether that changed anything.
     bool refreshRunning();
@@ -83,6 +104,12 @@ class DockStore {
     bool applyWindowRead(WindowRead read);
     /// The item of one pinned bundle identifier; absent when no such application is to be found.
     std::optional<DockItem> makePinnedItem(const std::string& id);
+
+    /// The user has come to the app, which asks for attention no more.
+    void seeBounces(const std::string& id);
+    /// It did not open a window in time, or it quit: a later window has nothing to do with the
+    /// tile.
+    void forgetOpened(const std::string& id);
 
     /// Those of an app's windows that the group stands for; all of them when there is no group.
     std::vector<AppWindow> windowsOf(const DisplayGroup* group,
@@ -107,6 +134,7 @@ class DockStore {
     void pruneLaunching(const std::set<std::string>& idsBefore);
     void logChanges(const WindowRead& read, bool hasNewLayout);
     Sections splitRunning(const BarSlots& slots);
+    void followMoves(const std::vector<DisplayGroup>& groups);
     AppPlaces placesOf(ProcessId pid, std::set<Slot> previous) const;
     std::vector<DockItem> makePinnedItems();
     DockItem makeItem(std::string id, const RunningApplication* app,
@@ -126,6 +154,8 @@ class DockStore {
     std::map<std::string, ImageRef> icons_;
     /// The wait before the pinned list is written to the Dock.
     Handle pinnedWrite_;
+    /// Ends `flyingIn` and `leftWindowApps`.
+    Handle movesEnd_;
 };
 
 } // namespace larkspan

@@ -46,7 +46,7 @@ IconClick::IconClick(DockStore& store, Scheduler& scheduler, Workspace& workspac
 
 void IconClick::click(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame) {
     if (!item.app || item.app->pid < 1) {
-        launch(item);
+        launch(item, tileFrame);
         return;
     }
     const ProcessId pid = item.app->pid;
@@ -79,14 +79,16 @@ void IconClick::clickRunning(Clicked clicked) {
     }
 }
 
-void IconClick::launch(const DockItem& item) {
+void IconClick::launch(const DockItem& item, const Rect& tileFrame) {
     if (!item.url) return;
     auto launching = store_.launchingIDs.get();
     const bool isNew = !store_.runningIDs.contains(item.id) && launching.insert(item.id).second;
     letTileMove(item.id);
     if (!applications_.open(*item.url) || !isNew) return;
     store_.launchingIDs.set(std::move(launching));
+    if (item.isPinned) store_.openedFromPinned.push_back({item.id, tileFrame});
     launchLimits_[item.id] = scheduler_.after(launchLimit, [this, id = item.id] {
+        store_.forgetOpened(id);
         auto stillLaunching = store_.launchingIDs.get();
         stillLaunching.erase(id);
         store_.launchingIDs.set(std::move(stillLaunching));
@@ -121,6 +123,7 @@ void IconClick::bringForward(Clicked& clicked) {
     }
     if (clicked.isHidden && store_.animator.show(clicked.pid, clicked.tileFrame)) return;
     if (isHiding) {
+        store_.animator.cancelHide(clicked.pid);
         restore(windows);
         activate(clicked.pid);
         return;

@@ -41,7 +41,7 @@ class IconClick {
     };
 
     void clickRunning(Clicked clicked);
-    void launch(const DockItem& item);
+    void launch(const DockItem& item, const Rect& tileFrame);
     void letTileMove(const std::string& id);
     bool shouldHide(Clicked& clicked) const;
     void bringForward(Clicked& clicked);

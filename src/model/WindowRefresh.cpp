@@ -96,6 +96,7 @@ void WindowRefresh::workspaceChanged(const WorkspaceEvent& event) {
 void WindowRefresh::appsChanged(const WorkspaceEvent& event) {
     // The slide, if there was one, is over: the read below stands for all that were held.
     if (event.kind == WorkspaceEvent::Kind::activeSpaceDidChange) isSwitchingSpaces_ = false;
+    if (event.application) followAnimator(event.kind, event.application->pid);
     store_.refreshRunning();
     requestRead(true);
 }
@@ -108,13 +109,20 @@ void WindowRefresh::endSpaceSwitch() {
     if (std::exchange(isSwitchingSpaces_, false)) requestRead(false);
 }
 
-void WindowRefresh::followFront() {
-    const auto front = workspace_.frontmostApplication();
+void WindowRefresh::followAnimator(WorkspaceEvent::Kind kind, ProcessId pid) {
+    if (kind == WorkspaceEvent::Kind::didTerminateApplication) store_.animator.forget(pid);
+    if (kind == WorkspaceEvent::Kind::didUnhideApplication) store_.animator.unhidden(pid);
+}
+
+std::optional<RunningApplication> WindowRefresh::followFront() {
+    auto front = workspace_.frontmostApplication();
     store_.frontmostPID.set(front ? std::optional(front->pid) : std::nullopt);
+    return front;
 }
 
 void WindowRefresh::frontmostChanged() {
-    followFront();
+    const auto front = followFront();
+    if (front && front->bundleIdentifier) store_.seeBounces(*front->bundleIdentifier);
     requestRead(false);
 }
 

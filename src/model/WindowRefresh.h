@@ -48,7 +48,8 @@ class WindowRefresh {
     void observe();
     void workspaceChanged(const WorkspaceEvent& event);
     void appsChanged(const WorkspaceEvent& event);
-    void followFront();
+    void followAnimator(WorkspaceEvent::Kind kind, ProcessId pid);
+    std::optional<RunningApplication> followFront();
     void frontmostChanged();
     void screensChanged();
     void checkTrash();

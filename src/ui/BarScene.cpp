@@ -42,6 +42,7 @@ void BarScene::observe() {
     observations_.push_back(store_.backgroundItems.observe(refresh));
     observations_.push_back(store_.frontmostPID.observe(refresh));
     observations_.push_back(store_.frontDisplays.observe(refresh));
+    observations_.push_back(store_.badges.observe(refresh));
     observations_.push_back(store_.launchingIDs.observe(refresh));
     observations_.push_back(store_.attentionIDs.observe(refresh));
     observations_.push_back(store_.isTrashEmpty.observe(refresh));

@@ -15,6 +15,9 @@ TileItem {
     required property bool isQuiet
     required property bool isLaunching
     required property bool wantsAttention
+    required property string badge
+    /// How far from its place the tile enters, in points.
+    required property real flightX
     required image
     required name
 
@@ -24,8 +27,11 @@ TileItem {
     property int travelX: slotX
     /// The way an entering tile still has to rise, in points.
     property int rise: 0
+    /// The way it still has to fly along the bar.
+    property real flight: 0
 
-    x: travelX
+    x: travelX + Math.round(flight)
+    z: flight !== 0 ? 1 : 0
     y: rise
     width: scene.tileWidth
     height: parent.height
@@ -54,6 +60,11 @@ TileItem {
         visible: tile.dot !== 0 || tile.wantsAttention
     }
 
+    Badge {
+        scene: tile.scene
+        text: tile.badge
+    }
+
     Behavior on travelX {
         enabled: tile.scene.travels
         Travel { scene: tile.scene }
@@ -70,12 +81,28 @@ TileItem {
         easing.type: Easing.OutCubic
     }
 
+    Travel {
+        id: flying
+
+        scene: tile.scene
+        target: tile
+        property: "flight"
+        from: tile.flightX
+        to: 0
+    }
+
     LaunchPulse on breath {
         running: tile.isLaunching && !tile.scene.appearance.reducesMotion
     }
 
     // Started once: bound to the scene it would be stopped half-way when tiles cease to travel.
-    Component.onCompleted: if (scene.travels) rising.start()
+    Component.onCompleted: {
+        if (!scene.travels) return;
+        if (flightX !== 0)
+            flying.start();
+        else
+            rising.start();
+    }
 
     Accessible.role: Accessible.Button
     Accessible.name: name

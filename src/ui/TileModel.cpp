@@ -55,6 +55,7 @@ QList<int> changedRoles(const TileModel::Tile& before, const TileModel::Tile& af
     compare(before.row.isRing != after.row.isRing, TileModel::QuietRole);
     compare(before.row.isLaunching != after.row.isLaunching, TileModel::LaunchingRole);
     compare(before.row.wantsAttention != after.row.wantsAttention, TileModel::AttentionRole);
+    compare(before.row.badge != after.row.badge, TileModel::BadgeRole);
     compare(statusText(before.row) != statusText(after.row), TileModel::StatusRole);
     return roles;
 }
@@ -70,9 +71,19 @@ QString statusText(const TileRow& row) {
     if (row.isFront) parts << "in front";
     if (row.item.app && row.item.app->isHidden) parts << "hidden";
     if (row.wantsAttention) parts << "wants attention";
+    if (!row.badge.empty()) parts << "badge " + QString::fromStdString(row.badge);
     if (row.isRing) parts << "on another desktop";
     if (row.item.isPinned) parts << "pinned";
     return parts.join(", ");
+}
+
+QString badgeText(const std::string& badge) {
+    const QString text = QString::fromStdString(badge).simplified();
+    bool isNumber = false;
+    const auto number = text.toLongLong(&isNumber);
+    const bool isTooLong = text.size() > 18 && std::all_of(text.begin(), text.end(),
+                                                           [](QChar c) { return c.isDigit(); });
+    return isTooLong || (isNumber && number > 99) ? QStringLiteral("99+") : text;
 }
 
 int TileModel::rowCount(const QModelIndex& parent) const {
@@ -81,7 +92,8 @@ int TileModel::rowCount(const QModelIndex& parent) const {
 
 QVariant TileModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= rowCount()) return {};
-    const auto& [row, x] = tiles_[static_cast<std::size_t>(index.row())];
+    const Tile& tile = tiles_[static_cast<std::size_t>(index.row())];
+    const auto& [row, x] = tile;
     switch (role) {
     case ImageRole:
         return QVariant::fromValue(row.item.icon);
@@ -102,9 +114,24 @@ QVariant TileModel::data(const QModelIndex& index, int role) const {
         return row.isLaunching;
     case AttentionRole:
         return row.wantsAttention;
+    case BadgeRole:
+        return badgeText(row.badge);
+    case FlightXRole:
+        return flightX(tile);
     default:
         return {};
     }
+}
+
+/// How far from its place a tile starts that flies in: on its pinned tile, which stands elsewhere
+/// by now when the bar has become wider, and on every bar at its own place.
+double TileModel::flightX(const Tile& tile) const {
+    if (!tile.row.fliesIn) return 0;
+    const auto pinned = std::find_if(tiles_.begin(), tiles_.end(), [&](const Tile& other) {
+        return other.row.section == TileRow::Section::pinned &&
+               other.row.item.id == tile.row.item.id;
+    });
+    return pinned == tiles_.end() ? 0 : pinned->x - tile.x;
 }
 
 int TileModel::indexOf(const std::string& key) const {
@@ -123,7 +150,9 @@ QHash<int, QByteArray> TileModel::roleNames() const {
             {FrontRole, "isFront"},
             {QuietRole, "isQuiet"},
             {LaunchingRole, "isLaunching"},
-            {AttentionRole, "wantsAttention"}};
+            {AttentionRole, "wantsAttention"},
+            {BadgeRole, "badge"},
+            {FlightXRole, "flightX"}};
 }
 
 void TileModel::setRows(std::vector<TileRow> rows, const std::vector<double>& tileX) {

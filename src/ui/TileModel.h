@@ -28,6 +28,8 @@ class TileModel : public QAbstractListModel {
         QuietRole,
         LaunchingRole,
         AttentionRole,
+        BadgeRole,
+        FlightXRole,
     };
 
     int rowCount(const QModelIndex& parent = {}) const override;
@@ -47,6 +49,7 @@ class TileModel : public QAbstractListModel {
     };
 
   private:
+    double flightX(const Tile& tile) const;
     void apply(const ListChange& change, const std::vector<Tile>& target);
     void takeContents(std::vector<Tile> target);
 
@@ -55,5 +58,8 @@ class TileModel : public QAbstractListModel {
 
 /// What assistive technology reads out after the tile's name.
 QString statusText(const TileRow& row);
+
+/// What a badge has room for: a number over 99 is "99+". The view shortens other texts.
+QString badgeText(const std::string& badge);
 
 } // namespace larkspan::ui

@@ -26,10 +26,12 @@ bool isInFront(const DockStore& store, const DockItem& item, const DisplayGroup&
 }
 
 TileRow plainRow(const DockStore& store, TileRow::Section section, const DockItem& item) {
+    const auto badge = store.badges->find(item.id);
     return {.section = section,
             .item = item,
             .isLaunching = store.launchingIDs->contains(item.id),
-            .wantsAttention = store.attentionIDs->contains(item.id)};
+            .wantsAttention = store.attentionIDs->contains(item.id),
+            .badge = badge == store.badges->end() ? std::string() : badge->second};
 }
 
 /// A pinned app that runs without a window is not shown twice: its pinned tile gets the dot.
@@ -57,6 +59,7 @@ void addGroups(std::vector<TileRow>& rows, const DockStore& store, DisplayId dis
             row.isRing = group.isRing;
             row.dot = isElsewhere ? TileRow::Dot::gray : TileRow::Dot::first;
             row.isFront = isInFront(store, item, group);
+            row.fliesIn = store.flyingIn->contains(item.id);
             rows.push_back(std::move(row));
         }
     }

@@ -24,6 +24,10 @@ struct TileRow {
     bool isFront = false;
     bool isLaunching = false;
     bool wantsAttention = false;
+    /// As the app gave it; empty for none.
+    std::string badge;
+    /// It has just been opened from its pinned tile.
+    bool fliesIn = false;
 
     /// Where the tile stands and whose it is: distinct within a bar, since an app may stand in
     /// several groups and be pinned besides.

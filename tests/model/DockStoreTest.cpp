@@ -104,6 +104,77 @@ TEST_F(DockStoreTest, SetsOnlyTheListsThatDiffer) {
     EXPECT_EQ(changes, 2) << "the groups and the background items";
 }
 
+TEST_F(DockStoreTest, LetsAnAppFlyInFromThePinnedTileThatOpenedIt) {
+    mac.setPinned({"com.example.mail", "com.example.notes"});
+    mac.world().installed.at("com.example.mail").launchSeconds = 2;
+    start();
+    store.reloadPinned();
+    const Rect tile{300, 0, 60, 70};
+    click.click(item("mail"), nullptr, tile);
+    launch("notes", {.opensWindow = true});
+    settle();
+    EXPECT_EQ(groups(), "notes");
+    EXPECT_THAT(*store.flyingIn, IsEmpty()) << "notes was opened elsewhere, mail has no window yet";
+    std::size_t flyingAsGroupsCame = 0;
+    const auto watch =
+        store.windowAppGroups.observe([&] { flyingAsGroupsCame = store.flyingIn->size(); });
+    mac.scheduler.runFor(2);
+    EXPECT_EQ(groups(), "mail notes");
+    EXPECT_THAT(*store.flyingIn, ElementsAre(testing::Pair("com.example.mail", tile)));
+    EXPECT_EQ(flyingAsGroupsCame, 1U);
+    mac.scheduler.runFor(1);
+    EXPECT_THAT(*store.flyingIn, IsEmpty());
+    mac.openWindow(mac.pidOf("com.example.mail"), {.display = mac.displayAt(1)});
+    settle();
+    EXPECT_THAT(*store.flyingIn, IsEmpty()) << "a later window does not come from the tile";
+}
+
+TEST_F(DockStoreTest, ForgetsThePinnedTileOfAnAppThatOpensNoWindow) {
+    const auto opensWindowLater = [](bool quitsFirst) {
+        ModelWorld world;
+        world.mac.install("com.example.mail", "mail").opensWindow = false;
+        world.mac.setPinned({"com.example.mail"});
+        world.start();
+        world.store.reloadPinned();
+        world.click.click(world.item("mail"), nullptr, {});
+        world.settle();
+        if (quitsFirst) {
+            world.mac.quit(world.mac.pidOf("com.example.mail"));
+            world.settle();
+            world.launch("mail");
+        } else {
+            world.mac.scheduler.runFor(31);
+        }
+        world.mac.openWindow(world.mac.pidOf("com.example.mail"));
+        world.settle();
+        EXPECT_EQ(world.groups(), "mail");
+        return world.store.flyingIn.get();
+    };
+    EXPECT_THAT(opensWindowLater(false), IsEmpty());
+    EXPECT_THAT(opensWindowLater(true), IsEmpty());
+}
+
+TEST_F(DockStoreTest, NamesTheAppsThatLeaveTheWindowAppsForAWhile) {
+    const auto notes = launch("notes");
+    const auto window = mac.openWindow(notes);
+    mac.openWindow(notes, {.display = mac.displayAt(1)});
+    const auto mail = launch("mail", {.opensWindow = true});
+    start();
+    mac.closeWindow(window);
+    settle();
+    EXPECT_THAT(*store.leftWindowApps, IsEmpty()) << "it still stands in another group";
+    mac.quit(mail);
+    settle();
+    EXPECT_THAT(*store.leftWindowApps, ElementsAre("com.example.mail"));
+    launch("mail", {.opensWindow = true});
+    settle();
+    EXPECT_THAT(*store.leftWindowApps, IsEmpty()) << "it is back";
+    mac.quit(mac.pidOf("com.example.mail"));
+    settle();
+    mac.scheduler.runFor(1);
+    EXPECT_THAT(*store.leftWindowApps, IsEmpty());
+}
+
 TEST_F(DockStoreTest, WritesManyPinnedChangesOnceASecondAfterTheLast) {
     start();
     store.setPinned({"com.example.mail"});

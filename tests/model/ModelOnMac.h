@@ -2,6 +2,7 @@
 
 #include "diagnostics/DiagnosticsLog.h"
 #include "model/DockStore.h"
+#include "model/PlannedFlights.h"
 #include "model/WindowAnimator.h"
 #include "model/WindowRefresh.h"
 #include "platform/sim/SimMac.h"
@@ -24,7 +25,8 @@ struct BareModel {
 
     Platform platform;
     DiagnosticsLog log{platform.scheduler};
-    WindowAnimator animator{platform.applications};
+    PlannedFlights flights;
+    WindowAnimator animator{platform.scheduler, platform.applications, flights};
     DockStore store{platform.scheduler,
                     platform.workspace,
                     platform.applications,

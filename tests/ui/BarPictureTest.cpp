@@ -79,4 +79,36 @@ TEST_F(BarPicture, ATileShowsInItsFirstFrame) {
     EXPECT_NE(before.copy(tile), after.copy(tile));
 }
 
+TEST_F(BarPicture, ABadgeStandsOnTheCornerOfItsTile) {
+    const auto setBadge = [this](const char* name, const char* text) {
+        for (const auto& app : bar.mac.world().apps)
+            if (app.name == name) bar.mac.setBadge(app.pid, text);
+        bar.mac.scheduler.runFor(1.1);
+    };
+    const auto red = [](const QImage& picture) {
+        int pixels = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x)
+                pixels += picture.pixelColor(x, y) == QColor("#d92b2b") ? 1 : 0;
+        return pixels;
+    };
+    for (const bool isDark : {false, true}) {
+        look(isDark);
+        const int before = red(bar.picture());
+        setBadge("Mail", "5");
+        look(isDark);
+        const int one = red(bar.picture());
+        EXPECT_GT(one, before + 80);
+        setBadge("Notes", "12345");
+        setBadge("Music", "Offline mode");
+        look(isDark);
+        EXPECT_GT(red(bar.picture()), 3 * one - 2 * before) << "longer ones are wider";
+        keepPicture(bar.picture(), isDark ? "badges-dark" : "badges-light");
+        for (const char* name : {"Mail", "Notes", "Music"})
+            setBadge(name, "");
+        look(isDark);
+        EXPECT_EQ(red(bar.picture()), before);
+    }
+}
+
 } // namespace larkspan::ui

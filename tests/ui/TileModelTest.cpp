@@ -90,4 +90,51 @@ TEST_F(TileModelTest, OnlyWhatDiffersIsTold) {
     EXPECT_EQ(roles, (QList<int>{TileModel::FrontRole, TileModel::StatusRole}));
 }
 
+TEST_F(TileModelTest, AppOpenedFromItsPinnedTileComesFromThere) {
+    const TileRow pinned{.section = TileRow::Section::pinned, .item = {.id = "b", .name = "b"}};
+    show(model, {pinned, windowTile("a", 1)});
+    double flight = 0;
+    QObject::connect(&model, &TileModel::rowsInserted, [&](const QModelIndex&, int row) {
+        flight = model.index(row).data(TileModel::FlightXRole).toDouble();
+    });
+    forget();
+    TileRow opened = windowTile("b", 1);
+    opened.fliesIn = true;
+    show(model, {pinned, windowTile("a", 1), opened});
+    EXPECT_EQ(inserts.size(), 1);
+    EXPECT_EQ(flight, -100) << "two places along the bar";
+    forget();
+    show(model, {pinned, windowTile("a", 1), windowTile("b", 1)});
+    EXPECT_EQ(inserts.size() + removes.size() + moves.size() + contents.size(), 0);
+}
+
+TEST_F(TileModelTest, BadgeIsShownShortAndToldWhole) {
+    TileRow row = windowTile("a", 1);
+    show(model, {row});
+    forget();
+    row.badge = "1234";
+    show(model, {row});
+    ASSERT_EQ(contents.size(), 1);
+    EXPECT_EQ(contents.front().at(2).value<QList<int>>(),
+              (QList<int>{TileModel::BadgeRole, TileModel::StatusRole}));
+    EXPECT_EQ(model.index(0).data(TileModel::BadgeRole), "99+");
+    EXPECT_EQ(model.index(0).data(TileModel::StatusRole), "badge 1234");
+}
+
+TEST(BadgeText, HasRoomOnTheTile) {
+    struct Case {
+        std::string badge;
+        const char* text;
+    };
+    for (const auto& [badge, text] : std::vector<Case>{{"", ""},
+                                                       {"5", "5"},
+                                                       {"99", "99"},
+                                                       {"100", "99+"},
+                                                       {std::string(30, '9'), "99+"},
+                                                       {"-5", "-5"},
+                                                       {" new\n", "new"},
+                                                       {"5 new mails", "5 new mails"}})
+        EXPECT_EQ(badgeText(badge), text);
+}
+
 } // namespace larkspan::ui

@@ -1,0 +1,200 @@
+#include "model/BadgeRefresh.h"
+
+#include "model/ItemIdentity.h"
+
+#include <fmt/format.h>
+
+#include <algorithm>
+#include <deque>
+#include <utility>
+
+namespace larkspan {
+
+namespace {
+
+constexpr double bounceInterval = 0.25;
+/// Labels are read with every so many bounce reads: once a second.
+constexpr std::size_t ticksPerBadges = 4;
+/// An icon may come down for so many seconds after its app has started or come forward.
+constexpr double landingTime = 1.0;
+/// The longest rest between two bounces of one request, in seconds: after that it has ended.
+constexpr double longestRest = 3.0;
+constexpr const char* dockIdentifier = "com.apple.dock";
+constexpr const char* readQueue = "dock items";
+constexpr const char* category = "badges";
+constexpr std::uint32_t bottom = 2;
+
+std::map<std::string, std::deque<std::string>> idsByPath(const DockStore& store) {
+    std::map<std::string, std::deque<std::string>> ids;
+    auto runningIds = itemIds(store.running);
+    for (std::size_t i = 0; i < store.running.size(); ++i)
+        if (const auto& path = store.running[i].bundleURL)
+            ids[*path].push_back(std::move(runningIds[i]));
+    for (const auto& item : *store.pinnedItems)
+        if (!item.app && item.url) ids[*item.url].push_back(item.id);
+    return ids;
+}
+
+} // namespace
+
+BadgeRefresh::BadgeRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace,
+                           const Accessibility& accessibility, const CoreDock& dock,
+                           AppNotices& notices, DiagnosticsLog& log)
+    : store_(store)
+    , scheduler_(scheduler)
+    , workspace_(workspace)
+    , dock_(dock)
+    , log_(log)
+    , reader_(std::make_shared<DockItemsReader>(accessibility)) {
+    store_.isReadingBounces = false;
+    if (!notices.announcesChanges()) {
+        source_ = scheduler.every(bounceInterval, [this] { tick(); });
+        return;
+    }
+    source_ = notices.subscribe([this, &notices] { takeNotices(notices.notices()); });
+    takeNotices(notices.notices());
+}
+
+void BadgeRefresh::tick() {
+    if (store_.isReadingBounces) return;
+    const auto depth = ticks_++ % ticksPerBadges == 0 ? Depth::all : Depth::frames;
+    // A Dock that did not answer, or is no more, is looked for with the labels.
+    if (!dockPid_ && depth == Depth::all) dockPid_ = findDock();
+    if (dockPid_) read(depth);
+    // Requests end while nobody answers, too.
+    dropOldBounces();
+    updateAttention();
+}
+
+std::optional<ProcessId> BadgeRefresh::findDock() const {
+    for (const auto& app : workspace_.runningApplications())
+        if (app.bundleIdentifier == dockIdentifier) return app.pid;
+    return std::nullopt;
+}
+
+void BadgeRefresh::read(Depth depth) {
+    store_.isReadingBounces = true;
+    scheduler_.queue(readQueue).post([this, &scheduler = scheduler_, reader = reader_,
+                                      pid = *dockPid_, depth, alive = std::weak_ptr(alive_)] {
+        auto icons = depth == Depth::all ? reader->read(pid) : reader->readFrames();
+        scheduler.post([this, icons = std::move(icons), depth, alive] {
+            if (!alive.expired()) readFinished(icons, depth);
+        });
+    });
+}
+
+void BadgeRefresh::readFinished(const Icons& icons, Depth depth) {
+    store_.isReadingBounces = false;
+    if (!icons && depth == Depth::frames) return; // An icon went; the next whole read tells which.
+    if (!icons) {
+        dockPid_.reset();
+        if (!std::exchange(hasComplained_, true))
+            log_.write(category, "the Dock does not tell its icons; badges stay as they were");
+        return;
+    }
+    if (depth == Depth::all) noteBadges(*icons);
+    if (std::exchange(hasComplained_, false))
+        log_.write(category, "the Dock tells its icons again");
+    // An icon of a Dock at a side leaves its line sideways, which is no bounce of ours to see:
+    // under the bar the Dock stands at the bottom.
+    const bool isAtBottom = !dock_.has(CoreDockFunction::getOrientationAndPinning) ||
+                            dock_.orientationAndPinning().orientation == bottom;
+    if (isAtBottom) noteBounces(*icons);
+    updateAttention();
+}
+
+/// For each icon the item it stands for. Two processes of one bundle have an icon each, in the
+/// order in which they were started.
+std::vector<std::optional<std::string>>
+BadgeRefresh::idsOf(const std::vector<DockIcon>& icons) const {
+    auto left = idsByPath(store_);
+    std::vector<std::optional<std::string>> ids;
+    for (const auto& icon : icons) {
+        auto& candidates = left[icon.path];
+        ids.emplace_back();
+        if (candidates.empty()) continue;
+        ids.back() = std::move(candidates.front());
+        candidates.pop_front();
+    }
+    return ids;
+}
+
+void BadgeRefresh::noteBadges(const std::vector<DockIcon>& icons) {
+    const auto ids = idsOf(icons);
+    std::map<std::string, std::string> badges;
+    for (std::size_t i = 0; i < icons.size(); ++i)
+        if (ids[i] && !icons[i].badge.empty()) badges[*ids[i]] = icons[i].badge;
+    setBadges(std::move(badges));
+}
+
+void BadgeRefresh::setBadges(std::map<std::string, std::string> badges) {
+    const auto before = *store_.badges;
+    if (!store_.badges.set(std::move(badges))) return;
+    for (const auto& [id, text] : *store_.badges)
+        if (const auto old = before.find(id); old == before.end() || old->second != text)
+            log_.write(category, fmt::format("badge of {} is {}", id, text));
+    for (const auto& [id, text] : before)
+        if (!store_.badges->contains(id)) log_.write(category, fmt::format("{} has no badge", id));
+}
+
+/// What an app does while it starts or is in front asks for nobody.
+void BadgeRefresh::seeApps() {
+    const auto ids = itemIds(store_.running);
+    for (std::size_t i = 0; i < ids.size(); ++i) {
+        const auto& app = store_.running[i];
+        if (!app.isFinishedLaunching || app.pid == *store_.frontmostPID)
+            store_.bouncesSeen[ids[i]] = scheduler_.uptime();
+    }
+}
+
+void BadgeRefresh::noteBounces(const std::vector<DockIcon>& icons) {
+    seeApps();
+    const auto running = itemIds(store_.running);
+    const auto ids = idsOf(icons);
+    const double now = scheduler_.uptime();
+    for (const std::size_t i : liftedIcons(icons)) {
+        // An app that is not in the list yet is about to start.
+        if (!ids[i] || std::ranges::find(running, *ids[i]) == running.end()) continue;
+        const auto seen = store_.bouncesSeen.find(*ids[i]);
+        if (seen == store_.bouncesSeen.end() || now - seen->second >= landingTime)
+            requests_[*ids[i]] = now;
+    }
+}
+
+void BadgeRefresh::dropOldBounces() {
+    const auto running = itemIds(store_.running);
+    const double oldest = scheduler_.uptime() - longestRest;
+    std::erase_if(requests_, [&](const auto& request) {
+        return request.second < oldest ||
+               std::ranges::find(running, request.first) == running.end();
+    });
+}
+
+void BadgeRefresh::takeNotices(const std::vector<AppNotice>& notices) {
+    seeApps();
+    std::map<std::string, std::string> badges;
+    auto before = std::exchange(requests_, {});
+    for (const auto& notice : notices) {
+        if (!notice.badge.empty()) badges[notice.bundleIdentifier] = notice.badge;
+        if (!notice.wantsAttention) continue;
+        const auto known = before.find(notice.bundleIdentifier);
+        requests_[notice.bundleIdentifier] =
+            known == before.end() ? scheduler_.uptime() : known->second;
+    }
+    setBadges(std::move(badges));
+    updateAttention();
+}
+
+void BadgeRefresh::updateAttention() {
+    std::set<std::string> ids;
+    for (const auto& [id, since] : requests_) {
+        const auto seen = store_.bouncesSeen.find(id);
+        if (seen == store_.bouncesSeen.end() || seen->second < since) ids.insert(id);
+    }
+    for (const auto& id : ids)
+        if (!store_.attentionIDs->contains(id))
+            log_.write(category, fmt::format("{} wants attention", id));
+    store_.attentionIDs.set(std::move(ids));
+}
+
+} // namespace larkspan
