@@ -1,6 +1,7 @@
 #pragma once
 
 #include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
@@ -18,6 +19,8 @@ struct MenuItem {
     /// Called on the main thread when the item is chosen.
     std::function<void()> action;
     std::vector<MenuItem> submenu;
+    /// What stands in its place while the Option key is held; nullptr for the same line.
+    std::shared_ptr<const MenuItem> alternate;
 
     static MenuItem separator() { return {.kind = Kind::separator}; }
 };

@@ -31,6 +31,7 @@ struct Platform {
     DockPreferences& dockPreferences;
     StatusBar& statusBar;
     LoginItem& loginItem;
+    LoginItems& loginItems;
     HostApplication& application;
     TrashFolder& trash;
     EventTaps& eventTaps;

@@ -7,6 +7,7 @@
 #include <functional>
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace larkspan {
 
@@ -48,6 +49,17 @@ class LoginItem {
     /// False when the system refuses, and when there is nothing to take back.
     virtual bool unregisterItem() = 0;
     virtual void openSystemSettings() = 0;
+};
+
+/// The applications besides this program that are opened at login.
+class LoginItems {
+  public:
+    virtual ~LoginItems() = default;
+    /// Whether the application at that place is; absent where this system does not let it be known
+    /// and changed.
+    virtual std::optional<bool> opensAtLogin(std::string_view application) const = 0;
+    /// Answers whether it is as asked for now.
+    virtual bool setOpensAtLogin(std::string_view application, bool opens) = 0;
 };
 
 /// The user's Trash folder.

@@ -20,6 +20,7 @@ enum class CoreDockFunction {
     setOrientationAndPinning,
     isMagnificationEnabled,
     setMagnificationEnabled,
+    sendNotification,
 };
 
 struct OrientationAndPinning {
@@ -45,6 +46,9 @@ class CoreDock {
     virtual void setOrientationAndPinning(OrientationAndPinning value) = 0;
     virtual bool isMagnificationEnabled() const = 0;
     virtual void setMagnificationEnabled(bool enabled) = 0;
+    /// Tells the Dock to do what a key of the keyboard tells it: "com.apple.expose.front.awake"
+    /// spreads out the windows of the app in front.
+    virtual void sendNotification(std::string_view name) = 0;
 };
 
 /// The preferences domain of the Dock, "com.apple.dock". On a desktop without a system Dock it is a

@@ -45,6 +45,9 @@ class TwoDocks : public Workspace, public ApplicationControl {
     Handle subscribe(std::function<void(const WorkspaceEvent&)>) override { return {}; }
 
     bool open(std::string_view) override { return false; }
+    bool openWith(const std::vector<std::string>&, std::string_view) override { return false; }
+    bool openNewInstance(std::string_view) override { return false; }
+    bool reveal(std::string_view) override { return false; }
     bool activate(ProcessId) override { return false; }
     bool hide(ProcessId) override { return false; }
     bool unhide(ProcessId) override { return false; }

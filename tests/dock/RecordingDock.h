@@ -33,6 +33,7 @@ class RecordingDock : public CoreDock {
         magnifies = enabled;
         calls.push_back(fmt::format("magnify {}", enabled));
     }
+    void sendNotification(std::string_view name) override { calls.emplace_back(name); }
 
     std::set<CoreDockFunction> missing;
     float size = 0.3F;

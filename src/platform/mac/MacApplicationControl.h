@@ -14,6 +14,9 @@ class MacApplicationControl final : public ApplicationControl {
     explicit MacApplicationControl(std::function<void(const std::string&)> report);
 
     bool open(std::string_view url) override;
+    bool openWith(const std::vector<std::string>& urls, std::string_view application) override;
+    bool openNewInstance(std::string_view application) override;
+    bool reveal(std::string_view url) override;
     bool activate(ProcessId pid) override;
     bool hide(ProcessId pid) override;
     bool unhide(ProcessId pid) override;

@@ -16,32 +16,71 @@ NSRunningApplication* running(ProcessId pid) {
     return [NSRunningApplication runningApplicationWithProcessIdentifier:pid];
 }
 
+using Report = std::function<void(const std::string&)>;
+
+/// Nil for an address that cannot be read.
+NSURL* placeOf(std::string_view url) {
+    return url.starts_with('/') ? [NSURL fileURLWithPath:nsString(url)]
+                                : [NSURL URLWithString:nsString(url)];
+}
+
+/// What the workspace calls on a thread of its own once it knows how a request ended.
+void (^answer(const Report& report))(NSRunningApplication*, NSError*) {
+    const Report told = report;
+    return ^(NSRunningApplication*, NSError* error) {
+      if (error == nil) return;
+      const std::string line = textOf(error.localizedDescription);
+      dispatch_async(dispatch_get_main_queue(), ^{
+        told(line);
+      });
+    };
+}
+
 } // namespace
 
 MacApplicationControl::MacApplicationControl(std::function<void(const std::string&)> report)
     : report_(std::move(report)) {}
 
-// The answer to either request comes later, on a thread of the workspace's.
 bool MacApplicationControl::open(std::string_view url) {
-    NSURL* place = url.starts_with('/') ? [NSURL fileURLWithPath:nsString(url)]
-                                        : [NSURL URLWithString:nsString(url)];
+    NSURL* place = placeOf(url);
     if (place == nil) return false;
-    auto report = report_;
-    const auto answered = ^(NSRunningApplication*, NSError* error) {
-      if (error == nil) return;
-      const std::string line = textOf(error.localizedDescription);
-      dispatch_async(dispatch_get_main_queue(), ^{
-        report(line);
-      });
-    };
     NSWorkspace* workspace = NSWorkspace.sharedWorkspace;
     NSWorkspaceOpenConfiguration* configuration = [NSWorkspaceOpenConfiguration configuration];
     if ([place.pathExtension isEqualToString:@"app"])
         [workspace openApplicationAtURL:place
                           configuration:configuration
-                      completionHandler:answered];
+                      completionHandler:answer(report_)];
     else
-        [workspace openURL:place configuration:configuration completionHandler:answered];
+        [workspace openURL:place configuration:configuration completionHandler:answer(report_)];
+    return true;
+}
+
+bool MacApplicationControl::openWith(const std::vector<std::string>& urls,
+                                     std::string_view application) {
+    NSMutableArray<NSURL*>* places = [NSMutableArray array];
+    for (const auto& url : urls)
+        if (NSURL* place = placeOf(url)) [places addObject:place];
+    if (places.count == 0) return false;
+    [NSWorkspace.sharedWorkspace openURLs:places
+                     withApplicationAtURL:[NSURL fileURLWithPath:nsString(application)]
+                            configuration:[NSWorkspaceOpenConfiguration configuration]
+                        completionHandler:answer(report_)];
+    return true;
+}
+
+bool MacApplicationControl::openNewInstance(std::string_view application) {
+    NSWorkspaceOpenConfiguration* configuration = [NSWorkspaceOpenConfiguration configuration];
+    configuration.createsNewApplicationInstance = YES;
+    [NSWorkspace.sharedWorkspace
+        openApplicationAtURL:[NSURL fileURLWithPath:nsString(application)]
+               configuration:configuration
+           completionHandler:answer(report_)];
+    return true;
+}
+
+bool MacApplicationControl::reveal(std::string_view url) {
+    [NSWorkspace.sharedWorkspace
+        activateFileViewerSelectingURLs:@[ [NSURL fileURLWithPath:nsString(url)] ]];
     return true;
 }
 

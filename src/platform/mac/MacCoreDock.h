@@ -20,6 +20,7 @@ class MacCoreDock final : public CoreDock {
     void setOrientationAndPinning(OrientationAndPinning value) override;
     bool isMagnificationEnabled() const override;
     void setMagnificationEnabled(bool enabled) override;
+    void sendNotification(std::string_view name) override;
 
   private:
     const PrivateFunctions& functions_;

@@ -1,5 +1,7 @@
 #include "platform/mac/MacCoreDock.h"
 
+#include "platform/mac/text.h"
+
 namespace larkspan::mac {
 
 bool MacCoreDock::has(CoreDockFunction function) const {
@@ -20,6 +22,8 @@ bool MacCoreDock::has(CoreDockFunction function) const {
         return functions_.coreDockIsMagnificationEnabled.get() != nullptr;
     case CoreDockFunction::setMagnificationEnabled:
         return functions_.coreDockSetMagnificationEnabled.get() != nullptr;
+    case CoreDockFunction::sendNotification:
+        return functions_.coreDockSendNotification.get() != nullptr;
     }
     return false;
 }
@@ -58,6 +62,10 @@ bool MacCoreDock::isMagnificationEnabled() const {
 
 void MacCoreDock::setMagnificationEnabled(bool enabled) {
     functions_.coreDockSetMagnificationEnabled.get()(enabled);
+}
+
+void MacCoreDock::sendNotification(std::string_view name) {
+    functions_.coreDockSendNotification.get()((__bridge CFStringRef)nsString(name), 0);
 }
 
 } // namespace larkspan::mac

@@ -10,6 +10,7 @@
 #include "platform/mac/MacEventTaps.h"
 #include "platform/mac/MacHostApplication.h"
 #include "platform/mac/MacLoginItem.h"
+#include "platform/mac/MacLoginItems.h"
 #include "platform/mac/MacPanelDressing.h"
 #include "platform/mac/MacScreenCapture.h"
 #include "platform/mac/MacScreens.h"
@@ -47,6 +48,7 @@ struct MacDesktop::Parts {
     MacDockPreferences dockPreferences;
     MacStatusBar statusBar;
     MacLoginItem loginItem;
+    MacLoginItems loginItems;
     MacTrash trash;
     MacEventTaps eventTaps;
     MacDisplayLink displayLink;
@@ -77,6 +79,7 @@ Platform MacDesktop::platform() {
             .dockPreferences = parts_->dockPreferences,
             .statusBar = parts_->statusBar,
             .loginItem = parts_->loginItem,
+            .loginItems = parts_->loginItems,
             .application = parts_->application,
             .trash = parts_->trash,
             .eventTaps = parts_->eventTaps,

@@ -74,13 +74,23 @@ NSMenuItem* nsMenuItem(const MenuItem& line) {
     return item;
 }
 
+/// The system shows the one or the other by the key, where they follow each other.
+void addLine(NSMenu* menu, const MenuItem& line) {
+    [menu addItem:nsMenuItem(line)];
+    if (!line.alternate) return;
+    NSMenuItem* alternate = nsMenuItem(*line.alternate);
+    alternate.keyEquivalentModifierMask = NSEventModifierFlagOption;
+    alternate.alternate = YES;
+    [menu addItem:alternate];
+}
+
 } // namespace
 
 NSMenu* nsMenu(const Menu& menu) {
     NSMenu* native = [[NSMenu alloc] initWithTitle:@""];
     native.autoenablesItems = NO;
     for (const MenuItem& line : menu)
-        [native addItem:nsMenuItem(line)];
+        addLine(native, line);
     return native;
 }
 

@@ -44,7 +44,7 @@ class PrivateFunctions {
     const PrivateFunction<AXUIElementRef(CFDataRef token)> axElementCreateWithRemoteToken{
         lookup_, {"_AXUIElementCreateWithRemoteToken"}};
 
-    // The Dock's settings.
+    // The Dock.
     const PrivateFunction<float()> coreDockGetTileSize{lookup_, {"CoreDockGetTileSize"}};
     /// Some sources know a second argument; passing it keeps its register defined.
     const PrivateFunction<void(float fraction, Boolean)> coreDockSetTileSize{
@@ -61,6 +61,9 @@ class PrivateFunctions {
         lookup_, {"CoreDockIsMagnificationEnabled"}};
     const PrivateFunction<void(Boolean)> coreDockSetMagnificationEnabled{
         lookup_, {"CoreDockSetMagnificationEnabled"}};
+    /// 0 is what everyone passes.
+    const PrivateFunction<CGError(CFStringRef name, int)> coreDockSendNotification{
+        lookup_, {"CoreDockSendNotification"}};
 };
 
 } // namespace larkspan::mac

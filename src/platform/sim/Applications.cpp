@@ -64,27 +64,63 @@ void Applications::finishLaunching(ProcessId pid, const LaunchOptions& options) 
 bool Applications::open(std::string_view path) {
     world_.opened.emplace_back(path);
     if (world_.privacy.open(path)) return true;
+    const InstalledApp* bundle = installedAt(path);
+    if (!bundle) {
+        // A folder opens in the Finder; addresses are only noted.
+        if (path.starts_with('/')) openFolder(path);
+        return true;
+    }
+    if (App* running = world_.appOf(bundle->bundleIdentifier))
+        bringBack(*running);
+    else
+        launchUsually(*bundle, bundle->opensWindow);
+    return true;
+}
+
+bool Applications::openWith(const std::vector<std::string>& files, std::string_view application) {
+    const InstalledApp* bundle = installedAt(application);
+    if (!bundle) return false;
+    App* running = world_.appOf(bundle->bundleIdentifier);
+    const ProcessId pid = running ? running->pid : launchUsually(*bundle, false);
+    for (const auto& file : files) {
+        world_.opened.push_back(file);
+        windows_.open(pid, {.title = file.substr(file.rfind('/') + 1)});
+    }
+    activate(pid);
+    return true;
+}
+
+bool Applications::openNewInstance(std::string_view application) {
+    const InstalledApp* bundle = installedAt(application);
+    if (bundle) launchUsually(*bundle, bundle->opensWindow);
+    return bundle != nullptr;
+}
+
+bool Applications::reveal(std::string_view path) {
+    world_.revealed.emplace_back(path);
+    return openFolder(path.substr(0, path.rfind('/')));
+}
+
+bool Applications::openFolder(std::string_view path) {
+    const App* finder = world_.appOf(finderIdentifier);
+    if (!finder) return false;
+    const ProcessId pid = finder->pid;
+    activate(pid);
+    windows_.open(pid, {.title = std::string(path.substr(path.rfind('/') + 1))});
+    return true;
+}
+
+const InstalledApp* Applications::installedAt(std::string_view path) const {
     const auto found =
         std::find_if(world_.installed.begin(), world_.installed.end(),
                      [path](const auto& entry) { return entry.second.path == path; });
-    if (found == world_.installed.end()) {
-        // A folder opens in the Finder; addresses are only noted.
-        if (App* finder = world_.appOf(finderIdentifier); finder && path.starts_with('/')) {
-            const ProcessId pid = finder->pid;
-            activate(pid);
-            windows_.open(pid, {.title = std::string(path.substr(path.rfind('/') + 1))});
-        }
-        return true;
-    }
-    const InstalledApp& bundle = found->second;
-    if (App* running = world_.appOf(bundle.bundleIdentifier)) {
-        bringBack(*running);
-        return true;
-    }
-    launch(bundle.bundleIdentifier, {.launchSeconds = bundle.launchSeconds,
-                                     .opensWindow = bundle.opensWindow,
-                                     .policy = bundle.policy});
-    return true;
+    return found == world_.installed.end() ? nullptr : &found->second;
+}
+
+ProcessId Applications::launchUsually(const InstalledApp& bundle, bool opensWindow) {
+    return launch(bundle.bundleIdentifier, {.launchSeconds = bundle.launchSeconds,
+                                            .opensWindow = opensWindow,
+                                            .policy = bundle.policy});
 }
 
 void Applications::bringBack(App& app) {

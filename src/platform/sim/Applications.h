@@ -40,6 +40,12 @@ class Applications {
     /// What a click in the Finder does: launches the app at the path, or brings it forward with a
     /// window to work in.
     bool open(std::string_view path);
+    /// The app at that place opens each of them in a window.
+    bool openWith(const std::vector<std::string>& files, std::string_view application);
+    /// Another process of the app at that place.
+    bool openNewInstance(std::string_view application);
+    /// The Finder comes forward with the folder of the file.
+    bool reveal(std::string_view path);
 
     /// Comes forward with all its windows; a hidden app is shown again.
     void activate(ProcessId pid);
@@ -59,6 +65,9 @@ class Applications {
     void settleFrontmost();
 
   private:
+    const InstalledApp* installedAt(std::string_view path) const;
+    ProcessId launchUsually(const InstalledApp& bundle, bool opensWindow);
+    bool openFolder(std::string_view path);
     void finishLaunching(ProcessId pid, const LaunchOptions& options);
     void bringBack(App& app);
     void setFrontmost(ProcessId pid);

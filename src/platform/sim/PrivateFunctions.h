@@ -7,7 +7,7 @@ namespace larkspan::sim {
 
 /// The names of the functions that no header promises, as a Mac knows them: any of them may be
 /// missing on some system.
-inline constexpr std::array<std::string_view, 15> privateFunctions{
+inline constexpr std::array<std::string_view, 16> privateFunctions{
     "CoreDockGetTileSize",
     "CoreDockSetTileSize",
     "CoreDockGetAutoHideEnabled",
@@ -16,6 +16,7 @@ inline constexpr std::array<std::string_view, 15> privateFunctions{
     "CoreDockSetOrientationAndPinning",
     "CoreDockIsMagnificationEnabled",
     "CoreDockSetMagnificationEnabled",
+    "CoreDockSendNotification",
     "CGWindowListCreate",
     "CGSMainConnectionID",
     "CGSCopyManagedDisplaySpaces",

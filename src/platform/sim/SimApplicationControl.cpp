@@ -9,7 +9,11 @@ constexpr int terminateSignal = 15;
 
 bool SimApplicationControl::activate(ProcessId pid) {
     if (!world_.app(pid)) return false;
-    applications_.activate(pid);
+    if (world_.activationSeconds > 0)
+        activation_ = world_.scheduler.after(world_.activationSeconds,
+                                             [this, pid] { applications_.activate(pid); });
+    else
+        applications_.activate(pid);
     return true;
 }
 

@@ -13,6 +13,13 @@ class SimApplicationControl final : public ApplicationControl {
         , dock_(dock) {}
 
     bool open(std::string_view url) override { return applications_.open(url); }
+    bool openWith(const std::vector<std::string>& urls, std::string_view application) override {
+        return applications_.openWith(urls, application);
+    }
+    bool openNewInstance(std::string_view application) override {
+        return applications_.openNewInstance(application);
+    }
+    bool reveal(std::string_view url) override { return applications_.reveal(url); }
     bool activate(ProcessId pid) override;
     bool hide(ProcessId pid) override;
     bool unhide(ProcessId pid) override;
@@ -24,6 +31,8 @@ class SimApplicationControl final : public ApplicationControl {
     World& world_;
     Applications& applications_;
     DockProcess& dock_;
+    /// The app on its way to the front; the last one asked counts.
+    Handle activation_;
 };
 
 } // namespace larkspan::sim

@@ -22,6 +22,8 @@ std::string_view nameOf(CoreDockFunction function) {
         return "CoreDockIsMagnificationEnabled";
     case CoreDockFunction::setMagnificationEnabled:
         return "CoreDockSetMagnificationEnabled";
+    case CoreDockFunction::sendNotification:
+        return "CoreDockSendNotification";
     }
     return {};
 }

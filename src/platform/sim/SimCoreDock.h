@@ -19,6 +19,9 @@ class SimCoreDock final : public CoreDock {
     void setOrientationAndPinning(OrientationAndPinning value) override;
     bool isMagnificationEnabled() const override { return world_.dock.magnification; }
     void setMagnificationEnabled(bool enabled) override;
+    void sendNotification(std::string_view name) override {
+        world_.dockNotifications.emplace_back(name, world_.frontmost);
+    }
 
     /// How often a setter was called.
     int setCalls() const { return setCalls_; }

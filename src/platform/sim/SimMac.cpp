@@ -30,6 +30,7 @@ Platform SimMac::platform() {
             .dockPreferences = dockPreferences_,
             .statusBar = statusBar,
             .loginItem = loginItem,
+            .loginItems = loginItems,
             .application = application,
             .trash = trash,
             .eventTaps = eventTaps,

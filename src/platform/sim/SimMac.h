@@ -14,6 +14,7 @@
 #include "platform/sim/SimEventTaps.h"
 #include "platform/sim/SimHostApplication.h"
 #include "platform/sim/SimLoginItem.h"
+#include "platform/sim/SimLoginItems.h"
 #include "platform/sim/SimScreenCapture.h"
 #include "platform/sim/SimScreens.h"
 #include "platform/sim/SimStatusBar.h"
@@ -193,6 +194,7 @@ class SimMac {
     SimCoreDock coreDock{world_};
     SimStatusBar statusBar;
     SimLoginItem loginItem;
+    SimLoginItems loginItems;
     SimHostApplication application{world_.scheduler};
     SimTrash trash{world_, applications_};
     SimEventTaps eventTaps{world_.scheduler};

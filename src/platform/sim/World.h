@@ -179,6 +179,8 @@ struct World {
     bool windowListAnswers = true;
     /// Seconds that a read of the window list takes.
     double windowListSeconds = 0;
+    /// Seconds until an app that the program asks to come forward is in front.
+    double activationSeconds = 0;
     /// Seconds after which an Accessibility call to a hung app gives up.
     double messagingTimeout = 6;
 
@@ -186,6 +188,10 @@ struct World {
     bool trashHoldsDesktopServicesFile = false;
     /// What was asked to be opened, in order.
     std::vector<std::string> opened;
+    /// What was shown in the file manager, in order.
+    std::vector<std::string> revealed;
+    /// What the Dock was told to do, with the app in front at that time.
+    std::vector<std::pair<std::string, ProcessId>> dockNotifications;
 
     Signal<const WorkspaceEvent&> workspaceEvents;
     Signal<> screensChanged;

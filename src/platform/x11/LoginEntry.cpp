@@ -1,6 +1,7 @@
 #include "platform/x11/LoginEntry.h"
 
 #include "platform/qt/WholeFile.h"
+#include "platform/x11/AutostartEntries.h"
 #include "platform/x11/KeyFile.h"
 
 #include <fmt/format.h>
@@ -35,16 +36,7 @@ LoginEntry::LoginEntry(const Environment& environment, std::string program,
     , open_(std::move(open)) {}
 
 LoginItem::Status LoginEntry::status() const {
-    const std::string text = readText(path_);
-    if (text.empty()) return Status::notRegistered;
-    bool isEnabled = true;
-    // Both are how a desktop's own settings switch an entry off.
-    readKeyFile(text, [&](std::string_view, std::string_view key, std::string_view value) {
-        if (key == "Hidden" && value == "true") isEnabled = false;
-        if (key == "X-GNOME-Autostart-enabled" && value == "false") isEnabled = false;
-        return isEnabled;
-    });
-    return isEnabled ? Status::enabled : Status::notRegistered;
+    return isStartedAtLogin(readText(path_)) ? Status::enabled : Status::notRegistered;
 }
 
 bool LoginEntry::registerItem() {

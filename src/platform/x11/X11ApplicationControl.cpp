@@ -37,7 +37,8 @@ X11ApplicationControl::X11ApplicationControl(ApplicationTable& table,
     , launcher_(launcher)
     , requests_(requests)
     , mirror_(mirror)
-    , report_(std::move(report)) {}
+    , report_(std::move(report))
+    , fileManager_([this](const std::string& folder) { open(folder); }) {}
 
 bool X11ApplicationControl::open(std::string_view url) {
     if (const auto entry = installed_.atPath(url)) return openApplication(*entry);
@@ -48,6 +49,26 @@ bool X11ApplicationControl::open(std::string_view url) {
     return handler && launch(*handler, {target});
 }
 
+bool X11ApplicationControl::openWith(const std::vector<std::string>& urls,
+                                     std::string_view application) {
+    const auto entry = installed_.atPath(application);
+    return entry && launch(*entry, urls);
+}
+
+bool X11ApplicationControl::openNewInstance(std::string_view application) {
+    const auto entry = installed_.atPath(application);
+    if (!entry) return false;
+    const auto newWindow = std::ranges::find(entry->actions, "new-window", &DesktopAction::id);
+    return noteLaunch(*entry, newWindow == entry->actions.end()
+                                  ? launcher_.launch(*entry)
+                                  : launcher_.launchAction(*entry, *newWindow));
+}
+
+bool X11ApplicationControl::reveal(std::string_view url) {
+    fileManager_.reveal(std::string(url));
+    return true;
+}
+
 bool X11ApplicationControl::openApplication(const DesktopEntry& entry) {
     const auto* running = table_.findIdentifier(installed_.identifierOf(entry));
     if (running && !running->windows.empty()) return activate(running->number);
@@ -56,7 +77,10 @@ bool X11ApplicationControl::openApplication(const DesktopEntry& entry) {
 
 bool X11ApplicationControl::launch(const DesktopEntry& entry,
                                    const std::vector<std::string>& files) {
-    const auto result = launcher_.launch(entry, files);
+    return noteLaunch(entry, launcher_.launch(entry, files));
+}
+
+bool X11ApplicationControl::noteLaunch(const DesktopEntry& entry, const Launcher::Result& result) {
     if (!result.pid) {
         if (report_) report_(result.failure);
         return false;

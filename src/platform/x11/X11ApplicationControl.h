@@ -3,6 +3,7 @@
 #include "platform/Workspace.h"
 #include "platform/x11/ApplicationTable.h"
 #include "platform/x11/DefaultApplications.h"
+#include "platform/x11/FileManagerOnBus.h"
 #include "platform/x11/InstalledApplications.h"
 #include "platform/x11/Launcher.h"
 #include "platform/x11/WindowRequests.h"
@@ -20,6 +21,10 @@ class X11ApplicationControl : public ApplicationControl {
                           std::function<void(const std::string&)> report);
 
     bool open(std::string_view url) override;
+    bool openWith(const std::vector<std::string>& urls, std::string_view application) override;
+    /// By the desktop entry's own way to a new window, where it has one.
+    bool openNewInstance(std::string_view application) override;
+    bool reveal(std::string_view url) override;
     bool activate(ProcessId pid) override;
     bool hide(ProcessId pid) override;
     bool unhide(ProcessId pid) override;
@@ -30,6 +35,7 @@ class X11ApplicationControl : public ApplicationControl {
   private:
     bool openApplication(const DesktopEntry& entry);
     bool launch(const DesktopEntry& entry, const std::vector<std::string>& files);
+    bool noteLaunch(const DesktopEntry& entry, const Launcher::Result& result);
     ClientWindowRef windowToActivate(const RunningEntry& entry) const;
 
     ApplicationTable& table_;
@@ -39,6 +45,7 @@ class X11ApplicationControl : public ApplicationControl {
     WindowRequests& requests_;
     const WindowMirror& mirror_;
     std::function<void(const std::string&)> report_;
+    FileManagerOnBus fileManager_;
 };
 
 } // namespace larkspan::x11

@@ -16,6 +16,7 @@ class X11CoreDock : public CoreDock {
     void setOrientationAndPinning(OrientationAndPinning) override {}
     bool isMagnificationEnabled() const override { return false; }
     void setMagnificationEnabled(bool) override {}
+    void sendNotification(std::string_view) override {}
 };
 
 } // namespace larkspan::x11

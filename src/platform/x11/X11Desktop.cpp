@@ -3,6 +3,7 @@
 #include "platform/qt/QtDisplayLink.h"
 #include "platform/qt/watchReadable.h"
 #include "platform/x11/ApplicationTable.h"
+#include "platform/x11/AutostartEntries.h"
 #include "platform/x11/DefaultApplications.h"
 #include "platform/x11/DesktopEntries.h"
 #include "platform/x11/DesktopSnapshot.h"
@@ -82,6 +83,7 @@ struct X11Desktop::Parts {
     StatusNotifier statusBar{host.report};
     LoginEntry loginItem{host.environment, host.program,
                          [this](const std::string& path) { open(path); }};
+    AutostartEntries loginItems{host.environment, installed};
     FreedesktopTrash trash{host.environment, [this](const std::string& path) { open(path); }};
     X11EventTaps eventTaps{*connection};
     qt::QtDisplayLink displayLink{host.scheduler};
@@ -188,6 +190,7 @@ Platform X11Desktop::platform() {
             .dockPreferences = parts_->pinned,
             .statusBar = parts_->statusBar,
             .loginItem = parts_->loginItem,
+            .loginItems = parts_->loginItems,
             .application = parts_->host.application,
             .trash = parts_->trash,
             .eventTaps = parts_->eventTaps,

@@ -29,6 +29,7 @@ class CoreDockContract : public testing::TestWithParam<Adapter<CoreDockWorld>> {
         CoreDockFunction::setOrientationAndPinning,
         CoreDockFunction::isMagnificationEnabled,
         CoreDockFunction::setMagnificationEnabled,
+        CoreDockFunction::sendNotification,
     };
 
     std::unique_ptr<CoreDockWorld> world_ = GetParam().make();

@@ -87,6 +87,26 @@ TEST_P(WorkspaceContract, OpeningLaunchesAnAppOnceAndForcingEndsIt) {
     EXPECT_TRUE(runUntil([&] { return !running("writer"); }));
 }
 
+TEST_P(WorkspaceContract, FilesAreOpenedWithTheAppThatIsNamed) {
+    const auto url = *workspace_.urlForApplication(world_->identifier("writer"));
+    EXPECT_FALSE(control_.openWith({"/tmp/letter"}, "/nowhere/at.all"));
+    ASSERT_TRUE(control_.openWith({"/tmp/letter"}, url));
+    EXPECT_TRUE(runUntil([&] { return running("writer").has_value(); }));
+    EXPECT_FALSE(running("painter"));
+}
+
+TEST_P(WorkspaceContract, AnotherInstanceIsOpenedBesideARunningOne) {
+    const auto url = *workspace_.urlForApplication(world_->identifier("writer"));
+    EXPECT_FALSE(control_.openNewInstance("/nowhere/at.all"));
+    world_->openWindow("writer");
+    const auto pid = running("writer")->pid;
+    world_->openWindow("painter");
+    ASSERT_TRUE(control_.openNewInstance(url));
+    world_->finishLaunching("writer");
+    EXPECT_TRUE(runUntil([&] { return isFrontmost("writer"); }));
+    EXPECT_EQ(running("writer")->pid, pid) << "the first goes on";
+}
+
 TEST_P(WorkspaceContract, ActivatingBringsExactlyOneAppToTheFront) {
     const auto written = world_->openWindow("writer");
     world_->openWindow("painter");

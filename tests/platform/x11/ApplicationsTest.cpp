@@ -1,6 +1,7 @@
 #include "platform/x11/DesktopTest.h"
 
 #include <csignal>
+#include <filesystem>
 
 namespace larkspan::x11 {
 
@@ -13,7 +14,10 @@ const std::map<std::string, std::string> installed{
     {"org.example.Writer", "Name=Writer\nExec=sleep 60\nStartupWMClass=Writer\n"},
     {"painter", "Name=Painter\nExec=/nonexistent/painter\n"},
     {"folders",
-     "Name=Folders\nExec=sleep 60\nMimeType=inode/directory;\nCategories=FileManager;\n"}};
+     "Name=Folders\nExec=sleep 60\nMimeType=inode/directory;\nCategories=FileManager;\n"},
+    {"pages", "Name=Pages\nExec=touch %k.started\nActions=other;new-window;\n"
+              "[Desktop Action other]\nName=Other\nExec=touch %k.other\n"
+              "[Desktop Action new-window]\nName=New Window\nExec=touch %k.window\n"}};
 
 } // namespace
 
@@ -43,6 +47,14 @@ TEST_F(ApplicationsTest, WindowsFindTheirDesktopEntryAndShareIt) {
     EXPECT_EQ(writer->bundleURL, desktop.home.path("data/applications/org.example.Writer.desktop"));
     EXPECT_TRUE(desktop.running("painter"));
     EXPECT_EQ(runningIdentifiers().size(), 2u);
+}
+
+TEST_F(ApplicationsTest, AnotherInstanceIsTheEntrysOwnNewWindow) {
+    const auto pages = desktop.home.path("data/applications/pages.desktop");
+    ASSERT_TRUE(desktop.applications().openNewInstance(pages));
+    EXPECT_TRUE(runUntil([&] { return std::filesystem::exists(pages + ".window"); }));
+    EXPECT_FALSE(std::filesystem::exists(pages + ".started"));
+    EXPECT_FALSE(std::filesystem::exists(pages + ".other"));
 }
 
 TEST_F(ApplicationsTest, DefaultFileManagerIsFinder) {
