@@ -23,9 +23,12 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
              platform.dockPreferences, animator_, log_)
     , refresh_(store_, platform.scheduler, platform.workspace, platform.screens,
                platform.windowServer, platform.dockPreferences, platform.trash, log_)
-    , click_(store_, platform.scheduler, platform.workspace, platform.applications,
+    , actions_(store_, platform.scheduler, platform.workspace, platform.applications,
+               platform.accessibility, platform.coreDock, platform.loginItems)
+    , click_(store_, actions_, platform.scheduler, platform.workspace, platform.applications,
              platform.accessibility, log_)
-    , itemMenu_(store_, platform.applications, platform.accessibility)
+    , itemMenu_(store_, actions_, platform.scheduler, platform.accessibility,
+                platform.windowServer.abilities().readsAtOnce)
     , slide_(platform.scheduler, switchLog_)
     , swipes_(platform.scheduler, platform.eventTaps, platform.windowServer, platform.screens,
               switchLog_, [this](const SpaceSwipeEvent& step) { slide_.step(step); }) {}

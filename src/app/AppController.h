@@ -10,6 +10,7 @@
 #include "model/BadgeRefresh.h"
 #include "model/DockStore.h"
 #include "model/IconClick.h"
+#include "model/ItemActions.h"
 #include "model/ItemMenu.h"
 #include "model/WindowAnimator.h"
 #include "model/WindowRefresh.h"
@@ -70,6 +71,7 @@ class AppController {
     DockStore& store() { return store_; }
     const DockStore& store() const { return store_; }
     WindowRefresh& refresh() { return refresh_; }
+    ItemActions& actions() { return actions_; }
     IconClick& click() { return click_; }
     ItemMenu& itemMenu() { return itemMenu_; }
     SpaceSlide& slide() { return slide_; }
@@ -102,6 +104,7 @@ class AppController {
     WindowAnimator animator_;
     DockStore store_;
     WindowRefresh refresh_;
+    ItemActions actions_;
     IconClick click_;
     ItemMenu itemMenu_;
     std::unique_ptr<BarPanels> barPanels_;

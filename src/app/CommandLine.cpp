@@ -98,7 +98,10 @@ usage: larkspan [--log]                start the bar; when it runs already, brin
 commands:
   state                     what shows on the bars, as JSON
   mode [vantrel|systemDock] which of the two modes is in use, or change it
-  click ID                  a click on the item with that id
+  click ID [--option] [--command] [--new-instance]
+                            a click on the item with that id, and what is held down with it
+  menu ID [LINE]            the lines of its menu as JSON, or choose one
+  open ID FILE...           open files with the application
   focus                     bring the keyboard onto the bar: arrows, Return, Escape
   keep ID, remove ID        keep an app on the bar, or no longer
   get [KEY]                 a setting, or all of them

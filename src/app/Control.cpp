@@ -1,5 +1,6 @@
 #include "app/Control.h"
 
+#include "app/MenuReport.h"
 #include "app/NamedSettings.h"
 #include "app/RawValues.h"
 #include "app/StateReport.h"
@@ -55,6 +56,14 @@ Rect barFrame(const BarController* bars, const DisplayGroup* group) {
     return (own == all.end() ? all.front() : *own).panel->barFrame();
 }
 
+/// Answers whether the word is one.
+bool addModifier(ClickModifiers& modifiers, std::string_view word) {
+    if (word == "--option") return modifiers.option = true;
+    if (word == "--command") return modifiers.command = true;
+    if (word == "--new-instance") return modifiers.newInstance = true;
+    return false;
+}
+
 ControlAnswer noSuchItem(const std::string& id) {
     return {senseless, fmt::format("there is no item {} on the bar", id)};
 }
@@ -90,7 +99,9 @@ const std::vector<Control::Command>& Control::commands() {
     static const std::vector<Command> all{
         {"state", "", 0, 0, &Control::state},
         {"mode", "[vantrel|systemDock]", 0, 1, &Control::mode},
-        {"click", "ID", 1, 1, &Control::click},
+        {"click", "ID [--option] [--command] [--new-instance]", 1, 4, &Control::click},
+        {"menu", "ID [LINE]", 1, 2, &Control::menu},
+        {"open", "ID FILE...", 2, 1000, &Control::open},
         {"focus", "", 0, 0, &Control::focus},
         {"get", "[KEY]", 0, 1, &Control::get},
         {"set", "KEY VALUE", 2, 2, &Control::set},
@@ -156,12 +167,43 @@ ControlAnswer Control::mode(const Words& words) {
 ControlAnswer Control::click(const Words& words) {
     const auto tile = findTile(controller_.store(), words[0]);
     if (!tile.item) return noSuchItem(words[0]);
+    ClickModifiers modifiers;
+    for (const auto& word : Words(words.begin() + 1, words.end()))
+        if (!addModifier(modifiers, word))
+            return {senseless, fmt::format("a click has no option {}", word)};
     // Copies: the click may regroup the very lists it was found in.
     const DockItem item = *tile.item;
     const auto group = tile.group ? std::optional(*tile.group) : std::nullopt;
     const auto frame = barFrame(controller_.bars(), tile.group);
-    controller_.click().click(item, group ? &*group : nullptr, frame);
+    controller_.click().click(item, group ? &*group : nullptr, frame, modifiers);
     return {};
+}
+
+ControlAnswer Control::menu(const Words& words) {
+    const auto tile = findTile(controller_.store(), words[0]);
+    if (!tile.item) return noSuchItem(words[0]);
+    const auto frame = barFrame(controller_.bars(), tile.group);
+    const Menu menu = controller_.itemMenu().menu(*tile.item, tile.group, frame);
+    if (words.size() == 1) return {0, dump(menuReport(menu), 2)};
+    const auto* line = findLine(menu, words[1]);
+    if (!line) return {senseless, fmt::format("the menu has no \"{}\"", words[1])};
+    if (!line->isEnabled || !line->action)
+        return {senseless, fmt::format("\"{}\" is not enabled", words[1])};
+    line->action();
+    return {};
+}
+
+ControlAnswer Control::open(const Words& words) {
+    const auto item = controller_.store().makePinnedItem(words[0]);
+    if (!item || !item->url)
+        return {senseless, fmt::format("there is no application {}", words[0])};
+    const Words files(words.begin() + 1, words.end());
+    for (const auto& file : files)
+        // The running instance is in another folder than whoever asks.
+        if (!file.starts_with('/') && file.find(':') == std::string::npos)
+            return {senseless, fmt::format("{} is no whole path and no address", file)};
+    if (controller_.actions().openFiles(files, *item)) return {};
+    return {senseless, fmt::format("{} could not be opened", item->name)};
 }
 
 ControlAnswer Control::focus(const Words&) {
@@ -188,27 +230,14 @@ ControlAnswer Control::resetAppearance(const Words&) {
 }
 
 ControlAnswer Control::keep(const Words& words) {
-    auto& store = controller_.store();
-    const auto& id = words[0];
-    const auto& pinned = store.pinnedIDs;
-    const bool isPinned = std::find(pinned.begin(), pinned.end(), id) != pinned.end();
-    if (isPinned || id == finderIdentifier) return {};
-    if (!store.makePinnedItem(id))
-        return {senseless, fmt::format("there is no application {}", id)};
-    auto ids = pinned;
-    ids.push_back(id);
-    store.setPinned(std::move(ids));
-    return {};
+    if (controller_.actions().keep(words[0])) return {};
+    return {senseless, fmt::format("there is no application {}", words[0])};
 }
 
 ControlAnswer Control::remove(const Words& words) {
-    auto& store = controller_.store();
     if (words[0] == finderIdentifier) return {senseless, "Finder always stays on the bar"};
-    auto ids = store.pinnedIDs;
-    if (std::erase(ids, words[0]) == 0)
-        return {senseless, fmt::format("{} is not kept on the bar", words[0])};
-    store.setPinned(std::move(ids));
-    return {};
+    if (controller_.actions().remove(words[0])) return {};
+    return {senseless, fmt::format("{} is not kept on the bar", words[0])};
 }
 
 ControlAnswer Control::reopen(const Words&) {

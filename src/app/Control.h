@@ -45,6 +45,8 @@ class Control {
     ControlAnswer state(const std::vector<std::string>& words);
     ControlAnswer mode(const std::vector<std::string>& words);
     ControlAnswer click(const std::vector<std::string>& words);
+    ControlAnswer menu(const std::vector<std::string>& words);
+    ControlAnswer open(const std::vector<std::string>& words);
     ControlAnswer focus(const std::vector<std::string>& words);
     ControlAnswer get(const std::vector<std::string>& words);
     ControlAnswer set(const std::vector<std::string>& words);

@@ -14,8 +14,6 @@ namespace {
 /// How long the system may take to report an app as frontmost that the bar has activated, in
 /// seconds.
 constexpr double activationWindow = 1.0;
-/// How long an app may take to appear before its launching mark is given up, in seconds.
-constexpr double launchLimit = 30.0;
 
 const char* nameOf(WindowAnimator::Phase phase) {
     using Phase = WindowAnimator::Phase;
@@ -34,19 +32,46 @@ const char* nameOf(WindowAnimator::Phase phase) {
 
 } // namespace
 
-IconClick::IconClick(DockStore& store, Scheduler& scheduler, Workspace& workspace,
-                     ApplicationControl& applications, Accessibility& accessibility,
-                     DiagnosticsLog& log)
+IconClick::IconClick(DockStore& store, ItemActions& actions, Scheduler& scheduler,
+                     Workspace& workspace, ApplicationControl& applications,
+                     Accessibility& accessibility, DiagnosticsLog& log)
     : store_(store)
+    , actions_(actions)
     , scheduler_(scheduler)
     , workspace_(workspace)
     , applications_(applications)
     , accessibility_(accessibility)
     , log_(log) {}
 
-void IconClick::click(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame) {
+void IconClick::click(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame,
+                      ClickModifiers modifiers) {
+    if (modifiers.newInstance) {
+        actions_.openNewInstance(item, tileFrame);
+        return;
+    }
+    if (modifiers.command && !modifiers.option) {
+        actions_.showInFinder(item);
+        return;
+    }
+    const auto own = item.app ? std::optional(item.app->pid) : std::nullopt;
+    const auto left = frontProcess();
+    open(item, group, tileFrame, modifiers.option);
+    // Only now: what comes forward is not to be what the system finds behind the hidden ones.
+    if (modifiers.option && modifiers.command)
+        actions_.hideOthers(own);
+    else if (modifiers.option && left != own)
+        hideOne(left);
+}
+
+void IconClick::hideOne(std::optional<ProcessId> pid) {
+    const auto* app = pid ? store_.runningApplication(*pid) : nullptr;
+    if (app && !app->isHidden) applications_.hide(app->pid);
+}
+
+void IconClick::open(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame,
+                     bool onlyForward) {
     if (!item.app || item.app->pid < 1) {
-        launch(item, tileFrame);
+        actions_.open(item, tileFrame);
         return;
     }
     const ProcessId pid = item.app->pid;
@@ -59,7 +84,8 @@ void IconClick::click(const DockItem& item, const DisplayGroup* group, const Rec
                   .tileFrame = tileFrame,
                   .pid = pid,
                   .isHidden = (app ? *app : *item.app).isHidden,
-                  .phase = phase});
+                  .phase = phase,
+                  .onlyForward = onlyForward});
 }
 
 void IconClick::clickRunning(Clicked clicked) {
@@ -70,35 +96,15 @@ void IconClick::clickRunning(Clicked clicked) {
                            clicked.item.name, nameOf(clicked.phase), clicked.isHidden,
                            front && front->pid == clicked.pid, recentActivation() == clicked.pid));
     const bool isComing = clicked.phase == Phase::showing || clicked.phase == Phase::settling;
-    if (isComing || (clicked.phase == Phase::none && shouldHide(clicked))) {
+    const bool isSentAway =
+        !clicked.onlyForward && (isComing || (clicked.phase == Phase::none && shouldHide(clicked)));
+    if (isSentAway) {
         store_.regroupingIDs.erase(clicked.item.id);
         store_.animator.hide(clicked.pid, clicked.tileFrame);
     } else {
-        letTileMove(clicked.item.id);
+        actions_.letTileMove(clicked.item.id);
         bringForward(clicked);
     }
-}
-
-void IconClick::launch(const DockItem& item, const Rect& tileFrame) {
-    if (!item.url) return;
-    auto launching = store_.launchingIDs.get();
-    const bool isNew = !store_.runningIDs.contains(item.id) && launching.insert(item.id).second;
-    letTileMove(item.id);
-    if (!applications_.open(*item.url) || !isNew) return;
-    store_.launchingIDs.set(std::move(launching));
-    if (item.isPinned) store_.openedFromPinned.push_back({item.id, tileFrame});
-    launchLimits_[item.id] = scheduler_.after(launchLimit, [this, id = item.id] {
-        store_.forgetOpened(id);
-        auto stillLaunching = store_.launchingIDs.get();
-        stillLaunching.erase(id);
-        store_.launchingIDs.set(std::move(stillLaunching));
-    });
-}
-
-/// Tiles keep their places under the pointer, but not the one whose app was just asked to show
-/// itself: it goes where its window is.
-void IconClick::letTileMove(const std::string& id) {
-    if (store_.isPointerOnBar) store_.regroupingIDs.insert(id);
 }
 
 bool IconClick::shouldHide(Clicked& clicked) const {
@@ -116,16 +122,16 @@ void IconClick::bringForward(Clicked& clicked) {
     const bool isHiding = clicked.phase == WindowAnimator::Phase::hiding;
     const auto& windows = windowsOf(clicked);
     if (!clicked.isHidden && !isHiding && !windows.empty()) {
-        restore(windows);
-        raise(windows.front().element);
-        activate(clicked.pid);
+        actions_.restore(windows);
+        actions_.makeMain(windows.front().element);
+        actions_.activate(clicked.pid);
         return;
     }
     if (clicked.isHidden && store_.animator.show(clicked.pid, clicked.tileFrame)) return;
     if (isHiding) {
         store_.animator.cancelHide(clicked.pid);
-        restore(windows);
-        activate(clicked.pid);
+        actions_.restore(windows);
+        actions_.activate(clicked.pid);
         return;
     }
     if (clicked.answers) raiseMainWindow(clicked.pid);
@@ -144,22 +150,7 @@ void IconClick::raiseMainWindow(ProcessId pid) {
     if (!accessibility_.isProcessTrusted()) return;
     const auto window =
         accessibility_.attribute(accessibility_.createApplication(pid), "AXMainWindow");
-    if (const auto* element = window.as<AXElementRef>()) raise(*element);
-}
-
-void IconClick::raise(const AXElementRef& window) {
-    accessibility_.setAttribute(window, "AXMain", true);
-    accessibility_.performAction(window, "AXRaise");
-}
-
-void IconClick::activate(ProcessId pid) {
-    applications_.activate(pid);
-    store_.animator.lastActivation = {pid, scheduler_.uptime()};
-}
-
-void IconClick::restore(const std::vector<AppWindow>& windows) {
-    for (const auto& window : windows)
-        if (window.isMinimized) accessibility_.setAttribute(window.element, "AXMinimized", false);
+    if (const auto* element = window.as<AXElementRef>()) actions_.makeMain(*element);
 }
 
 const std::vector<AppWindow>& IconClick::windowsOf(Clicked& clicked) const {

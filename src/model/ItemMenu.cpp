@@ -8,9 +8,19 @@ namespace larkspan {
 
 namespace {
 
+/// How long a menu waits for the app's answer before it shows without, in seconds.
+constexpr double patience = 0.1;
+/// How long an app that did not answer is left alone before it is asked again, in seconds.
+constexpr double secondsBetweenQuestions = 0.5;
+
 MenuItem action(std::string title, std::function<void()> chosen) {
     MenuItem item{.title = std::move(title)};
     item.action = std::move(chosen);
+    return item;
+}
+
+MenuItem withOption(MenuItem item, MenuItem alternate) {
+    item.alternate = std::make_shared<const MenuItem>(std::move(alternate));
     return item;
 }
 
@@ -22,46 +32,108 @@ void separate(Menu& menu) {
 
 } // namespace
 
-ItemMenu::ItemMenu(DockStore& store, ApplicationControl& applications, Accessibility& accessibility)
+/// A menu while it is shown.
+struct ItemMenu::Opened {
+    Tile tile;
+    Show show;
+    /// Whether the app answered when it was last asked; absent before the first answer.
+    std::optional<bool> answers;
+    Handle patience;
+    Handle nextQuestion;
+};
+
+ItemMenu::ItemMenu(DockStore& store, ItemActions& actions, Scheduler& scheduler,
+                   Accessibility& accessibility, bool answerAtOnce)
     : store_(store)
-    , applications_(applications)
-    , accessibility_(accessibility) {}
+    , actions_(actions)
+    , scheduler_(scheduler)
+    , accessibility_(accessibility)
+    , answerAtOnce_(answerAtOnce) {}
 
 Menu ItemMenu::menu(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame) const {
-    return item.app && item.app->pid >= 1 ? runningMenu(item, group, tileFrame)
-                                          : notRunningMenu(item);
+    const Tile tile{item, group ? std::optional(*group) : std::nullopt, tileFrame};
+    if (!tile.isRunning()) return notRunningMenu(tile);
+    auto listing = WindowPresence::accessibilityWindows(accessibility_, item.app->pid);
+    const bool isHung = !listing;
+    return runningMenu(tile, std::move(listing), isHung);
 }
 
-Menu ItemMenu::runningMenu(const DockItem& item, const DisplayGroup* group,
-                           const Rect& tileFrame) const {
+Handle ItemMenu::open(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame,
+                      Show show) {
+    Tile tile{item, group ? std::optional(*group) : std::nullopt, tileFrame};
+    if (answerAtOnce_ || !tile.isRunning()) {
+        show(menu(item, group, tileFrame));
+        return {};
+    }
+    auto opened = std::make_shared<Opened>();
+    opened->tile = std::move(tile);
+    opened->show = std::move(show);
+    opened->patience = scheduler_.after(patience, [this, weak = std::weak_ptr(opened)] {
+        const auto stillOpen = weak.lock();
+        if (stillOpen) stillOpen->show(runningMenu(stillOpen->tile, std::nullopt, false));
+    });
+    ask(opened);
+    return Handle([opened]() mutable { opened.reset(); });
+}
+
+void ItemMenu::ask(const std::shared_ptr<Opened>& opened) {
+    scheduler_.queue("menus").post(
+        [this, pid = opened->tile.item.app->pid, weak = std::weak_ptr(opened)] {
+            if (weak.expired()) return;
+            scheduler_.post(
+                [this, weak, listing = WindowPresence::accessibilityWindows(accessibility_, pid)] {
+                    if (const auto stillOpen = weak.lock()) answered(stillOpen, listing);
+                });
+        });
+}
+
+void ItemMenu::answered(const std::shared_ptr<Opened>& opened, Listing listing) {
+    opened->patience.reset();
+    const bool answers = listing.has_value();
+    if (!answers)
+        opened->nextQuestion =
+            scheduler_.after(secondsBetweenQuestions, [this, weak = std::weak_ptr(opened)] {
+                if (const auto stillOpen = weak.lock()) ask(stillOpen);
+            });
+    if (std::exchange(opened->answers, answers) == answers) return;
+    opened->show(runningMenu(opened->tile, std::move(listing), !answers));
+}
+
+Menu ItemMenu::runningMenu(const Tile& tile, Listing listing, bool isHung) const {
     Menu menu;
-    addWindows(menu, item.app->pid, group);
+    const auto pid = tile.item.app->pid;
+    const auto* app = store_.runningApplication(pid);
+    // An app that is still launching has not begun to answer.
+    isHung = isHung && app && app->isFinishedLaunching;
+    if (isHung) menu.push_back({.title = "Application Not Responding", .isEnabled = false});
+    addWindows(menu, tile, std::move(listing));
     separate(menu);
-    addKeeping(menu, item);
+    addOptions(menu, tile);
     separate(menu);
-    addHiding(menu, item, tileFrame);
-    addQuitting(menu, item);
+    menu.push_back(
+        action("Show All Windows", [this, item = tile.item] { actions_.showAllWindows(item); }));
+    menu.push_back(hiding(tile));
+    // The file manager of a Mac never ends.
+    if (tile.item.id != finderIdentifier) menu.push_back(quitting(pid, isHung));
     return menu;
 }
 
-Menu ItemMenu::notRunningMenu(const DockItem& item) const {
+Menu ItemMenu::notRunningMenu(const Tile& tile) const {
     Menu menu;
-    if (item.url)
-        menu.push_back(action("Open", [this, url = *item.url] { applications_.open(url); }));
+    addOptions(menu, tile);
     separate(menu);
-    addKeeping(menu, item);
-    if (!menu.empty() && menu.back().kind == MenuItem::Kind::separator) menu.pop_back();
+    if (tile.item.url)
+        menu.push_back(action("Open", [this, tile] { actions_.open(tile.item, tile.frame); }));
     return menu;
 }
 
-void ItemMenu::addWindows(Menu& menu, ProcessId pid, const DisplayGroup* group) const {
+void ItemMenu::addWindows(Menu& menu, const Tile& tile, Listing listing) const {
     const auto windows =
-        store_.windowsOf(group, WindowPresence::accessibilityWindows(accessibility_, pid)
-                                    .value_or(std::vector<AppWindow>{}));
-    const bool isFront = store_.frontmostPID.get() == pid;
+        store_.windowsOf(tile.groupOrNull(), std::move(listing).value_or(std::vector<AppWindow>{}));
+    const bool isFront = store_.frontmostPID.get() == tile.item.app->pid;
     bool hasFront = false;
     for (const auto& window : windows) {
-        auto line = action(window.title, [this, window] { bringForward(window); });
+        auto line = action(window.title, [this, window] { actions_.bringForward(window); });
         if (line.title.empty()) line.title = "Untitled";
         if (window.isMinimized) {
             line.mark = MenuItem::Mark::diamond;
@@ -72,46 +144,51 @@ void ItemMenu::addWindows(Menu& menu, ProcessId pid, const DisplayGroup* group) 
     }
 }
 
-void ItemMenu::addKeeping(Menu& menu, const DockItem& item) const {
-    const auto& app = item.app;
+void ItemMenu::addOptions(Menu& menu, const Tile& tile) const {
+    const auto& item = tile.item;
+    MenuItem options{.kind = MenuItem::Kind::submenu, .title = "Options"};
     // Finder always stays, and only what can be found again can be kept.
-    const bool canBeKept = !app || (app->bundleIdentifier == item.id && item.url);
-    if (item.id == finderIdentifier || !canBeKept) return;
-    menu.push_back(action(item.isPinned ? "Remove from Dock" : "Keep in Dock",
-                          [this, id = item.id, isKept = !item.isPinned] { setKept(id, isKept); }));
+    const bool canBeKept = !item.app || (item.app->bundleIdentifier == item.id && item.url);
+    if (item.id != finderIdentifier && canBeKept) options.submenu.push_back(keeping(tile));
+    const auto opens = actions_.opensAtLogin(item);
+    if (item.id != finderIdentifier && opens) {
+        auto line = action("Open at Login",
+                           [this, item, next = !*opens] { actions_.setOpensAtLogin(item, next); });
+        if (*opens) line.mark = MenuItem::Mark::check;
+        options.submenu.push_back(std::move(line));
+    }
+    const auto finder = store_.makePinnedItem(finderIdentifier);
+    if (finder && item.url)
+        options.submenu.push_back(
+            action("Show in " + finder->name, [this, item] { actions_.showInFinder(item); }));
+    if (!options.submenu.empty()) menu.push_back(std::move(options));
 }
 
-void ItemMenu::addHiding(Menu& menu, const DockItem& item, const Rect& tileFrame) const {
+MenuItem ItemMenu::keeping(const Tile& tile) const {
+    const auto& id = tile.item.id;
+    if (tile.item.isPinned) return action("Remove from Dock", [this, id] { actions_.remove(id); });
+    return action("Keep in Dock", [this, id] { actions_.keep(id); });
+}
+
+MenuItem ItemMenu::hiding(const Tile& tile) const {
+    const auto& item = tile.item;
     const auto pid = item.app->pid;
     const auto* app = store_.runningApplication(pid);
-    if (app && app->isHidden)
-        menu.push_back(action("Show", [this, pid] {
-            applications_.unhide(pid);
-            applications_.activate(pid);
-        }));
-    else
-        menu.push_back(
-            action("Hide", [this, pid, tileFrame] { store_.animator.hide(pid, tileFrame); }));
+    const bool isHidden = app && app->isHidden;
+    const auto show = [this, item] { actions_.show(item); };
+    const auto hide = [this, pid, frame = tile.frame] { store_.animator.hide(pid, frame); };
+    const auto hideOthers = [this, item] {
+        actions_.show(item);
+        actions_.hideOthers(item.app->pid);
+    };
+    return withOption(isHidden ? action("Show", show) : action("Hide", hide),
+                      action("Hide Others", hideOthers));
 }
 
-void ItemMenu::addQuitting(Menu& menu, const DockItem& item) const {
-    // The file manager of a Mac never ends.
-    if (item.id == finderIdentifier) return;
-    menu.push_back(action("Quit", [this, pid = item.app->pid] { applications_.terminate(pid); }));
-}
-
-void ItemMenu::bringForward(const AppWindow& window) const {
-    if (window.isMinimized) accessibility_.setAttribute(window.element, "AXMinimized", false);
-    accessibility_.setAttribute(window.element, "AXMain", true);
-    accessibility_.performAction(window.element, "AXRaise");
-    applications_.activate(window.pid);
-}
-
-void ItemMenu::setKept(const std::string& id, bool isKept) const {
-    auto ids = store_.pinnedIDs;
-    std::erase(ids, id);
-    if (isKept) ids.push_back(id);
-    store_.setPinned(std::move(ids));
+MenuItem ItemMenu::quitting(ProcessId pid, bool isHung) const {
+    auto force = action("Force Quit", [this, pid] { actions_.forceQuit(pid); });
+    if (isHung) return force;
+    return withOption(action("Quit", [this, pid] { actions_.quit(pid); }), std::move(force));
 }
 
 } // namespace larkspan

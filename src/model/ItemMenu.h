@@ -1,9 +1,15 @@
 #pragma once
 
 #include "model/DockStore.h"
+#include "model/ItemActions.h"
 #include "platform/Accessibility.h"
 #include "platform/Menu.h"
-#include "platform/Workspace.h"
+#include "platform/Scheduler.h"
+
+#include <functional>
+#include <memory>
+#include <optional>
+#include <vector>
 
 namespace larkspan {
 
@@ -11,23 +17,47 @@ namespace larkspan {
 /// thread only.
 class ItemMenu {
   public:
-    ItemMenu(DockStore& store, ApplicationControl& applications, Accessibility& accessibility);
+    using Show = std::function<void(Menu)>;
 
+    /// `answerAtOnce`: apps are never waited for on this desktop, so nothing needs a queue.
+    ItemMenu(DockStore& store, ItemActions& actions, Scheduler& scheduler,
+             Accessibility& accessibility, bool answerAtOnce);
+
+    /// Calls `show` with the menu within a tenth of a second, and again when it becomes another,
+    /// until the handle ends. The app is asked for its windows on a queue: one that hangs holds up
+    /// nothing, and once it answers again its menu says so.
+    Handle open(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame, Show show);
+    /// The menu at once, which waits for the app's answer up to the messaging time-out.
     Menu menu(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame) const;
 
   private:
-    Menu runningMenu(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame) const;
-    Menu notRunningMenu(const DockItem& item) const;
-    void addWindows(Menu& menu, ProcessId pid, const DisplayGroup* group) const;
-    void addKeeping(Menu& menu, const DockItem& item) const;
-    void addHiding(Menu& menu, const DockItem& item, const Rect& tileFrame) const;
-    void addQuitting(Menu& menu, const DockItem& item) const;
-    void bringForward(const AppWindow& window) const;
-    void setKept(const std::string& id, bool isKept) const;
+    /// Its windows as Accessibility lists them; absent from an app that did not answer.
+    using Listing = std::optional<std::vector<AppWindow>>;
+    struct Tile {
+        DockItem item;
+        std::optional<DisplayGroup> group;
+        Rect frame;
+
+        bool isRunning() const { return item.app && item.app->pid >= 1; }
+        const DisplayGroup* groupOrNull() const { return group ? &*group : nullptr; }
+    };
+    struct Opened;
+
+    void ask(const std::shared_ptr<Opened>& opened);
+    void answered(const std::shared_ptr<Opened>& opened, Listing listing);
+    Menu runningMenu(const Tile& tile, Listing listing, bool isHung) const;
+    Menu notRunningMenu(const Tile& tile) const;
+    void addWindows(Menu& menu, const Tile& tile, Listing listing) const;
+    void addOptions(Menu& menu, const Tile& tile) const;
+    MenuItem keeping(const Tile& tile) const;
+    MenuItem hiding(const Tile& tile) const;
+    MenuItem quitting(ProcessId pid, bool isHung) const;
 
     DockStore& store_;
-    ApplicationControl& applications_;
+    ItemActions& actions_;
+    Scheduler& scheduler_;
     Accessibility& accessibility_;
+    const bool answerAtOnce_;
 };
 
 } // namespace larkspan

@@ -93,6 +93,42 @@ TEST_F(ControlTest, AClickLaunchesBringsForwardAndSendsAway) {
     EXPECT_EQ(state()["pinned"][1]["hidden"], true);
 }
 
+TEST_F(ControlTest, AClickTakesWhatIsHeldDownWithIt) {
+    mac.openWindow(mac.launch("com.example.notes"));
+    mac.openWindow(mac.launch("com.example.chess"));
+    launch();
+    EXPECT_EQ(answer({"click", "com.example.notes", "--option", "--command"}), ControlAnswer{});
+    mac.scheduler.runFor(1);
+    EXPECT_EQ(state()["pinned"][1]["hidden"], true);
+    EXPECT_EQ(answer({"click", "com.example.notes", "--command"}), ControlAnswer{});
+    EXPECT_THAT(mac.world().revealed, testing::ElementsAre("/Applications/Notes.app"));
+    const auto processes = mac.world().apps.size();
+    EXPECT_EQ(answer({"click", "com.example.notes", "--new-instance"}), ControlAnswer{});
+    EXPECT_EQ(mac.world().apps.size(), processes + 1);
+}
+
+TEST_F(ControlTest, TheMenuIsPrintedAndChosenFrom) {
+    mac.minimize(mac.openWindow(mac.launch("com.example.notes"), {.title = "Letter"}));
+    launch();
+    const auto lines = json::parse(answer({"menu", "com.example.notes"}).text);
+    EXPECT_EQ(lines[0], json({{"title", "Letter"}, {"enabled", true}, {"mark", "diamond"}}));
+    EXPECT_EQ(lines[1], nullptr);
+    EXPECT_EQ(lines[2]["lines"][0]["title"], "Keep in Dock");
+    EXPECT_EQ(lines.back()["option"], "Force Quit");
+    EXPECT_EQ(answer({"menu", "com.example.notes", "Keep in Dock"}), ControlAnswer{});
+    EXPECT_EQ(state()["pinned"][2]["id"], "com.example.notes");
+    EXPECT_EQ(answer({"menu", "com.example.notes", "Force Quit"}), ControlAnswer{});
+    EXPECT_EQ(mac.pidOf("com.example.notes"), 0);
+}
+
+TEST_F(ControlTest, FilesAreOpenedWithAnAppThatDoesNotRunYet) {
+    launch();
+    EXPECT_EQ(answer({"open", "com.example.notes", "/tmp/letter", "x-note:1"}), ControlAnswer{});
+    mac.scheduler.runFor(1);
+    EXPECT_THAT(mac.world().opened, testing::ElementsAre("/tmp/letter", "x-note:1"));
+    EXPECT_EQ(state()["frontmost"]["id"], "com.example.notes");
+}
+
 TEST_F(ControlTest, EverySettingIsLiveAndStored) {
     struct Case {
         const char* key;
@@ -137,6 +173,13 @@ TEST_F(ControlTest, WhatMakesNoSenseChangesNothing) {
         {"dance"},
         {"state", "now"},
         {"click"},
+        {"click", "com.apple.finder", "--shift"},
+        {"menu", "com.example.nowhere"},
+        {"menu", "com.apple.finder", "Dance"},
+        {"menu", "com.apple.finder", "Options"},
+        {"open", "com.apple.finder"},
+        {"open", "com.example.nowhere", "/tmp/letter"},
+        {"open", "com.example.notes", "letter"},
         {"click", "com.example.nowhere"},
         {"mode", "dock"},
         {"get", "colour"},

@@ -15,13 +15,13 @@ class IconClickTest : public testing::Test, protected ModelWorld {
         notes = launch("notes");
         mail = launch("mail");
     }
-    void clickTile(const std::string& name) {
+    void clickTile(const std::string& name, ClickModifiers modifiers = {}) {
         const DisplayGroup* group = nullptr;
         for (const auto& each : *store.windowAppGroups)
             for (const auto& tile : each.items)
                 if (shortName(tile.id) == name) group = &each;
         const auto tile = item(name);
-        click.click(tile, group, {});
+        click.click(tile, group, {}, modifiers);
         settle();
     }
     bool isHidden(ProcessId pid) { return mac.world().app(pid)->hidden; }
@@ -158,6 +158,78 @@ TEST_F(IconClickTest, DoesNothingForATileWithoutAppAndPlace) {
     click.click({.id = "nothing"}, nullptr, {});
     EXPECT_TRUE(store.launchingIDs->empty());
     EXPECT_TRUE(mac.world().opened.empty());
+}
+
+TEST_F(IconClickTest, WithOptionHidesTheAppLeftBehind) {
+    const auto music = launch("music");
+    for (const auto pid : {music, notes, mail})
+        mac.openWindow(pid);
+    mac.activate(mail);
+    start();
+    clickTile("notes", {.option = true});
+    EXPECT_EQ(mac.frontmost(), notes);
+    EXPECT_TRUE(isHidden(mail));
+    EXPECT_FALSE(isHidden(music));
+    clickTile("notes", {.option = true});
+    EXPECT_FALSE(isHidden(notes)) << "the app in front leaves nobody behind, and stays";
+}
+
+TEST_F(IconClickTest, WithOptionJudgesTheAppLeftBehindByTheLastClick) {
+    for (const auto pid : {notes, mail})
+        mac.openWindow(pid);
+    const auto music = launch("music");
+    mac.openWindow(music);
+    start();
+    clickTile("mail");
+    mac.world().frontmost = music;
+    clickTile("notes", {.option = true});
+    EXPECT_TRUE(isHidden(mail));
+    EXPECT_FALSE(isHidden(music));
+}
+
+TEST_F(IconClickTest, WithOptionAndCommandHidesAllOthersThatShowSomething) {
+    const auto music = launch("music");
+    for (const auto pid : {notes, mail})
+        mac.openWindow(pid);
+    start();
+    clickTile("notes", {.option = true, .command = true});
+    EXPECT_EQ(mac.frontmost(), notes);
+    EXPECT_FALSE(isHidden(notes));
+    EXPECT_TRUE(isHidden(mail));
+    EXPECT_FALSE(isHidden(music)) << "without windows its tile would only change its place";
+}
+
+TEST_F(IconClickTest, WithOptionLaunchesAndHidesTheAppLeftBehind) {
+    mac.install("com.example.music", "music");
+    mac.openWindow(mail);
+    start();
+    actions.keep("com.example.music");
+    clickTile("music", {.option = true});
+    mac.scheduler.runFor(2);
+    EXPECT_EQ(mac.frontmost(), mac.pidOf("com.example.music"));
+    EXPECT_TRUE(isHidden(mail));
+}
+
+TEST_F(IconClickTest, WithCommandShowsWhereTheAppLies) {
+    mac.openWindow(mail);
+    start();
+    clickTile("mail", {.command = true});
+    EXPECT_THAT(mac.world().revealed, ElementsAre("/Applications/mail.app"));
+    EXPECT_EQ(mac.frontmost(), mac.finder());
+    EXPECT_FALSE(isHidden(mail));
+}
+
+TEST_F(IconClickTest, OpensAnotherInstance) {
+    mac.install("com.example.music", "music");
+    mac.openWindow(mail);
+    start();
+    const auto processes = mac.world().apps.size();
+    clickTile("mail", {.newInstance = true});
+    EXPECT_EQ(mac.world().apps.size(), processes + 1);
+    EXPECT_FALSE(isHidden(mail));
+    actions.keep("com.example.music");
+    clickTile("music", {.newInstance = true});
+    EXPECT_THAT(*store.launchingIDs, ElementsAre("com.example.music")) << "the first is launched";
 }
 
 TEST_F(IconClickTest, WritesHowItFoundTheApp) {

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "model/IconClick.h"
+#include "model/ItemActions.h"
 #include "model/ItemMenu.h"
 #include "model/ModelOnMac.h"
 
@@ -61,13 +62,21 @@ class ModelWorld : public ModelOnMac {
         return lines;
     }
 
+    ItemActions actions{store,
+                        platform.scheduler,
+                        platform.workspace,
+                        platform.applications,
+                        platform.accessibility,
+                        platform.coreDock,
+                        platform.loginItems};
     IconClick click{store,
+                    actions,
                     platform.scheduler,
                     platform.workspace,
                     platform.applications,
                     platform.accessibility,
                     log};
-    ItemMenu menu{store, platform.applications, platform.accessibility};
+    ItemMenu menu{store, actions, platform.scheduler, platform.accessibility, false};
     std::size_t linesSeen = 0;
 };
 

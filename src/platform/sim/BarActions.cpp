@@ -46,45 +46,8 @@ Outcome mode(Stage& stage, const json& fields) {
     return request(stage, {"mode", fields["mode"].get<std::string>()});
 }
 
-/// A tile with the group it stands in, as the bars show it.
-struct Tile {
-    DockItem item;
-    std::optional<DisplayGroup> group;
-};
-
-std::optional<Tile> findTile(const DockStore& store, const std::string& id) {
-    for (const DisplayGroup& group : *store.windowAppGroups) {
-        for (const DockItem& item : group.items) {
-            if (item.id == id) return Tile{item, group};
-        }
-    }
-    for (const auto* items : {&*store.pinnedItems, &*store.backgroundItems}) {
-        for (const DockItem& item : *items) {
-            if (item.id == id) return Tile{item, std::nullopt};
-        }
-    }
-    return std::nullopt;
-}
-
-Outcome chooseFrom(const Menu& menu, const std::string& title) {
-    for (const MenuItem& line : menu) {
-        if (line.title != title) continue;
-        if (!line.isEnabled || !line.action) return fmt::format("\"{}\" is not enabled", title);
-        line.action();
-        return done;
-    }
-    return fmt::format("the menu has no \"{}\"", title);
-}
-
 Outcome menu(Stage& stage, const json& fields) {
-    if (!stage.delegate()) return notRunning;
-    AppController& controller = stage.delegate()->controller();
-    const std::string id = tileOf(stage, fields);
-    const auto tile = findTile(controller.store(), id);
-    if (!tile) return fmt::format("there is no item {} on the bar", id);
-    const DisplayGroup* group = tile->group ? &*tile->group : nullptr;
-    return chooseFrom(controller.itemMenu().menu(tile->item, group, {}),
-                      fields["choose"].get<std::string>());
+    return request(stage, {"menu", tileOf(stage, fields), fields["choose"].get<std::string>()});
 }
 
 Outcome status(Stage& stage, const json& fields) {
