@@ -38,18 +38,13 @@ TEST_F(ControlTest, StateTellsWhatShows) {
     launch();
     const auto report = state();
     const json finder{
-        {"id", "com.apple.finder"}, {"name", "Finder"},    {"running", true}, {"pinned", true},
-        {"launching", false},       {"pid", mac.finder()}, {"windows", 0},    {"minimized", 0},
-        {"hidden", false}};
-    const json chess{{"id", "com.example.chess"},
-                     {"name", "Chess"},
-                     {"running", false},
-                     {"pinned", true},
-                     {"launching", false},
-                     {"pid", nullptr},
-                     {"windows", 0},
-                     {"minimized", 0},
-                     {"hidden", false}};
+        {"id", "com.apple.finder"}, {"name", "Finder"},    {"running", true},   {"pinned", true},
+        {"launching", false},       {"pid", mac.finder()}, {"windows", 0},      {"minimized", 0},
+        {"hidden", false},          {"badge", nullptr},    {"attention", false}};
+    const json chess{
+        {"id", "com.example.chess"}, {"name", "Chess"},  {"running", false},  {"pinned", true},
+        {"launching", false},        {"pid", nullptr},   {"windows", 0},      {"minimized", 0},
+        {"hidden", false},           {"badge", nullptr}, {"attention", false}};
     EXPECT_EQ(report["pinned"], json({finder, chess}));
     ASSERT_EQ(report["groups"].size(), 1U);
     const auto& group = report["groups"][0];
