@@ -4,6 +4,9 @@
 
 #include <algorithm>
 #include <cmath>
+#include <iterator>
+#include <map>
+#include <string_view>
 #include <utility>
 
 namespace larkspan::WindowPresence {
@@ -25,31 +28,149 @@ T valueOr(const AXAttribute& attribute, T fallback) {
     return value ? *value : fallback;
 }
 
-Rect frameOf(const Accessibility& accessibility, const AXElementRef& element) {
-    const auto position = valueOr(accessibility.attribute(element, "AXPosition"), Point{});
-    const auto size = valueOr(accessibility.attribute(element, "AXSize"), Size{});
-    return {position.x, position.y, size.width, size.height};
-}
+/// The windows of one app, asked for until it stops answering: each further call to a hung app
+/// would cost another time-out.
+class AppWindows {
+  public:
+    AppWindows(const Accessibility& accessibility, ProcessId pid)
+        : accessibility_(accessibility)
+        , pid_(pid) {}
 
-/// Palettes, sheets and pop-overs have other subroles and are no windows to a user.
-bool isOrdinary(const Accessibility& accessibility, const AXElementRef& element) {
-    const auto subrole = valueOr(accessibility.attribute(element, "AXSubrole"), std::string());
-    return subrole == "AXStandardWindow" || subrole == "AXDialog";
-}
+    bool answers() const { return answers_; }
 
-std::optional<AppWindow> appWindow(const Accessibility& accessibility, ProcessId pid,
-                                   const AXElementRef& element) {
-    if (!isOrdinary(accessibility, element)) return std::nullopt;
-    const auto number = accessibility.window(element);
-    if (!number) return std::nullopt;
-    return AppWindow{
-        .id = *number,
-        .element = element,
-        .pid = pid,
-        .title = valueOr(accessibility.attribute(element, "AXTitle"), std::string()),
-        .isMinimized = valueOr(accessibility.attribute(element, "AXMinimized"), false),
-        .frame = frameOf(accessibility, element),
+    AXAttribute read(const AXElementRef& element, std::string_view name) {
+        if (!answers_) return {.error = AXError::cannotComplete};
+        auto attribute = accessibility_.attribute(element, name);
+        answers_ = attribute.error != AXError::cannotComplete;
+        return attribute;
+    }
+
+    /// Absent for what is no window to a user.
+    std::optional<AppWindow> window(const AXElementRef& element) {
+        if (!isOrdinary(element)) return std::nullopt;
+        const auto number = accessibility_.window(element);
+        if (!number) return std::nullopt;
+        return AppWindow{.id = *number,
+                         .element = element,
+                         .pid = pid_,
+                         .title = valueOr(read(element, "AXTitle"), std::string()),
+                         .isMinimized = valueOr(read(element, "AXMinimized"), false),
+                         .frame = frame(element)};
+    }
+
+  private:
+    /// Palettes, sheets and pop-overs have other subroles.
+    bool isOrdinary(const AXElementRef& element) {
+        const auto subrole = valueOr(read(element, "AXSubrole"), std::string());
+        return subrole == "AXStandardWindow" || subrole == "AXDialog";
+    }
+
+    Rect frame(const AXElementRef& element) {
+        const auto position = valueOr(read(element, "AXPosition"), Point{});
+        const auto size = valueOr(read(element, "AXSize"), Size{});
+        return {position.x, position.y, size.width, size.height};
+    }
+
+    const Accessibility& accessibility_;
+    ProcessId pid_;
+    bool answers_ = true;
+};
+
+/// The name of one element of a process, which need not exist.
+Accessibility::RemoteToken remoteToken(ProcessId pid, std::uint64_t element) {
+    constexpr std::uint32_t mark = 0x636f636f;
+    Accessibility::RemoteToken token{};
+    const auto put = [&](std::size_t at, std::uint64_t number, std::size_t bytes) {
+        for (std::size_t i = 0; i < bytes; ++i)
+            token[at + i] = static_cast<std::uint8_t>(number >> 8 * i);
     };
+    put(0, static_cast<std::uint32_t>(pid), 4);
+    put(8, mark, 4);
+    put(12, element, 8);
+    return token;
+}
+
+std::set<WindowId> numbersOf(const std::vector<AppWindow>& windows) {
+    std::set<WindowId> numbers;
+    for (const auto& window : windows)
+        numbers.insert(window.id);
+    return numbers;
+}
+
+/// One walk through an app's elements by their numbers.
+class ElementSearch {
+  public:
+    ElementSearch(const Accessibility& accessibility, ProcessId pid, std::vector<AppWindow> listed)
+        : accessibility_(accessibility)
+        , pid_(pid)
+        , app_(accessibility, pid)
+        , listed_(numbersOf(listed)) {
+        search_.windows = std::move(listed);
+    }
+
+    WindowSearch run(const Scheduler& clock, std::set<WindowId> sought) {
+        const double deadline = clock.uptime() + searchBudget;
+        const bool seeksSome = !sought.empty();
+        std::erase_if(sought, [&](WindowId id) { return listed_.contains(id); });
+        for (std::uint64_t number = 0; number < elementLimit; ++number) {
+            if ((seeksSome && sought.empty()) || clock.uptime() >= deadline) return search_;
+            const auto element = accessibility_.createWithRemoteToken(remoteToken(pid_, number));
+            if (!element) return search_;
+            meet(element);
+            if (!app_.answers()) return search_;
+            if (!search_.windows.empty()) sought.erase(search_.windows.back().id);
+        }
+        search_.isConclusive = !met_.empty() && std::ranges::includes(met_, listed_) &&
+                               accessibility_.isProcessTrusted();
+        return search_;
+    }
+
+  private:
+    /// Seconds.
+    static constexpr double searchBudget = 0.25;
+    /// Apps number their elements upwards from 0; windows come early, unless others have asked the
+    /// app about much else before.
+    static constexpr std::uint64_t elementLimit = 1000;
+
+    void meet(const AXElementRef& element) {
+        if (accessibility_.pid(element) != pid_) return;
+        if (valueOr(app_.read(element, "AXRole"), std::string()) != "AXWindow") return;
+        auto window = app_.window(element);
+        if (!window || !app_.answers() || !met_.insert(window->id).second) return;
+        if (listed_.contains(window->id)) return;
+        window->isOnOtherSpace = true;
+        search_.windows.push_back(*std::move(window));
+    }
+
+    const Accessibility& accessibility_;
+    const ProcessId pid_;
+    AppWindows app_;
+    const std::set<WindowId> listed_;
+    std::set<WindowId> met_;
+    WindowSearch search_;
+};
+
+using ListedWindows = std::map<ProcessId, std::set<WindowId>>;
+
+/// Those windows of the apps that Accessibility could confirm.
+ListedWindows titledWindows(const std::vector<WindowInfo>& windows,
+                            const std::set<ProcessId>& pids) {
+    ListedWindows listed;
+    for (const auto& window : windows)
+        if (window.id != 0 && !window.title.empty() && pids.contains(window.pid))
+            listed[window.pid].insert(window.id);
+    return listed;
+}
+
+ClosedCheck checkNow(const Accessibility& accessibility, ProcessId pid,
+                     const std::set<WindowId>& listed, const Scheduler& clock) {
+    ClosedCheck check{.hidden = {}, .listed = listed, .time = clock.uptime()};
+    const auto windows = accessibilityWindows(accessibility, pid);
+    // An app that may no longer be asked confirms nothing, and that says nothing.
+    if (windows && accessibility.isProcessTrusted())
+        std::ranges::set_difference(listed, numbersOf(*windows),
+                                    std::inserter(check.hidden, check.hidden.end()));
+    return check;
 }
 
 } // namespace
@@ -78,15 +199,39 @@ std::optional<std::vector<AppWindow>> accessibilityWindows(const Accessibility& 
     if (pid < 1 || !accessibility.isProcessTrusted()) return windows;
     const auto application = accessibility.createApplication(pid);
     if (timeout) accessibility.setMessagingTimeout(application, *timeout);
-    const auto list = accessibility.attribute(application, "AXWindows");
-    if (list.error == AXError::cannotComplete) return std::nullopt;
-    const auto* elements = list.as<std::vector<AXElementRef>>();
-    if (!elements) return windows;
-    for (const auto& element : *elements) {
-        if (auto window = appWindow(accessibility, pid, element))
-            windows.push_back(*std::move(window));
+    AppWindows app(accessibility, pid);
+    const auto list = app.read(application, "AXWindows");
+    if (const auto* elements = list.as<std::vector<AXElementRef>>()) {
+        for (const auto& element : *elements) {
+            if (auto window = app.window(element)) windows.push_back(*std::move(window));
+            // What was read so far would pass for all that there is.
+            if (!app.answers()) return std::nullopt;
+        }
     }
+    if (!app.answers()) return std::nullopt;
     return windows;
+}
+
+WindowSearch windowsOnOtherSpaces(const Accessibility& accessibility, ProcessId pid,
+                                  const Scheduler& clock, const std::set<WindowId>& sought) {
+    auto listed = accessibilityWindows(accessibility, pid);
+    if (!listed) return {};
+    if (pid < 1 || !accessibility.isProcessTrusted()) return {.windows = *std::move(listed)};
+    return ElementSearch(accessibility, pid, *std::move(listed)).run(clock, sought);
+}
+
+ClosedChecks closedChecks(const Accessibility& accessibility,
+                          const std::vector<WindowInfo>& windows, const std::set<ProcessId>& pids,
+                          ClosedChecks kept, const Scheduler& clock) {
+    if (pids.empty() || !accessibility.isProcessTrusted()) return kept;
+    ClosedChecks checks;
+    for (const auto& [pid, listed] : titledWindows(windows, pids)) {
+        const auto earlier = kept.find(pid);
+        const bool holds = earlier != kept.end() && earlier->second.holds(listed, clock.uptime());
+        checks.emplace(pid, holds ? std::move(earlier->second)
+                                  : checkNow(accessibility, pid, listed, clock));
+    }
+    return checks;
 }
 
 bool framesMatch(const Rect& a, const Rect& b) {

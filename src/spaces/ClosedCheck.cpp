@@ -1,0 +1,16 @@
+#include "spaces/ClosedCheck.h"
+
+namespace larkspan {
+
+namespace {
+
+/// How long an answer is good for, in seconds.
+constexpr double memory = 30;
+
+} // namespace
+
+bool ClosedCheck::holds(const std::set<WindowId>& listedNow, double now) const {
+    return listed == listedNow && now - time < memory;
+}
+
+} // namespace larkspan
