@@ -174,7 +174,7 @@ void WindowRefresh::readSoon() {
 void WindowRefresh::readOnQueue() {
     const double start = scheduler_.uptime();
     auto read = [reader = reader_, base = baseOfRead(), screens = screens_.screens()] {
-        return base ? reader.readUnlessFront(*base, screens) : reader.read(screens);
+        return base ? reader.readUnlessSame(*base, screens) : reader.read(screens);
     };
     scheduler_.queue(readQueue).post([this, &scheduler = scheduler_, read = std::move(read), start,
                                       alive = std::weak_ptr(alive_)] {
@@ -187,10 +187,10 @@ void WindowRefresh::readOnQueue() {
 
 /// What a cheaper read may compare with. Only a desktop that is polled can be read so: it will be
 /// looked at again, while an announced change that shows elsewhere than on screen would be lost.
-std::optional<std::vector<WindowInfo>> WindowRefresh::baseOfRead() const {
+std::optional<ReadBase> WindowRefresh::baseOfRead() const {
     if (abilities_.announcesChanges || rebuildAfterRead_ || !lastFullRead_) return std::nullopt;
     if (scheduler_.uptime() - lastFullRead_->time >= baseLifetime) return std::nullopt;
-    return lastFullRead_->front;
+    return lastFullRead_->base;
 }
 
 void WindowRefresh::readFinished(std::optional<WindowRead> read, double start) {
@@ -203,7 +203,8 @@ void WindowRefresh::readFinished(std::optional<WindowRead> read, double start) {
                                milliseconds(start, end)));
         return;
     }
-    if (read && !abilities_.announcesChanges) lastFullRead_ = FullRead{read->front(), start};
+    if (read && !abilities_.announcesChanges)
+        lastFullRead_ = FullRead{{std::move(read->ids), read->front()}, start};
     apply(std::move(read), start, end);
     if (std::exchange(readAgain_, false)) requestRead(false);
 }

@@ -39,7 +39,7 @@ class WindowRefresh {
 
   private:
     struct FullRead {
-        std::vector<WindowInfo> front;
+        ReadBase base;
         /// Uptime at its start, in seconds.
         double time = 0;
     };
@@ -56,7 +56,7 @@ class WindowRefresh {
 
     void readSoon();
     void readOnQueue();
-    std::optional<std::vector<WindowInfo>> baseOfRead() const;
+    std::optional<ReadBase> baseOfRead() const;
     void readFinished(std::optional<WindowRead> read, double start);
     void apply(std::optional<WindowRead> read, double start, double end);
 

@@ -39,6 +39,18 @@ std::vector<SpaceId> countingSpaces(const WindowInfo& window, const SpaceMap& ma
     return spaces;
 }
 
+/// The windows of the apps with at least one that only a Space not shown has.
+std::vector<WindowInfo> windowsToConfirm(const std::vector<WindowInfo>& windows,
+                                         const SpaceMap& map) {
+    std::set<ProcessId> pids;
+    for (const auto& window : windows)
+        if (!window.isOnScreen && !countingSpaces(window, map).empty()) pids.insert(window.pid);
+    std::vector<WindowInfo> unconfirmed;
+    std::ranges::copy_if(windows, std::back_inserter(unconfirmed),
+                         [&](const WindowInfo& window) { return pids.contains(window.pid); });
+    return unconfirmed;
+}
+
 void countWindow(WindowRead& read, const WindowInfo& window, std::optional<DisplayId> display,
                  std::set<Slot> slots) {
     read.windowPIDs.insert(window.pid);
@@ -71,7 +83,17 @@ std::set<Slot> slotsOf(const WindowInfo& window, std::optional<DisplayId> displa
     return slots;
 }
 
-std::optional<WindowRead> WindowReader::read(const std::vector<Screen>& screens) const {
+std::optional<std::vector<WindowId>> WindowReader::ids() const {
+    if (server_.abilities().announcesChanges) return std::nullopt;
+    auto numbers = server_.windowNumbers(WindowListOption::excludeDesktopElements);
+    if (numbers) std::ranges::sort(*numbers);
+    return numbers;
+}
+
+std::optional<WindowRead> WindowReader::read(const std::vector<Screen>& screens,
+                                             const std::set<WindowId>& closed) const {
+    // Before the list: what comes between the two is then noticed by the next read.
+    auto numbers = ids();
     auto windows = WindowPresence::listWindows(server_, Listed::everywhere);
     if (!windows) return std::nullopt;
     const auto displays = server_.managedDisplaySpaces();
@@ -84,10 +106,11 @@ std::optional<WindowRead> WindowReader::read(const std::vector<Screen>& screens)
         if (const auto space = shownSpace(map, screen.display))
             read.frontSpaces[screen.display] = *space;
 
-    read.ids.reserve(windows->size());
+    read.ids = std::move(numbers);
+    if (!server_.abilities().readsAtOnce) read.unconfirmed = windowsToConfirm(*windows, map);
     read.windows.reserve(windows->size());
     for (auto& window : *windows) {
-        read.ids.push_back(window.id);
+        if (!window.isOnScreen && closed.contains(window.id)) continue;
         const auto display = WindowPresence::displayOf(window.bounds, screens);
         auto slots = slotsOf(window, display, map);
         if (slots.empty() && !window.isOnScreen) continue;
@@ -99,11 +122,16 @@ std::optional<WindowRead> WindowReader::read(const std::vector<Screen>& screens)
     return read;
 }
 
-std::optional<WindowRead> WindowReader::readUnlessFront(const std::vector<WindowInfo>& front,
-                                                        const std::vector<Screen>& screens) const {
-    const auto now = WindowPresence::listWindows(server_, Listed::onScreen);
-    if (!now || *now == front) return std::nullopt;
-    return read(screens);
+std::optional<WindowRead> WindowReader::readUnlessSame(const ReadBase& base,
+                                                       const std::vector<Screen>& screens,
+                                                       const std::set<WindowId>& closed) const {
+    // Without the function that gives the numbers, the windows on screen stand for all.
+    const auto numbers = base.ids ? ids() : std::nullopt;
+    if (!numbers || numbers == base.ids) {
+        const auto front = WindowPresence::listWindows(server_, Listed::onScreen);
+        if (!front || *front == base.front) return std::nullopt;
+    }
+    return read(screens, closed);
 }
 
 } // namespace larkspan

@@ -19,8 +19,9 @@ namespace larkspan {
 /// A window counts for its app while it is on screen, or would be if its Space were shown: a window
 /// on a Space that no display shows counts, a minimised one or one of a hidden app does not.
 struct WindowRead {
-    /// Numbers of all windows seen, on every Space, counting or not.
-    std::vector<WindowId> ids;
+    /// Sorted numbers of all that the window server lists, menus and panels too. Absent where
+    /// changes are announced, and when the server cannot tell.
+    std::optional<std::vector<WindowId>> ids;
     /// The windows that count, front to back.
     std::vector<WindowInfo> windows;
     FullScreenState fullScreen;
@@ -34,9 +35,19 @@ struct WindowRead {
     std::set<ProcessId> windowPIDs;
     std::map<ProcessId, std::set<DisplayId>> windowDisplays;
     std::map<ProcessId, std::set<Slot>> windowSlots;
+    /// All windows of the apps that have some on a Space not shown: Accessibility does not list
+    /// those. Always empty where the platform reads at once, for there it lists every window.
+    std::vector<WindowInfo> unconfirmed;
 
     /// The windows on screen among `windows`, front to back.
     std::vector<WindowInfo> front() const;
+};
+
+/// What a read may be compared with, to learn cheaply that nothing came, went or changed since.
+struct ReadBase {
+    std::optional<std::vector<WindowId>> ids;
+    /// The windows on screen, front to back.
+    std::vector<WindowInfo> front;
 };
 
 /// Reads the windows and the Spaces from the window server. Any thread; the screens are those of
@@ -46,15 +57,20 @@ class WindowReader {
     explicit WindowReader(const WindowServer& server)
         : server_(server) {}
 
-    /// Absent when the window server gave no list.
-    std::optional<WindowRead> read(const std::vector<Screen>& screens) const;
+    /// Absent when the window server gave no list. Of the windows `closed`, those not on screen do
+    /// not count.
+    std::optional<WindowRead> read(const std::vector<Screen>& screens,
+                                   const std::set<WindowId>& closed = {}) const;
 
-    /// The same, but also absent when the windows on screen are still those of an earlier read
-    /// (`front`, front to back), which costs less to find out.
-    std::optional<WindowRead> readUnlessFront(const std::vector<WindowInfo>& front,
-                                              const std::vector<Screen>& screens) const;
+    /// The same, but also absent when the windows are still those of an earlier read, which costs
+    /// less to find out. A title or a frame that changed on a Space not shown goes unnoticed.
+    std::optional<WindowRead> readUnlessSame(const ReadBase& base,
+                                             const std::vector<Screen>& screens,
+                                             const std::set<WindowId>& closed = {}) const;
 
   private:
+    std::optional<std::vector<WindowId>> ids() const;
+
     const WindowServer& server_;
 };
 

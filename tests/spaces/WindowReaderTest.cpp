@@ -7,6 +7,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace larkspan {
 namespace {
 
@@ -99,7 +101,7 @@ TEST_F(WindowReading, CountsNoMinimisedOrHiddenWindow) {
     mac.hide(mail);
     const auto result = read();
     EXPECT_THAT(result.windowPIDs, IsEmpty());
-    EXPECT_EQ(result.ids.size(), 2U);
+    EXPECT_THAT(result.windows, IsEmpty());
 }
 
 TEST_F(WindowReading, WorksWithoutSpaces) {
@@ -110,14 +112,76 @@ TEST_F(WindowReading, WorksWithoutSpaces) {
     EXPECT_THAT(result.windowSlots, ElementsAre(Pair(notes, ElementsAre(Slot{right, {}}))));
 }
 
-TEST_F(WindowReading, IsSparedWhileTheFrontIsTheSame) {
-    const auto window = mac.openWindow(notes, {.title = "a"});
+struct ChangeCase {
+    const char* name;
+    bool hasNumbers;
+    void (*change)(sim::SimMac&, WindowId shown, WindowId elsewhere);
+    bool isRead;
+};
+
+class IncrementalRead : public WindowReading, public testing::WithParamInterface<ChangeCase> {};
+
+TEST_P(IncrementalRead, IsSparedWhileNothingCameWentOrChangedOnScreen) {
+    const auto& param = GetParam();
+    mac.world().hasWindowNumbers = param.hasNumbers;
+    const auto second = mac.spaceAt(left, 1);
+    const auto shown = mac.openWindow(notes, {.title = "a"});
     mac.openWindow(mail);
-    const auto screens = platform.screens.screens();
-    const auto front = read().front();
-    EXPECT_FALSE(reader.readUnlessFront(front, screens));
-    mac.focusWindow(window);
-    EXPECT_TRUE(reader.readUnlessFront(front, screens)) << "the order counts";
+    const auto elsewhere = mac.openWindow(mail, {.space = second});
+    const auto first = read();
+    const ReadBase base{first.ids, first.front()};
+    param.change(mac, shown, elsewhere);
+    EXPECT_EQ(reader.readUnlessSame(base, platform.screens.screens()).has_value(), param.isRead);
+}
+
+INSTANTIATE_TEST_SUITE_P(
+    Table, IncrementalRead,
+    testing::Values(
+        ChangeCase{"Nothing", true, [](sim::SimMac&, WindowId, WindowId) {}, false},
+        ChangeCase{"NothingWithoutNumbers", false, [](sim::SimMac&, WindowId, WindowId) {}, false},
+        ChangeCase{"Order", true,
+                   [](sim::SimMac& m, WindowId shown, WindowId) { m.focusWindow(shown); }, true},
+        ChangeCase{"TitleOnScreen", true,
+                   [](sim::SimMac& m, WindowId shown, WindowId) { m.setTitle(shown, "b"); }, true},
+        ChangeCase{"OrderElsewhere", true,
+                   [](sim::SimMac& m, WindowId, WindowId) {
+                       auto& windows = m.world().windows;
+                       std::rotate(windows.begin(), windows.begin() + 1, windows.end());
+                   },
+                   false},
+        ChangeCase{"GoneElsewhere", true,
+                   [](sim::SimMac& m, WindowId, WindowId other) { m.closeWindow(other); }, true},
+        ChangeCase{"GoneElsewhereWithoutNumbers", false,
+                   [](sim::SimMac& m, WindowId, WindowId other) { m.closeWindow(other); }, false},
+        ChangeCase{"NumbersGoMissing", true,
+                   [](sim::SimMac& m, WindowId shown, WindowId) {
+                       m.world().hasWindowNumbers = false;
+                       m.focusWindow(shown);
+                   },
+                   true}),
+    [](const auto& instance) { return std::string(instance.param.name); });
+
+TEST_F(WindowReading, NamesAllWindowsOfAppsThatHaveSomeElsewhere) {
+    const auto second = mac.spaceAt(left, 1);
+    mac.openWindow(notes, {.title = "a"});
+    const auto shown = mac.openWindow(mail, {.title = "b"});
+    const auto elsewhere = mac.openWindow(mail, {.title = "c", .space = second});
+    mac.minimize(mac.openWindow(notes));
+    std::vector<WindowId> numbers;
+    for (const auto& window : read().unconfirmed)
+        numbers.push_back(window.id);
+    EXPECT_THAT(numbers, testing::UnorderedElementsAre(shown, elsewhere));
+    mac.setAnnouncesChanges(true);
+    EXPECT_THAT(read().unconfirmed, IsEmpty()) << "nothing is asked where reads are at once";
+}
+
+TEST_F(WindowReading, CountsNoClosedWindowUnlessItIsOnScreen) {
+    const auto second = mac.spaceAt(left, 1);
+    const auto shown = mac.openWindow(notes);
+    const auto elsewhere = mac.openWindow(mail, {.space = second});
+    const auto result = *reader.read(platform.screens.screens(), {shown, elsewhere});
+    EXPECT_THAT(result.windowPIDs, ElementsAre(notes));
+    EXPECT_EQ(result.unconfirmed.size(), 1U) << "it is still one that the server lists";
 }
 
 TEST_F(WindowReading, IsAbsentWhenTheServerIsSilent) {
