@@ -22,7 +22,8 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
     , store_(platform.scheduler, platform.workspace, platform.applications, platform.screens,
              platform.dockPreferences, animator_, log_)
     , refresh_(store_, platform.scheduler, platform.workspace, platform.screens,
-               platform.windowServer, platform.dockPreferences, platform.trash, log_)
+               platform.windowServer, platform.accessibility, platform.dockPreferences,
+               platform.trash, log_)
     , actions_(store_, platform.scheduler, platform.workspace, platform.applications,
                platform.accessibility, platform.coreDock, platform.loginItems)
     , click_(store_, actions_, platform.scheduler, platform.workspace, platform.applications,

@@ -144,6 +144,7 @@ bool DockStore::applyWindowRead(WindowRead read) {
     const bool hasNewLayout = !haveSameLayout(read.spaceMap, spaceMap);
     spaceMap = std::move(read.spaceMap);
     latestWindows = std::move(read.windows);
+    pruneReached();
     unite(seenSlots, read.windowSlots);
     unite(seenDisplays, read.windowDisplays);
 
@@ -296,8 +297,32 @@ const RunningApplication* DockStore::runningApplication(ProcessId pid) const {
     return found == running.end() ? nullptr : &*found;
 }
 
-std::vector<AppWindow> DockStore::windowsOf(const DisplayGroup* group,
-                                            std::vector<AppWindow> windows) const {
+void DockStore::pruneReached() {
+    if (reachedWindows.empty()) return;
+    std::set<WindowId> numbers;
+    for (const auto& window : latestWindows)
+        numbers.insert(window.id);
+    std::erase_if(reachedWindows,
+                  [&](const auto& entry) { return !numbers.contains(entry.first); });
+}
+
+std::vector<AppWindow> DockStore::windowsOf(ProcessId pid, const DisplayGroup* group,
+                                            std::optional<std::vector<AppWindow>> listed) const {
+    auto windows = std::move(listed).value_or(std::vector<AppWindow>{});
+    if (!reachedWindows.empty()) {
+        for (const auto& window : latestWindows) {
+            const auto reached = reachedWindows.find(window.id);
+            if (window.pid != pid || window.isOnScreen || reached == reachedWindows.end() ||
+                std::ranges::find(windows, window.id, &AppWindow::id) != windows.end())
+                continue;
+            windows.push_back({.id = window.id,
+                               .element = reached->second,
+                               .pid = pid,
+                               .title = window.title,
+                               .frame = window.bounds,
+                               .isOnOtherSpace = true});
+        }
+    }
     if (!group) return windows;
     return windowsInSlot(std::move(windows), group->slot, spaceMap, screens_.screens());
 }

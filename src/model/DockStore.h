@@ -78,6 +78,10 @@ class DockStore {
     std::optional<SpaceMap> spaceMap;
     /// The windows that count for their apps, on every Space, front to back.
     std::vector<WindowInfo> latestWindows;
+    /// The elements of windows on Spaces not shown, which Accessibility does not list.
+    std::map<WindowId, AXElementRef> reachedWindows;
+    /// Apps whose windows are being reached now.
+    std::set<ProcessId> reachingWindows;
     std::map<ProcessId, std::set<Slot>> windowSlots;
     std::map<ProcessId, std::set<Slot>> seenSlots;
     /// Ids of the items that may move between sections although the pointer is on the bar: those of
@@ -111,9 +115,11 @@ class DockStore {
     /// tile.
     void forgetOpened(const std::string& id);
 
-    /// Those of an app's windows that the group stands for; all of them when there is no group.
-    std::vector<AppWindow> windowsOf(const DisplayGroup* group,
-                                     std::vector<AppWindow> windows) const;
+    /// Those of the app's windows that the group stands for; all of them when there is no group.
+    /// First the windows `listed` by Accessibility (absent when the app did not answer), then the
+    /// reached ones of Spaces not shown.
+    std::vector<AppWindow> windowsOf(ProcessId pid, const DisplayGroup* group,
+                                     std::optional<std::vector<AppWindow>> listed) const;
     /// The running application as it is now; absent when it has quit.
     const RunningApplication* runningApplication(ProcessId pid) const;
 
@@ -131,6 +137,7 @@ class DockStore {
     };
 
     void checkThread() const;
+    void pruneReached();
     void pruneLaunching(const std::set<std::string>& idsBefore);
     void logChanges(const WindowRead& read, bool hasNewLayout);
     Sections splitRunning(const BarSlots& slots);

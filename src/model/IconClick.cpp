@@ -114,8 +114,10 @@ bool IconClick::shouldHide(Clicked& clicked) const {
     if (group && group->slot.space && store_.spaceMap &&
         !store_.spaceMap->shown.contains(*group->slot.space))
         return false;
-    return std::ranges::any_of(windowsOf(clicked),
-                               [](const AppWindow& window) { return !window.isMinimized; });
+    // An app that shows nothing here is not sent away: the click goes to where its windows are.
+    return std::ranges::any_of(windowsOf(clicked), [](const AppWindow& window) {
+        return !window.isMinimized && !window.isOnOtherSpace;
+    });
 }
 
 void IconClick::bringForward(Clicked& clicked) {
@@ -155,10 +157,9 @@ void IconClick::raiseMainWindow(ProcessId pid) {
 
 const std::vector<AppWindow>& IconClick::windowsOf(Clicked& clicked) const {
     if (!clicked.windows) {
-        auto windows = WindowPresence::accessibilityWindows(accessibility_, clicked.pid);
-        clicked.answers = windows.has_value();
-        clicked.windows =
-            store_.windowsOf(clicked.group, std::move(windows).value_or(std::vector<AppWindow>{}));
+        auto listed = WindowPresence::accessibilityWindows(accessibility_, clicked.pid);
+        clicked.answers = listed.has_value();
+        clicked.windows = store_.windowsOf(clicked.pid, clicked.group, std::move(listed));
     }
     return *clicked.windows;
 }

@@ -129,7 +129,7 @@ Menu ItemMenu::notRunningMenu(const Tile& tile) const {
 
 void ItemMenu::addWindows(Menu& menu, const Tile& tile, Listing listing) const {
     const auto windows =
-        store_.windowsOf(tile.groupOrNull(), std::move(listing).value_or(std::vector<AppWindow>{}));
+        store_.windowsOf(tile.item.app->pid, tile.groupOrNull(), std::move(listing));
     const bool isFront = store_.frontmostPID.get() == tile.item.app->pid;
     bool hasFront = false;
     for (const auto& window : windows) {
@@ -137,7 +137,7 @@ void ItemMenu::addWindows(Menu& menu, const Tile& tile, Listing listing) const {
         if (line.title.empty()) line.title = "Untitled";
         if (window.isMinimized) {
             line.mark = MenuItem::Mark::diamond;
-        } else if (isFront && !std::exchange(hasFront, true)) {
+        } else if (isFront && !window.isOnOtherSpace && !std::exchange(hasFront, true)) {
             line.mark = MenuItem::Mark::check;
         }
         menu.push_back(std::move(line));

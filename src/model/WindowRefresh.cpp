@@ -26,7 +26,8 @@ std::int64_t milliseconds(double from, double to) {
 } // namespace
 
 WindowRefresh::WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace,
-                             Screens& screens, WindowServer& server, DockPreferences& dock,
+                             Screens& screens, WindowServer& server,
+                             const Accessibility& accessibility, DockPreferences& dock,
                              TrashFolder& trash, DiagnosticsLog& log)
     : store_(store)
     , scheduler_(scheduler)
@@ -37,7 +38,8 @@ WindowRefresh::WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& 
     , trash_(trash)
     , log_(log)
     , abilities_(server.abilities())
-    , reader_(server) {
+    , reader_(server)
+    , reach_(store, scheduler, accessibility, [this] { requestRead(true); }) {
     readAtStart();
     observe();
 }
@@ -173,8 +175,9 @@ void WindowRefresh::readSoon() {
 
 void WindowRefresh::readOnQueue() {
     const double start = scheduler_.uptime();
-    auto read = [reader = reader_, base = baseOfRead(), screens = screens_.screens()] {
-        return base ? reader.readUnlessSame(*base, screens) : reader.read(screens);
+    auto read = [reader = reader_, base = baseOfRead(), screens = screens_.screens(),
+                 closed = reach_.closed()] {
+        return base ? reader.readUnlessSame(*base, screens, closed) : reader.read(screens, closed);
     };
     scheduler_.queue(readQueue).post([this, &scheduler = scheduler_, read = std::move(read), start,
                                       alive = std::weak_ptr(alive_)] {
@@ -205,6 +208,7 @@ void WindowRefresh::readFinished(std::optional<WindowRead> read, double start) {
     }
     if (read && !abilities_.announcesChanges)
         lastFullRead_ = FullRead{{std::move(read->ids), read->front()}, start};
+    if (read) reach_.follow(read->unconfirmed);
     apply(std::move(read), start, end);
     if (std::exchange(readAgain_, false)) requestRead(false);
 }

@@ -2,6 +2,7 @@
 
 #include "diagnostics/DiagnosticsLog.h"
 #include "model/DockStore.h"
+#include "model/WindowReach.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
 #include "platform/Shell.h"
@@ -23,8 +24,8 @@ class WindowRefresh {
   public:
     /// Reads the windows once, before it returns.
     WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace, Screens& screens,
-                  WindowServer& server, DockPreferences& dock, TrashFolder& trash,
-                  DiagnosticsLog& log);
+                  WindowServer& server, const Accessibility& accessibility, DockPreferences& dock,
+                  TrashFolder& trash, DiagnosticsLog& log);
 
     /// `rebuild` forces a regroup after the read even if nothing changed.
     void requestRead(bool rebuild);
@@ -70,6 +71,7 @@ class WindowRefresh {
     DiagnosticsLog& log_;
     const WindowServerAbilities abilities_;
     const WindowReader reader_;
+    WindowReach reach_;
 
     /// A read is in flight (or, where the platform reads at once, waits for its turn).
     bool isReadingWindows_ = false;

@@ -20,7 +20,8 @@ struct BareModel {
     /// Reads the windows for the first time and follows the desktop from then on.
     void start() {
         refresh.emplace(store, platform.scheduler, platform.workspace, platform.screens,
-                        platform.windowServer, platform.dockPreferences, platform.trash, log);
+                        platform.windowServer, platform.accessibility, platform.dockPreferences,
+                        platform.trash, log);
     }
 
     Platform platform;
