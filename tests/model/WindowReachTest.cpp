@@ -132,7 +132,12 @@ TEST_P(UnprovedGhost, CountsWhereItsAbsenceCannotBeProved) {
 INSTANTIATE_TEST_SUITE_P(
     Table, UnprovedGhost,
     testing::Values(
-        KeptCase{"NoTokens", [](sim::SimMac& m, ProcessId) { m.world().hasRemoteTokens = false; }},
+        KeptCase{"NoTokens",
+                 [](sim::SimMac& m, ProcessId) {
+                     m.removeFunction("_AXUIElementCreateWithRemoteToken");
+                 }},
+        KeptCase{"NoWindowNumbers",
+                 [](sim::SimMac& m, ProcessId) { m.removeFunction("_AXUIElementGetWindow"); }},
         KeptCase{"NoPermission", [](sim::SimMac& m, ProcessId) { m.refuseAccessibility(); }},
         KeptCase{"Hung", [](sim::SimMac& m, ProcessId pid) { m.hang(pid); }},
         KeptCase{"TooSlow",

@@ -123,7 +123,7 @@ class IncrementalRead : public WindowReading, public testing::WithParamInterface
 
 TEST_P(IncrementalRead, IsSparedWhileNothingCameWentOrChangedOnScreen) {
     const auto& param = GetParam();
-    mac.world().hasWindowNumbers = param.hasNumbers;
+    if (!param.hasNumbers) mac.removeFunction("CGWindowListCreate");
     const auto second = mac.spaceAt(left, 1);
     const auto shown = mac.openWindow(notes, {.title = "a"});
     mac.openWindow(mail);
@@ -155,7 +155,7 @@ INSTANTIATE_TEST_SUITE_P(
                    [](sim::SimMac& m, WindowId, WindowId other) { m.closeWindow(other); }, false},
         ChangeCase{"NumbersGoMissing", true,
                    [](sim::SimMac& m, WindowId shown, WindowId) {
-                       m.world().hasWindowNumbers = false;
+                       m.removeFunction("CGWindowListCreate");
                        m.focusWindow(shown);
                    },
                    true}),

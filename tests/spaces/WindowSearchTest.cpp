@@ -111,7 +111,10 @@ INSTANTIATE_TEST_SUITE_P(
     Table, SearchUnderFault,
     testing::Values(
         SearchFault{"NoTokens",
-                    [](sim::SimMac& m, sim::App&) { m.world().hasRemoteTokens = false; }, 1},
+                    [](sim::SimMac& m, sim::App&) {
+                        m.removeFunction("_AXUIElementCreateWithRemoteToken");
+                    },
+                    1},
         SearchFault{"NoPermission", [](sim::SimMac& m, sim::App&) { m.refuseAccessibility(); }, 0},
         SearchFault{"Hung", [](sim::SimMac&, sim::App& app) { app.hung = true; }, 0},
         SearchFault{"NoProcess", [](sim::SimMac& m, sim::App& app) { m.kill(app.pid); }, 0}),
