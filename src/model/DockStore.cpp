@@ -308,7 +308,9 @@ void DockStore::pruneReached() {
 
 std::vector<AppWindow> DockStore::windowsOf(ProcessId pid, const DisplayGroup* group,
                                             std::optional<std::vector<AppWindow>> listed) const {
-    auto windows = std::move(listed).value_or(std::vector<AppWindow>{});
+    // A hung app could raise none of its windows, the reached ones as little as the others.
+    if (!listed) return {};
+    auto windows = *std::move(listed);
     if (!reachedWindows.empty()) {
         for (const auto& window : latestWindows) {
             const auto reached = reachedWindows.find(window.id);

@@ -116,8 +116,8 @@ class DockStore {
     void forgetOpened(const std::string& id);
 
     /// Those of the app's windows that the group stands for; all of them when there is no group.
-    /// First the windows `listed` by Accessibility (absent when the app did not answer), then the
-    /// reached ones of Spaces not shown.
+    /// First the windows `listed` by Accessibility, then the reached ones of Spaces not shown; none
+    /// when the app did not answer.
     std::vector<AppWindow> windowsOf(ProcessId pid, const DisplayGroup* group,
                                      std::optional<std::vector<AppWindow>> listed) const;
     /// The running application as it is now; absent when it has quit.
