@@ -15,8 +15,9 @@ inline constexpr int fullScreenSpaceType = 4;
 inline constexpr const char* sharedSpacesIdentifier = "Main";
 
 /// The Spaces of the displays among `screens`, with the windows on each. Spaces that all displays
-/// share stand under every one of them and belong to the first. Entries without an identifier and
-/// displays that are no screen are left out. Any thread.
+/// share stand under every one of them and belong to the first. Left out are entries
+/// without an identifier, displays that are no screen, and what is listed a second time; a Space of
+/// unknown type is no desktop. Any thread.
 SpaceMap readSpaceMap(const WindowServer& server, const std::vector<ManagedDisplay>& displays,
                       const std::vector<Screen>& screens);
 

@@ -58,5 +58,55 @@ TEST(SpaceMapReader, LeavesOutWhatIsMalformedOrNoScreen) {
     EXPECT_THAT(map.shown, IsEmpty());
 }
 
+TEST(SpaceMapReader, KnowsDesktopsByTheirTypeAlone) {
+    const RecordedWindowServer server;
+    auto first = space(5);
+    first.uuid = "";
+    auto untyped = space(4);
+    untyped.type.reset();
+    const auto map = readSpaceMap(
+        server,
+        {{.displayIdentifier = "A",
+          .currentSpace = untyped,
+          .spaces = {space(1, 4), space(2, 2), space(3, 77), untyped, first, space(6)}}},
+        screens);
+    EXPECT_THAT(map.spaces.at(1), ElementsAre(1, 2, 3, 4, 5, 6));
+    EXPECT_THAT(map.firstDesktops, ElementsAre(Pair(1, 5))) << "the one without a UUID";
+    EXPECT_THAT(map.fullScreen, ElementsAre(1));
+    EXPECT_THAT(map.shown, ElementsAre(4));
+}
+
+TEST(SpaceMapReader, TakesWhatIsListedTwiceOnce) {
+    RecordedWindowServer server;
+    server.windows = {{3, {7, 7}}, {4, {7}}};
+    const auto map = readSpaceMap(
+        server, {{.displayIdentifier = "A", .spaces = {space(3), space(3), space(4)}}}, screens);
+    EXPECT_THAT(map.spaces.at(1), ElementsAre(3, 4));
+    EXPECT_THAT(map.windowSpaces, ElementsAre(Pair(7, ElementsAre(3, 4))));
+}
+
+TEST(SpaceMapReader, DoesNotDependOnTheOrderOfTheDisplays) {
+    RecordedWindowServer server;
+    server.windows = {{3, {7}}, {4, {7}}, {5, {7}}};
+    const ManagedDisplay a{.displayIdentifier = "A", .spaces = {space(3), space(4)}};
+    const ManagedDisplay b{.displayIdentifier = "B", .spaces = {space(4), space(5)}};
+    const auto map = readSpaceMap(server, {a, b}, screens);
+    EXPECT_EQ(readSpaceMap(server, {b, a}, screens), map);
+    EXPECT_EQ(map.owners.at(4), 1U) << "a Space belongs to one display";
+}
+
+TEST(SpaceMapReader, ShowsNoSpaceThatItDoesNotKnow) {
+    const RecordedWindowServer server;
+    for (const auto& current :
+         {std::optional<ManagedSpace>(), std::optional(space(9)), std::optional(ManagedSpace{})}) {
+        const auto map = readSpaceMap(
+            server,
+            {{.displayIdentifier = "A", .currentSpace = current, .spaces = {space(3), space(0)}}},
+            screens);
+        EXPECT_THAT(map.shown, IsEmpty());
+        EXPECT_THAT(map.spaces.at(1), ElementsAre(3)) << "0 is no Space";
+    }
+}
+
 } // namespace
 } // namespace larkspan
