@@ -169,7 +169,8 @@ TEST_F(WindowReaching, NothingIsAskedWhereThePlatformReadsAtOnce) {
 TEST_F(WindowReaching, MayEndWithAVisitUnderWay) {
     start();
     mac.scheduler.queueLatency = 0.3;
-    mac.scheduler.runFor(0.9);
+    for (int steps = 0; steps < 50 && store.reachingWindows.empty(); ++steps)
+        mac.scheduler.runFor(0.1);
     ASSERT_THAT(store.reachingWindows, ElementsAre(notes));
     refresh.reset();
     letPollsPass();
