@@ -1,5 +1,7 @@
 #include "ui/BarScene.h"
 
+#include "ui/clickModifiers.h"
+
 #include "ui/SpringCurve.h"
 
 #include <QGuiApplication>
@@ -215,7 +217,13 @@ bool BarScene::moveToLetter(const QString& text) {
     return true;
 }
 
-bool BarScene::pressKey(int key, const QString& text) {
+void BarScene::clickTile(int index, int button, int keys) {
+    Q_EMIT tileClicked(index,
+                       clickModifiers(static_cast<Qt::MouseButton>(button),
+                                      Qt::KeyboardModifiers::fromInt(static_cast<unsigned>(keys))));
+}
+
+bool BarScene::pressKey(int key, const QString& text, Qt::KeyboardModifiers keys) {
     if (!hasKeyboard_ || litTile_ < 0) return false;
     const int forward = QGuiApplication::isRightToLeft() ? -1 : 1;
     switch (key) {
@@ -242,7 +250,7 @@ bool BarScene::pressKey(int key, const QString& text) {
         // Taken before the keyboard goes, which puts the light out.
         const int index = litTile_;
         Q_EMIT keyboardLeft();
-        Q_EMIT tileClicked(index);
+        Q_EMIT tileClicked(index, clickModifiers(Qt::LeftButton, keys));
         return true;
     }
     case Qt::Key_Up:

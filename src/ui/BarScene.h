@@ -2,6 +2,7 @@
 
 #include "app/BarLook.h"
 #include "model/Animation.h"
+#include "model/ClickModifiers.h"
 #include "model/DockStore.h"
 #include "ui/Appearance.h"
 #include "ui/BarLayout.h"
@@ -109,9 +110,10 @@ class BarScene : public QObject {
     Q_INVOKABLE void hover(int index, bool isHovered);
     Q_INVOKABLE void scrollBy(double points);
     Q_INVOKABLE void scrollPage(int direction);
+    Q_INVOKABLE void clickTile(int index, int button, int keys);
     Q_INVOKABLE void setPointerInside(bool isInside);
     /// The keyboard's way over the bar; answers whether the key meant something here.
-    bool pressKey(int key, const QString& text);
+    bool pressKey(int key, const QString& text, Qt::KeyboardModifiers keys = {});
     void setKeyboard(bool hasKeyboard);
 
   Q_SIGNALS:
@@ -121,7 +123,7 @@ class BarScene : public QObject {
     void surfaceChanged();
     void travelChanged();
     void litTileChanged();
-    void tileClicked(int index);
+    void tileClicked(int index, larkspan::ClickModifiers modifiers);
     void menuRequested(int index);
     /// The menu of the bar itself, above this place of the panel.
     void barMenuRequested(double x);

@@ -8,10 +8,14 @@ int MenuModel::rowCount(const QModelIndex& parent) const {
 
 QVariant MenuModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= rowCount()) return {};
-    const auto& [item, depth] = lines_[static_cast<std::size_t>(index.row())];
+    const auto& [line, depth] = lines_[static_cast<std::size_t>(index.row())];
+    const MenuItem& item = this->item(index.row());
     switch (role) {
     case TitleRole:
         return QString::fromStdString(item.title);
+    case OtherTitleRole:
+        return QString::fromStdString(line.alternate && !showsAlternates_ ? line.alternate->title
+                                                                          : line.title);
     case KindRole:
         return static_cast<int>(item.kind);
     case EnabledRole:
@@ -26,11 +30,9 @@ QVariant MenuModel::data(const QModelIndex& index, int role) const {
 }
 
 QHash<int, QByteArray> MenuModel::roleNames() const {
-    return {{TitleRole, "title"},
-            {KindRole, "kind"},
-            {EnabledRole, "isChoice"},
-            {MarkRole, "mark"},
-            {DepthRole, "depth"}};
+    return {{TitleRole, "title"}, {OtherTitleRole, "otherTitle"},
+            {KindRole, "kind"},   {EnabledRole, "isChoice"},
+            {MarkRole, "mark"},   {DepthRole, "depth"}};
 }
 
 void MenuModel::setMenu(const Menu& menu) {
@@ -38,6 +40,19 @@ void MenuModel::setMenu(const Menu& menu) {
     lines_.clear();
     addLines(menu, 0);
     endResetModel();
+}
+
+void MenuModel::setShowsAlternates(bool showsAlternates) {
+    if (showsAlternates == showsAlternates_) return;
+    showsAlternates_ = showsAlternates;
+    for (int row = 0; row < rowCount(); ++row)
+        if (lines_[static_cast<std::size_t>(row)].item.alternate)
+            Q_EMIT dataChanged(index(row), index(row));
+}
+
+const MenuItem& MenuModel::item(int row) const {
+    const MenuItem& line = lines_[static_cast<std::size_t>(row)].item;
+    return showsAlternates_ && line.alternate ? *line.alternate : line;
 }
 
 void MenuModel::addLines(const Menu& menu, int depth) {

@@ -16,15 +16,25 @@ class MenuModel : public QAbstractListModel {
     QML_ANONYMOUS
 
   public:
-    enum Role { TitleRole = Qt::UserRole, KindRole, EnabledRole, MarkRole, DepthRole };
+    enum Role {
+        TitleRole = Qt::UserRole,
+        OtherTitleRole,
+        KindRole,
+        EnabledRole,
+        MarkRole,
+        DepthRole
+    };
 
     int rowCount(const QModelIndex& parent = {}) const override;
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
     void setMenu(const Menu& menu);
+    /// Whether lines that have an alternate show it.
+    void setShowsAlternates(bool showsAlternates);
     bool canChoose(int row) const;
-    const MenuItem& item(int row) const { return lines_[static_cast<std::size_t>(row)].item; }
+    /// The line as it shows.
+    const MenuItem& item(int row) const;
     /// The next line from `row` in that direction that can be chosen, around the ends; -1 for none.
     int nextChoice(int row, int direction) const;
     /// The next one that starts with the text.
@@ -38,6 +48,7 @@ class MenuModel : public QAbstractListModel {
     void addLines(const Menu& menu, int depth);
 
     std::vector<Line> lines_;
+    bool showsAlternates_ = false;
 };
 
 } // namespace larkspan::ui

@@ -10,6 +10,8 @@ Item {
     required property real rowWidth
     required property int index
     required property string title
+    /// Takes its place while the Option key is held, or lets it go; the same where nothing does.
+    required property string otherTitle
     required property int kind
     required property bool isChoice
     required property int mark
@@ -23,7 +25,7 @@ Item {
     readonly property int lead: kind === 2 && index > 0 ? 5 : 0
 
     // A column leaves out what has no width at all.
-    implicitWidth: isSeparator ? 1 : Math.min(label.implicitWidth, 340) + label.x + 14
+    implicitWidth: isSeparator ? 1 : Math.min(Math.max(label.implicitWidth, other.implicitWidth), 340) + label.x + 14
     implicitHeight: isSeparator ? 9 : Math.round(label.implicitHeight + 9) + lead
     // At least its own width: the menu measures its lines before it has a width itself.
     width: Math.max(implicitWidth, rowWidth)
@@ -65,6 +67,17 @@ Item {
         opacity: row.isHeading ? 0.55 : row.isChoice ? 1 : 0.4
         font.pixelSize: row.isHeading ? 11 : 13
         renderType: Text.NativeRendering
+    }
+
+    // Only measured, so that no line moves when the titles change places.
+    Text {
+        id: other
+
+        visible: false
+        text: row.otherTitle
+        textFormat: Text.PlainText
+        font: label.font
+        renderType: label.renderType
     }
 
     HoverHandler {

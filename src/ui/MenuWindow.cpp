@@ -1,7 +1,9 @@
 #include "ui/MenuWindow.h"
 
 #include "ui/Shape.h"
+#include "ui/clickModifiers.h"
 
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QQuickItem>
 
@@ -31,10 +33,15 @@ MenuWindow::~MenuWindow() {
 
 void MenuWindow::open(const Menu& menu, const QRectF& anchor, const QRectF& screen,
                       bool isTranslucent) {
+    // Menus grow upwards, so the lit line is as far from the end as before.
+    const bool isSame = isVisible() && anchor == anchor_ && current_ >= 0;
+    const int fromEnd = lines_.rowCount() - current_;
+    anchor_ = anchor;
     // No wider than its lines from here on: the last menu may have been.
     root_->setSize(QSizeF());
+    lines_.setShowsAlternates(isOptionHeld(QGuiApplication::queryKeyboardModifiers()));
     lines_.setMenu(menu);
-    setCurrent(-1);
+    setCurrent(isSame ? lines_.rowCount() - fromEnd : -1);
     // The lines are put below each other only now, and how high they are is needed first.
     root_->findChild<QQuickItem*>("lines")->ensurePolished();
     const QSizeF size(std::ceil(root_->implicitWidth()), std::ceil(root_->implicitHeight()));
@@ -47,6 +54,16 @@ void MenuWindow::open(const Menu& menu, const QRectF& anchor, const QRectF& scre
     root_->setProperty("cutsCorners", !isTranslucent);
     setMask(isTranslucent ? QRegion() : roundedRegion(QRectF(QPointF(), size), cornerRadius));
     show();
+}
+
+bool MenuWindow::event(QEvent* event) {
+    const bool isKey = event->type() == QEvent::KeyPress || event->type() == QEvent::KeyRelease;
+    // An event of the key itself may come with the modifiers as they were before it.
+    if (isKey && isOptionKey(static_cast<QKeyEvent*>(event)->key()))
+        lines_.setShowsAlternates(event->type() == QEvent::KeyPress);
+    else if (const auto* input = dynamic_cast<QInputEvent*>(event))
+        lines_.setShowsAlternates(isOptionHeld(input->modifiers()));
+    return QQuickWindow::event(event);
 }
 
 void MenuWindow::exposeEvent(QExposeEvent* event) {

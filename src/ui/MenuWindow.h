@@ -25,7 +25,9 @@ class MenuWindow : public QQuickWindow {
     ~MenuWindow() override;
 
     /// `anchor` is the tile, `screen` what the menu must stay inside; both in the coordinates of
-    /// the toolkit's windows. `isTranslucent`: whether the window's corners can be see-through.
+    /// the toolkit's windows. `isTranslucent`: whether the window's corners can be see-through. A
+    /// menu that is open above the same place takes the new lines, and its lowest stay where they
+    /// are.
     void open(const Menu& menu, const QRectF& anchor, const QRectF& screen, bool isTranslucent);
 
     MenuModel* lines() { return &lines_; }
@@ -42,6 +44,7 @@ class MenuWindow : public QQuickWindow {
     void closed();
 
   protected:
+    bool event(QEvent* event) override;
     void exposeEvent(QExposeEvent* event) override;
     void hideEvent(QHideEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
@@ -51,6 +54,7 @@ class MenuWindow : public QQuickWindow {
     Appearance& appearance_;
     MenuModel lines_;
     std::unique_ptr<QQuickItem> root_;
+    QRectF anchor_;
     int current_ = -1;
 };
 

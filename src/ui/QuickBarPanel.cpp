@@ -47,7 +47,7 @@ QuickBarPanel::QuickBarPanel(Views& views, std::unique_ptr<BarScene> scene, BarL
     observations_.push_back(look_.glass.observe([this] { updateSurface(); }));
     observations_.push_back(look_.glassBlur.observe([this] { updateSurface(); }));
     connect(&window_, &BarWindow::keyPressed, this, [this](QKeyEvent* event) {
-        event->setAccepted(scene_->pressKey(event->key(), event->text()));
+        event->setAccepted(scene_->pressKey(event->key(), event->text(), event->modifiers()));
     });
     connect(&window_, &BarWindow::pressed, this, &QuickBarPanel::leaveKeyboard);
     connect(scene_.get(), &BarScene::keyboardLeft, this, &QuickBarPanel::leaveKeyboard);

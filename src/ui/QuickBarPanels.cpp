@@ -27,12 +27,13 @@ std::unique_ptr<BarPanel> QuickBarPanels::makePanel(const Screen&) {
 
 void QuickBarPanels::connectPanel(QuickBarPanel& panel) {
     BarScene& scene = panel.scene();
-    connect(&scene, &BarScene::tileClicked, this, [this, &panel](int index) {
-        hideLabel();
-        // A copy: the click may change the rows.
-        const TileRow row = panel.scene().row(index);
-        actions_.click(row, panel.tileOnScreen(index));
-    });
+    connect(&scene, &BarScene::tileClicked, this,
+            [this, &panel](int index, ClickModifiers modifiers) {
+                hideLabel();
+                // A copy: the click may change the rows.
+                const TileRow row = panel.scene().row(index);
+                actions_.click(row, panel.tileOnScreen(index), modifiers);
+            });
     connect(&scene, &BarScene::menuRequested, this,
             [this, &panel](int index) { openTileMenu(panel, index); });
     connect(&scene, &BarScene::barMenuRequested, this,
@@ -64,11 +65,16 @@ void QuickBarPanels::updateLabel(QuickBarPanel& panel) {
 }
 
 void QuickBarPanels::openTileMenu(QuickBarPanel& panel, int index) {
-    openMenu(panel, actions_.menu(panel.scene().row(index), panel.tileOnScreen(index)),
-             panel.tileOnDesktop(index));
+    // A copy of the place: the tile may move until the menu is there.
+    tileMenu_ = actions_.openMenu(
+        panel.scene().row(index), panel.tileOnScreen(index),
+        [this, bar = QPointer(&panel), anchor = panel.tileOnDesktop(index)](const Menu& menu) {
+            if (bar) openMenu(*bar, menu, anchor);
+        });
 }
 
 void QuickBarPanels::openBarMenu(QuickBarPanel& panel, double x) {
+    tileMenu_.reset();
     const QRectF glass = panel.scene().glass();
     openMenu(panel, barMenu(controller_),
              panel.placeOnDesktop(QRectF(x, glass.top(), 0, glass.height())));
@@ -82,7 +88,7 @@ void QuickBarPanels::openMenu(QuickBarPanel& panel, const Menu& menu, const QRec
     isMenuOpen_ = true;
     setPointer(true);
     menu_->open(menu, anchor, panel.screenOnDesktop(), desktop_.isComposited());
-    if (panel.scene().hasKeyboard()) menu_->lightFirst();
+    if (panel.scene().hasKeyboard() && menu_->current() < 0) menu_->lightFirst();
 }
 
 void QuickBarPanels::makeMenuWindow() {
@@ -92,6 +98,7 @@ void QuickBarPanels::makeMenuWindow() {
     });
     connect(menu_.get(), &MenuWindow::closed, this, [this] {
         isMenuOpen_ = false;
+        tileMenu_.reset();
         setPointer(isPointerOnBar_);
         // The menu had the keyboard in the bar's place.
         if (menuPanel_ && menuPanel_->scene().hasKeyboard()) menuPanel_->takeKeyboard();

@@ -48,6 +48,8 @@ class QuickBarPanels final : public QObject, public BarPanels {
     /// Made when they are first needed: most starts never show them.
     std::unique_ptr<LabelWindow> label_;
     std::unique_ptr<MenuWindow> menu_;
+    /// Keeps the menu of a tile true while it is open.
+    Handle tileMenu_;
     /// The bar whose menu was opened last; bars go with their screens.
     QPointer<QuickBarPanel> menuPanel_;
     bool isMenuOpen_ = false;

@@ -41,7 +41,7 @@ TileItem {
     opacity: (pressed ? 0.6 : isQuiet && !isLit ? 0.55 : 1) * breath
 
     onHoveredChanged: scene.hover(index, hovered)
-    onClicked: scene.tileClicked(index)
+    onClicked: (button, keys) => scene.clickTile(index, button, keys)
     onMenuRequested: scene.menuRequested(index)
 
     TileHighlight {
@@ -108,5 +108,5 @@ TileItem {
     Accessible.name: name
     Accessible.description: status
     Accessible.focusable: true
-    Accessible.onPressAction: scene.tileClicked(index)
+    Accessible.onPressAction: scene.clickTile(index, Qt.LeftButton, Qt.NoModifier)
 }

@@ -2,7 +2,7 @@
 
 namespace larkspan::ui {
 
-TileActions::TileActions(const DockStore& store, IconClick& click, const ItemMenu& menu,
+TileActions::TileActions(const DockStore& store, IconClick& click, ItemMenu& menu,
                          WindowRefresh& refresh, TrashFolder& trash)
     : store_(store)
     , click_(click)
@@ -10,17 +10,18 @@ TileActions::TileActions(const DockStore& store, IconClick& click, const ItemMen
     , refresh_(refresh)
     , trash_(trash) {}
 
-void TileActions::click(const TileRow& row, const Rect& frame) {
+void TileActions::click(const TileRow& row, const Rect& frame, ClickModifiers modifiers) {
     if (row.section == TileRow::Section::trash)
         trash_.open();
     else
-        click_.click(row.item, group(row), frame);
+        click_.click(row.item, group(row), frame, modifiers);
 }
 
-Menu TileActions::menu(const TileRow& row, const Rect& frame) const {
-    if (row.section == TileRow::Section::trash)
-        return {{.title = "Open", .action = [this] { trash_.open(); }}};
-    return menu_.menu(row.item, group(row), frame);
+Handle TileActions::openMenu(const TileRow& row, const Rect& frame, ItemMenu::Show show) {
+    if (row.section != TileRow::Section::trash)
+        return menu_.open(row.item, group(row), frame, std::move(show));
+    show({{.title = "Open", .action = [this] { trash_.open(); }}});
+    return {};
 }
 
 void TileActions::setPointerOnBar(bool onBar) {

@@ -14,11 +14,12 @@ namespace larkspan::ui {
 /// are in screen coordinates (y upwards). Main thread only.
 class TileActions {
   public:
-    TileActions(const DockStore& store, IconClick& click, const ItemMenu& menu,
-                WindowRefresh& refresh, TrashFolder& trash);
+    TileActions(const DockStore& store, IconClick& click, ItemMenu& menu, WindowRefresh& refresh,
+                TrashFolder& trash);
 
-    void click(const TileRow& row, const Rect& frame);
-    Menu menu(const TileRow& row, const Rect& frame) const;
+    void click(const TileRow& row, const Rect& frame, ClickModifiers modifiers = {});
+    /// As `ItemMenu::open`.
+    Handle openMenu(const TileRow& row, const Rect& frame, ItemMenu::Show show);
     void setPointerOnBar(bool onBar);
 
   private:
@@ -26,7 +27,7 @@ class TileActions {
 
     const DockStore& store_;
     IconClick& click_;
-    const ItemMenu& menu_;
+    ItemMenu& menu_;
     WindowRefresh& refresh_;
     TrashFolder& trash_;
 };

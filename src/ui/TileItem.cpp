@@ -11,7 +11,7 @@ TileItem::TileItem(QQuickItem* parent)
     : QQuickItem(parent) {
     setFlag(ItemHasContents);
     setAcceptHoverEvents(true);
-    setAcceptedMouseButtons(Qt::LeftButton | Qt::RightButton);
+    setAcceptedMouseButtons(Qt::LeftButton | Qt::RightButton | Qt::MiddleButton);
 }
 
 void TileItem::setImage(const QVariant& image) {
@@ -87,21 +87,25 @@ void TileItem::hoverLeaveEvent(QHoverEvent*) {
 }
 
 void TileItem::mousePressEvent(QMouseEvent* event) {
-    if (event->button() == Qt::RightButton)
+    if (event->button() == Qt::RightButton) {
         Q_EMIT menuRequested();
-    else
-        setPressed(true);
+        return;
+    }
+    pressedButton_ = event->button();
+    setPressed(true);
 }
 
 void TileItem::mouseMoveEvent(QMouseEvent* event) {
-    if (event->buttons() & Qt::LeftButton) setPressed(contains(event->position()));
+    if (event->buttons() & pressedButton_) setPressed(contains(event->position()));
 }
 
 void TileItem::mouseReleaseEvent(QMouseEvent* event) {
-    if (event->button() != Qt::LeftButton) return;
+    if (event->button() != pressedButton_) return;
     const bool isClick = isPressed_ && contains(event->position());
     setPressed(false);
-    if (isClick) Q_EMIT clicked();
+    if (isClick)
+        Q_EMIT clicked(static_cast<int>(event->button()),
+                       static_cast<int>(event->modifiers().toInt()));
 }
 
 void TileItem::mouseUngrabEvent() {

@@ -40,7 +40,8 @@ class TileItem : public QQuickItem {
     void iconChanged();
     void hoveredChanged();
     void pressedChanged();
-    void clicked();
+    /// With a Qt::MouseButton and Qt::KeyboardModifiers.
+    void clicked(int button, int keys);
     void menuRequested();
 
   protected:
@@ -65,6 +66,8 @@ class TileItem : public QQuickItem {
     double iconTop_ = 0;
     bool isHovered_ = false;
     bool isPressed_ = false;
+    /// The one that a click was begun with.
+    Qt::MouseButton pressedButton_ = Qt::NoButton;
     bool isPictureStale_ = true;
 };
 

@@ -1,5 +1,7 @@
 #include "RunningBar.h"
 
+#include <X11/keysym.h>
+
 #include <gtest/gtest.h>
 
 namespace larkspan::e2e {
@@ -153,6 +155,30 @@ TEST_F(Clients, PinnedOnesAreLaunchedByAClick) {
     })) << bar.state().dump(1);
     EXPECT_TRUE(screen().eventually([&] { return bar.tile(xcalc).has_value(); }))
         << "a pinned app keeps its tile";
+}
+
+TEST_F(Clients, OpenAnotherWindowByTheMiddleButton) {
+    const auto terminal = desktop.open(xterm);
+    expectWindows(xterm, 1);
+    bar.click(xterm, 2);
+    expectWindows(xterm, 2);
+    screen().close(screen().activeWindow());
+    expectWindows(xterm, 1);
+}
+
+TEST_F(Clients, AreLeftBehindHiddenByASuperClick) {
+    const auto terminal = desktop.open(xterm);
+    expectFront(xterm);
+    const auto terminalWindow = *screen().windowOfClass("XTerm");
+    const auto calculator = desktop.open(xcalc);
+    expectFront(xcalc);
+    const auto calculatorWindow = *screen().windowOfClass("XCalc");
+    screen().holdKey(XK_Super_L, true);
+    bar.click(xterm);
+    screen().holdKey(XK_Super_L, false);
+    expectFront(xterm);
+    EXPECT_TRUE(screen().eventually([&] { return screen().isIconified(calculatorWindow); }));
+    EXPECT_FALSE(screen().isIconified(terminalWindow));
 }
 
 TEST_F(Clients, FillingTheScreenHideTheBar) {

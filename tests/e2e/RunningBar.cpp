@@ -87,7 +87,7 @@ std::optional<Area> RunningBar::tile(const TestApp& app) const {
     return desktop_.screen().find(app.color, bar);
 }
 
-void RunningBar::click(const TestApp& app) {
+void RunningBar::click(const TestApp& app, int button) {
     std::optional<Area> last;
     const auto standsStill = [&] {
         const auto now = tile(app);
@@ -97,16 +97,16 @@ void RunningBar::click(const TestApp& app) {
     };
     if (!desktop_.screen().eventually(standsStill))
         throw std::runtime_error(app.id + " has no tile");
-    clickAt(*last);
+    clickAt(*last, button);
 }
 
-void RunningBar::clickAt(const Area& area) {
+void RunningBar::clickAt(const Area& area, int button) {
     auto& screen = desktop_.screen();
     screen.movePointer(area.centerX(), area.centerY());
     command({"state"}); // answered by the run loop that takes the pointer's events too
-    screen.press();
+    screen.press(button);
     command({"state"});
-    screen.release();
+    screen.release(button);
     command({"state"});
     screen.movePointer(0, 0);
 }

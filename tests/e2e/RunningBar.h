@@ -40,10 +40,10 @@ class RunningBar {
     /// Where the app's tile is to be seen; absent while it is not.
     std::optional<Area> tile(const TestApp& app) const;
     /// Clicks the app's tile, waiting for it to stand still first.
-    void click(const TestApp& app);
+    void click(const TestApp& app, int button = 1);
     /// Moves the pointer there, presses, releases and moves away, at a person's pace: each step is
     /// seen before the next is made.
-    void clickAt(const Area& area);
+    void clickAt(const Area& area, int button = 1);
 
     /// Ends it as a user does; its exit code.
     std::optional<int> quit();

@@ -62,6 +62,17 @@ void XDisplay::release(int button) {
 }
 
 void XDisplay::tapKey(std::uint32_t symbol) {
+    holdKey(symbol, true);
+    holdKey(symbol, false);
+}
+
+void XDisplay::holdKey(std::uint32_t symbol, bool isHeld) {
+    const auto type = static_cast<std::uint8_t>(isHeld ? XCB_KEY_PRESS : XCB_KEY_RELEASE);
+    xcb_test_fake_input(connection_.get(), type, keyOf(symbol), 0, screen_->root, 0, 0, 0);
+    xcb_flush(connection_.get());
+}
+
+std::uint8_t XDisplay::keyOf(std::uint32_t symbol) {
     const auto* setup = xcb_get_setup(connection_.get());
     const auto first = setup->min_keycode;
     const auto count = static_cast<std::uint8_t>(setup->max_keycode - first + 1);
@@ -69,15 +80,9 @@ void XDisplay::tapKey(std::uint32_t symbol) {
     const auto map = owned(xcb_get_keyboard_mapping_reply(connection_.get(), cookie, nullptr));
     if (!map) throw std::runtime_error("no keyboard mapping");
     const auto* symbols = xcb_get_keyboard_mapping_keysyms(map.get());
-    for (int i = 0; i < count; ++i) {
-        if (symbols[i * map->keysyms_per_keycode] != symbol) continue;
-        const auto key = static_cast<std::uint8_t>(first + i);
-        for (const int type : {XCB_KEY_PRESS, XCB_KEY_RELEASE})
-            xcb_test_fake_input(connection_.get(), static_cast<std::uint8_t>(type), key, 0,
-                                screen_->root, 0, 0, 0);
-        xcb_flush(connection_.get());
-        return;
-    }
+    for (int i = 0; i < count; ++i)
+        if (symbols[i * map->keysyms_per_keycode] == symbol)
+            return static_cast<std::uint8_t>(first + i);
     throw std::runtime_error("no key for a symbol");
 }
 

@@ -44,6 +44,7 @@ class XDisplay {
     void release(int button = 1);
     /// Presses and releases the key of that symbol, such as XK_Return.
     void tapKey(std::uint32_t symbol);
+    void holdKey(std::uint32_t symbol, bool isHeld);
     /// Takes the keyboard for this display's own; false while another client holds it.
     bool grabKeyboard();
     void letKeyboardGo();
@@ -71,6 +72,7 @@ class XDisplay {
     bool eventually(const std::function<bool()>& condition, double seconds = 10);
 
   private:
+    std::uint8_t keyOf(std::uint32_t symbol);
     struct Disconnect {
         void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
     };

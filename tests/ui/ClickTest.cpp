@@ -30,9 +30,10 @@ std::vector<TileItem*> tileItems(const QQuickItem& item) {
     return tiles;
 }
 
-void click(BarOnScreen& bar, const std::string& name) {
+void click(BarOnScreen& bar, const std::string& name, Qt::MouseButton button = Qt::LeftButton,
+           Qt::KeyboardModifiers keys = {}) {
     const QPointF place = bar.scene().tileFrame(tileOf(bar, name)).center();
-    QTest::mouseClick(&bar.panel().window(), Qt::LeftButton, {}, place.toPoint());
+    QTest::mouseClick(&bar.panel().window(), button, keys, place.toPoint());
     bar.settle();
 }
 
@@ -47,6 +48,44 @@ TEST(Click, BringsAnAppForwardAndSendsItAway) {
     EXPECT_TRUE(bar.scene().row(tileOf(bar, "Mail")).isFront);
     click(bar, "Mail");
     EXPECT_NE(bar.mac.frontmost(), bar.mac.pidOf("com.example.Mail"));
+}
+
+TEST(Click, TakesTheKeysAndButtonsThatStandForAMacs) {
+    struct Case {
+        Qt::MouseButton button;
+        Qt::KeyboardModifiers keys;
+        ClickModifiers modifiers;
+    };
+    const Case cases[] = {
+        {Qt::LeftButton, {}, {}},
+        {Qt::LeftButton, Qt::AltModifier, {.option = true}},
+        {Qt::LeftButton, Qt::MetaModifier, {.option = true}},
+        {Qt::LeftButton, Qt::ControlModifier, {.command = true}},
+        {Qt::LeftButton, Qt::MetaModifier | Qt::ControlModifier, {.option = true, .command = true}},
+        {Qt::LeftButton, Qt::ShiftModifier, {.newInstance = true}},
+        {Qt::MiddleButton, {}, {.newInstance = true}},
+    };
+    BarOnScreen bar;
+    bar.openApps({"Mail"});
+    bar.start();
+    std::vector<ClickModifiers> clicked;
+    QObject::connect(&bar.scene(), &BarScene::tileClicked, &bar.scene(),
+                     [&](int, ClickModifiers modifiers) { clicked.push_back(modifiers); });
+    for (const Case& each : cases) {
+        click(bar, "Mail", each.button, each.keys);
+        ASSERT_FALSE(clicked.empty());
+        EXPECT_EQ(clicked.back(), each.modifiers) << clicked.size();
+    }
+    EXPECT_EQ(clicked.size(), std::size(cases));
+}
+
+TEST(Click, WithOptionHidesTheAppLeftBehind) {
+    BarOnScreen bar;
+    bar.openApps({"Mail", "Notes"});
+    bar.start();
+    click(bar, "Mail", Qt::LeftButton, Qt::MetaModifier);
+    EXPECT_EQ(bar.mac.frontmost(), bar.mac.pidOf("com.example.Mail"));
+    EXPECT_TRUE(bar.mac.world().app(bar.mac.pidOf("com.example.Notes"))->hidden);
 }
 
 TEST(Click, NextToTheTilesDoesNothing) {

@@ -68,4 +68,53 @@ TEST_F(MenuWindowTest, KeysSkipWhatCannotBeChosen) {
     EXPECT_FALSE(menu.isVisible());
 }
 
+TEST_F(MenuWindowTest, TheOptionKeyChangesLinesInTheirPlaces) {
+    std::string chosen;
+    const auto line = [&chosen](const std::string& title) {
+        MenuItem item{.title = title};
+        item.action = [&chosen, title] { chosen = title; };
+        return item;
+    };
+    auto hide = line("Hide");
+    hide.alternate =
+        std::make_shared<const MenuItem>(line("Hide all the others, which is a longer line"));
+    open({line("Show"), hide, line("Quit")});
+    const QRect place = menu.geometry();
+    const auto title = [this](int row) {
+        return menu.lines()->data(menu.lines()->index(row), MenuModel::TitleRole).toString();
+    };
+    menu.setCurrent(1);
+    QTest::keyPress(&menu, Qt::Key_Alt);
+    EXPECT_EQ(title(1), "Hide all the others, which is a longer line");
+    EXPECT_EQ(title(2), "Quit");
+    EXPECT_EQ(menu.current(), 1);
+    EXPECT_EQ(menu.geometry(), place);
+    QTest::keyRelease(&menu, Qt::Key_Alt);
+    EXPECT_EQ(title(1), "Hide");
+    QTest::keyPress(&menu, Qt::Key_Alt);
+    QTest::keyClick(&menu, Qt::Key_Return, Qt::AltModifier);
+    EXPECT_EQ(chosen, "Hide all the others, which is a longer line");
+}
+
+TEST_F(MenuWindowTest, AKeyThatWasLetGoElsewhereIsNoticedAtTheNextMove) {
+    MenuItem quit{.title = "Quit"};
+    quit.alternate = std::make_shared<const MenuItem>(MenuItem{.title = "Force Quit"});
+    open({quit});
+    QTest::keyPress(&menu, Qt::Key_Alt);
+    ASSERT_EQ(menu.lines()->item(0).title, "Force Quit");
+    QTest::mouseMove(&menu, QPoint(5, 5));
+    EXPECT_EQ(menu.lines()->item(0).title, "Quit");
+}
+
+TEST_F(MenuWindowTest, AnOpenMenuGrowsUpwardsAndKeepsItsLight) {
+    open({{.title = "Options"}, {.title = "Quit"}});
+    const int bottom = menu.geometry().bottom();
+    const int height = menu.height();
+    menu.setCurrent(1);
+    open({{.title = "Inbox"}, {.title = "Drafts"}, {.title = "Options"}, {.title = "Quit"}});
+    EXPECT_GT(menu.height(), height);
+    EXPECT_EQ(menu.geometry().bottom(), bottom);
+    EXPECT_EQ(menu.current(), 3);
+}
+
 } // namespace larkspan::ui

@@ -22,16 +22,20 @@ std::unique_ptr<BarPanel> DemoBarPanels::makePanel(const Screen&) {
         views_, desktop_,
         std::make_unique<BarScene>(controller_.store(), look, appearance_, icons_), look);
     BarScene& scene = panel->scene();
-    connect(&scene, &BarScene::tileClicked, this, [this, bar = panel.get()](int index) {
-        // A copy: the click may change the rows.
-        const TileRow row = bar->scene().row(index);
-        actions_.click(row, bar->tileOnScreen(index));
-    });
+    connect(&scene, &BarScene::tileClicked, this,
+            [this, bar = panel.get()](int index, ClickModifiers modifiers) {
+                // A copy: the click may change the rows.
+                const TileRow row = bar->scene().row(index);
+                actions_.click(row, bar->tileOnScreen(index), modifiers);
+            });
     connect(&scene, &BarScene::menuRequested, this, [this, bar = panel.get()](int index) {
-        openMenu(actions_.menu(bar->scene().row(index), bar->tileOnScreen(index)),
-                 bar->tileOnDesktop(index));
+        tileMenu_ = actions_.openMenu(bar->scene().row(index), bar->tileOnScreen(index),
+                                      [this, anchor = bar->tileOnDesktop(index)](const Menu& menu) {
+                                          openMenu(menu, anchor);
+                                      });
     });
     connect(&scene, &BarScene::barMenuRequested, this, [this, bar = panel.get()](double x) {
+        tileMenu_.reset();
         openMenu(barMenu(controller_), bar->placeOnDesktop(x));
     });
     connect(&scene, &BarScene::pointerInsideChanged, this,
@@ -41,7 +45,10 @@ std::unique_ptr<BarPanel> DemoBarPanels::makePanel(const Screen&) {
 
 void DemoBarPanels::openMenu(const Menu& menu, const QRectF& anchor) {
     if (menu.empty() || !desktop_.window()) return;
-    if (!menu_) menu_ = std::make_unique<MenuWindow>(views_, appearance_);
+    if (!menu_) {
+        menu_ = std::make_unique<MenuWindow>(views_, appearance_);
+        connect(menu_.get(), &MenuWindow::closed, this, [this] { tileMenu_.reset(); });
+    }
     const QPointF corner = desktop_.window()->position();
     menu_->open(menu, desktop_.mapRectToScene(anchor).translated(corner),
                 QRectF(corner, desktop_.window()->size()), false);

@@ -35,6 +35,7 @@ class DemoBarPanels final : public QObject, public BarPanels {
     TileActions actions_;
     IconCache icons_;
     std::unique_ptr<MenuWindow> menu_;
+    Handle tileMenu_;
 };
 
 } // namespace larkspan::ui
