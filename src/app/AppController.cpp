@@ -183,6 +183,7 @@ BarController& AppController::makeBars() {
         barPanels_ = makeBarPanels_(*this);
         bars_ = std::make_unique<BarController>(store_, platform_.screens, platform_.coreDock,
                                                 *barPanels_, log_, wantedBarHeight());
+        bars_->onBarsGone = [this] { refresh_.setPointerOnBar(false); };
         bars_->fullScreenChanged(store_.fullScreen);
         keyboardEntry_ = std::make_unique<KeyboardEntry>(platform_.scheduler, store_, *bars_, log_);
     }

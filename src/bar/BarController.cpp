@@ -123,6 +123,7 @@ void BarController::moveBars(const std::vector<DockBand>& bands) {
 
 void BarController::buildBars(const std::vector<DockBand>& bands) {
     bars_.clear();
+    if (onBarsGone) onBarsGone();
     for (const auto& band : bands) {
         auto panel = panels_.makePanel(band.screen);
         panel->place(band.screen, height_);
@@ -158,6 +159,7 @@ void BarController::updateBarFrames() {
     store_.barFrames.clear();
     for (const auto& bar : bars_)
         if (bar.isShown) store_.barFrames.push_back(bar.panel->barFrame());
+    if (store_.barFrames.empty() && onBarsGone) onBarsGone();
 }
 
 } // namespace larkspan

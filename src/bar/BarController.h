@@ -8,6 +8,7 @@
 #include "platform/Screens.h"
 #include "platform/SystemDock.h"
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <optional>
@@ -41,6 +42,10 @@ class BarController {
     void setHeight(double height);
     /// What the window inventory now says about covered screens.
     void fullScreenChanged(const FullScreenState& fullScreen);
+
+    /// Told when no bar is left that was on screen until now, so that the pointer is on none: a
+    /// panel that goes from under it does not tell that it left.
+    std::function<void()> onBarsGone;
 
     const std::vector<Bar>& bars() const { return bars_; }
     double height() const { return height_; }

@@ -43,6 +43,8 @@ void QuickBarPanels::connectPanel(QuickBarPanel& panel) {
         isPointerOnBar_ = isInside;
         setPointer(isInside || isMenuOpen_);
     });
+    // A bar that goes from under the pointer does not tell that it left.
+    connect(&scene, &QObject::destroyed, this, [this] { isPointerOnBar_ = false; });
 }
 
 void QuickBarPanels::setPointer(bool isOnBar) {

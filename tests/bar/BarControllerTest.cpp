@@ -98,6 +98,20 @@ TEST_F(BarControllerTest, AnotherNumberOfScreensBuildsTheBarsAgain) {
                                           "place 2 at 1440,0 1280x72", "in 1", "in 2"));
 }
 
+TEST_F(BarControllerTest, TellsThatThePointerIsOnNoneOfItsBars) {
+    int told = 0;
+    bars.onBarsGone = [&told] { ++told; };
+    screens.list = {screen(1, left)};
+    bars.show();
+    told = 0;
+    screens.set({screen(1, left, 50)});
+    EXPECT_EQ(told, 0) << "the same bar stays";
+    screens.set({screen(1, left), screen(2, right)});
+    EXPECT_EQ(told, 1) << "others were built in its place";
+    bars.hide();
+    EXPECT_EQ(told, 2);
+}
+
 TEST_F(BarControllerTest, AStripThatVanishesWithoutReasonLeavesTheBars) {
     screens.list = {screen(1, left)};
     bars.show();
