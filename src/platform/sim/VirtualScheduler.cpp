@@ -18,12 +18,18 @@ class VirtualScheduler::Queue final : public SerialQueue {
     void post(std::function<void()> task) override {
         // A task never overtakes the one before it, even when the latency was made shorter.
         lastTurn_ = std::max(lastTurn_, scheduler_.now_ + scheduler_.queueLatency);
-        scheduler_.postToQueue(lastTurn_, std::move(task));
+        ++waiting_;
+        scheduler_.postToQueue(lastTurn_, [this, task = std::move(task)] {
+            --waiting_;
+            task();
+        });
     }
+    std::size_t waiting() const { return waiting_; }
 
   private:
     VirtualScheduler& scheduler_;
     double lastTurn_ = 0;
+    std::size_t waiting_ = 0;
 };
 
 VirtualScheduler::VirtualScheduler()
@@ -63,6 +69,11 @@ SerialQueue& VirtualScheduler::queue(std::string_view name) {
     if (found == queues_.end())
         found = queues_.emplace(std::string(name), std::make_unique<Queue>(*this)).first;
     return *found->second;
+}
+
+std::size_t VirtualScheduler::waitingTasks(std::string_view queueName) const {
+    const auto found = queues_.find(queueName);
+    return found == queues_.end() ? 0 : found->second->waiting();
 }
 
 void VirtualScheduler::postToQueue(double notBefore, Task task) {

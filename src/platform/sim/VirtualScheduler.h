@@ -52,6 +52,8 @@ class VirtualScheduler final : public Scheduler {
     std::uint64_t turns() const { return turns_; }
     /// How many timers are set.
     std::size_t timerCount() const { return timers_->size(); }
+    /// How many tasks were posted to the queue and have not had their turn.
+    std::size_t waitingTasks(std::string_view queueName) const;
 
   private:
     class Queue;

@@ -145,6 +145,8 @@ void Windows::leaveFullScreen(WindowId id) {
     if (!window || !window->frameBeforeFullScreen) return;
     window->frame = *std::exchange(window->frameBeforeFullScreen, std::nullopt);
     if (window->space) displays_.removeSpace(*window->space);
+    // Its Space may have gone with its display before.
+    world_.windowsDidChange();
 }
 
 void Windows::raise(WindowId id) {
