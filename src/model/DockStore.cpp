@@ -56,6 +56,14 @@ bool haveSameLayout(const std::optional<SpaceMap>& a, const std::optional<SpaceM
                   a->fullScreen == b->fullScreen && a->shown == b->shown);
 }
 
+/// Whether two readings are of the same state. Which app is in front is told by `frontmostPID`, and
+/// some systems make an icon anew each time they are asked.
+bool isSameState(RunningApplication a, const RunningApplication& b) {
+    a.isActive = b.isActive;
+    a.icon = b.icon;
+    return a == b;
+}
+
 std::string withoutExtension(std::string name, const std::string& url) {
     const auto extension = std::filesystem::path(url).extension().string();
     if (!extension.empty() && name.size() > extension.size() && name.ends_with(extension))
@@ -89,7 +97,7 @@ bool DockStore::refreshRunning() {
     std::erase_if(applications, [](const RunningApplication& app) {
         return app.activationPolicy != ActivationPolicy::regular || app.isTerminated;
     });
-    const bool isChanged = applications != running;
+    const bool isChanged = !std::ranges::equal(applications, running, isSameState);
     running = std::move(applications);
 
     runningPIDs.clear();
@@ -230,12 +238,13 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
                       animator.hasPendingHide(app.pid),
             .mayRegroup = regroupingIDs.contains(ids[i]),
         };
-        auto places = placesOf(app.pid, valueOf(previousSlots, app.pid));
+        auto appSlots = slotsForApp(placesOf(app.pid, valueOf(previousSlots, app.pid)), slots);
         auto item = makeItem(std::move(ids[i]), &app, urlOf(app));
-        if (sectionOf(facts) == Section::background)
+        // Without a display there is no slot to stand in, but an app that runs stands somewhere.
+        if (sectionOf(facts) == Section::background || appSlots.empty())
             sections.background.push_back(std::move(item));
         else
-            sections.windowApps.push_back({std::move(item), slotsForApp(places, slots)});
+            sections.windowApps.push_back({std::move(item), std::move(appSlots)});
     }
     return sections;
 }
@@ -358,6 +367,12 @@ void DockStore::reloadPinned() {
     withAnimation(pinnedListAnimation, [this] { rebuild(); });
 }
 
+void DockStore::refreshPinned() {
+    checkThread();
+    if (makePinnedItems() == *pinnedItems) return;
+    withAnimation(pinnedListAnimation, [this] { rebuild(); });
+}
+
 void DockStore::setPinned(std::vector<std::string> ids) {
     checkThread();
     pinnedIDs = std::move(ids);
@@ -370,6 +385,8 @@ void DockStore::flushPinned() {
     if (!pinnedWrite_) return;
     writePinnedApps(dock_, workspace_, applications_, pinnedIDs);
     pinnedWrite_.reset();
+    // What else was changed in it while ours waited is lost, but not all of ours may be kept.
+    reloadPinned();
 }
 
 } // namespace larkspan

@@ -125,6 +125,8 @@ class DockStore {
 
     /// Follows the Dock's own list, unless a change of ours waits to be written.
     void reloadPinned();
+    /// Makes the pinned tiles anew when an app of theirs went from the disk, came back or changed.
+    void refreshPinned();
     /// Takes the list at once and writes it to the Dock one second after the last change.
     void setPinned(std::vector<std::string> ids);
     /// Writes a waiting list now, so that nothing is lost on quit.

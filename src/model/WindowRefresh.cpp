@@ -65,11 +65,20 @@ void WindowRefresh::observe() {
         observations_.push_back(trash_.subscribe([this] { checkTrash(); }));
     if (dock_.announcesChanges())
         observations_.push_back(dock_.subscribe([this] { store_.reloadPinned(); }));
-    if (!trash_.announcesChanges() || !dock_.announcesChanges())
+    if (!abilities_.announcesChanges || !trash_.announcesChanges() || !dock_.announcesChanges())
         observations_.push_back(scheduler_.every(housekeepingInterval, [this] {
             if (!trash_.announcesChanges()) checkTrash();
             if (!dock_.announcesChanges()) store_.reloadPinned();
+            if (!abilities_.announcesChanges) catchUp();
         }));
+}
+
+/// What a notification that got lost would have told. The poll of the windows would show an app in
+/// a section that its own state, known only from notifications, denies.
+void WindowRefresh::catchUp() {
+    followFront();
+    if (store_.refreshRunning()) requestRead(true);
+    store_.refreshPinned();
 }
 
 void WindowRefresh::checkTrash() {
@@ -84,6 +93,8 @@ void WindowRefresh::workspaceChanged(const WorkspaceEvent& event) {
         break;
     case Kind::runningApplicationsDidChange:
         requestRead(store_.refreshRunning());
+        // A desktop that tells when apps are installed or removed tells it so.
+        store_.refreshPinned();
         break;
     case Kind::didLaunchApplication:
     case Kind::didTerminateApplication:

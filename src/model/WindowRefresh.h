@@ -38,6 +38,11 @@ class WindowRefresh {
     /// The Spaces stand still again, whether or not another one shows now.
     void endSpaceSwitch();
 
+    /// No read is in flight, asked for or held back.
+    bool isAtRest() const {
+        return !isReadingWindows_ && !readAgain_ && !rebuildAfterRead_ && !isSwitchingSpaces_;
+    }
+
   private:
     struct FullRead {
         ReadBase base;
@@ -54,6 +59,7 @@ class WindowRefresh {
     void frontmostChanged();
     void screensChanged();
     void checkTrash();
+    void catchUp();
 
     void readSoon();
     void readOnQueue();

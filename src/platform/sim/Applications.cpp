@@ -16,12 +16,20 @@ InstalledApp& Applications::install(std::string bundleIdentifier, std::string na
                      .name = name,
                      .path = fmt::format("/Applications/{}.app", name),
                      .icon = std::make_shared<DrawnIcon>(bundleIdentifier)};
+    tellOfInstalled();
     return world_.installed[std::move(bundleIdentifier)] = std::move(app);
 }
 
 void Applications::uninstall(std::string_view bundleIdentifier) {
     const auto found = world_.installed.find(bundleIdentifier);
-    if (found != world_.installed.end()) world_.installed.erase(found);
+    if (found == world_.installed.end()) return;
+    world_.installed.erase(found);
+    tellOfInstalled();
+}
+
+void Applications::tellOfInstalled() {
+    // A Mac keeps it to itself.
+    if (world_.announcesChanges) world_.tell(Kind::runningApplicationsDidChange);
 }
 
 ProcessId Applications::launch(std::string_view bundleIdentifier, const LaunchOptions& options) {

@@ -156,6 +156,7 @@ void X11Desktop::Parts::setStrip(double height) {
 
 void X11Desktop::Parts::entriesChanged() {
     installed.refresh();
+    workspace.announceEntries();
     mirror.findOwnersAgain();
     areApplicationsStale = true;
     connection->dispatchSoon();

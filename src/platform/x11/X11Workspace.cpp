@@ -125,6 +125,10 @@ void X11Workspace::update() {
     announce(before, isOtherDesktop);
 }
 
+void X11Workspace::announceEntries() {
+    events_.emit({WorkspaceEvent::Kind::runningApplicationsDidChange, std::nullopt});
+}
+
 // Told from a copy: a subscriber may ask for something that changes the list again.
 void X11Workspace::announce(const std::vector<RunningApplication>& before, bool isOtherDesktop) {
     const auto now = running_;

@@ -29,6 +29,9 @@ class X11Workspace : public Workspace {
         return events_.subscribe(std::move(callback));
     }
 
+    /// Tells that the desktop entries are others than before, as a change of what runs: nothing
+    /// that runs need have changed, but what is known of it may have.
+    void announceEntries();
     /// Reads the table and the mirror anew and tells what changed since the last time.
     void update();
 
