@@ -1,6 +1,6 @@
 # Larkspan's commands. Each sets up what it needs; the second time it does only what changed.
 .DEFAULT_GOAL := help
-.PHONY: help setup setup-lint setup-bench build run demo tour test asan tsan macos bench lint format clean soak-desktop
+.PHONY: help setup setup-lint setup-bench build run demo tour test asan tsan macos bench lint format clean soak soak-desktop
 MAKEFLAGS += --no-print-directory
 
 help:
@@ -13,6 +13,7 @@ help:
 	@echo "make asan    the system's tests under AddressSanitizer and UndefinedBehaviorSanitizer"
 	@echo "make tsan    the system's tests under ThreadSanitizer"
 	@echo "make macos SDK=…  what a Mac builds, compiled and linked on Linux against an SDK"
+	@echo "make soak SECONDS=60 SEED=1   random days on the simulated Mac, whose rules are checked after each step"
 	@echo "make soak-desktop SECONDS=120 SEED=1   random acts on a private X11 desktop, the report against the X server"
 	@echo "make bench   the model's benchmarks"
 	@echo "make clean   remove every build folder"
@@ -44,6 +45,11 @@ tour: build
 test: build/release/build.ninja
 	@cmake --build --preset release
 	@ctest --preset release
+
+# Without a seed a new one each time; it is printed.
+soak: build/release/build.ninja
+	@cmake --build --preset release --target larkspan_soak
+	@build/release/bin/larkspan_soak $(or $(SECONDS),60) $(SEED)
 
 # Without a seed a new one each time; the test prints it.
 soak-desktop: build/release/build.ninja

@@ -23,9 +23,9 @@ double processorSeconds() {
 /// A Mac of two displays with four Spaces each, that many windows spread over all of them, five to
 /// an app up to 200 apps, and one app more that has no window yet.
 struct Desktop : ModelOnMac {
-    explicit Desktop(std::int64_t windows)
+    explicit Desktop(std::int64_t windows, bool announcesChanges = true)
         : ModelOnMac("1920x1080 spaces=4, 1920x1080 spaces=4") {
-        mac.setAnnouncesChanges(true);
+        mac.setAnnouncesChanges(announcesChanges);
         const auto appCount = std::clamp<std::int64_t>(windows / 5, 1, 200);
         std::vector<ProcessId> apps;
         for (std::int64_t i = 0; i < appCount; ++i)
@@ -66,6 +66,31 @@ void oneEvent(benchmark::State& state) {
     state.counters["worst_ms"] = worst * 1000;
 }
 BENCHMARK(oneEvent)->Arg(50)->Arg(500)->Arg(5000)->UseManualTime()->Unit(benchmark::kMicrosecond);
+
+/// An hour in which every other second a window opens or closes; without those events it is an hour
+/// in which nobody touches the machine.
+void oneHour(benchmark::State& state, bool announcesChanges, bool isInUse) {
+    constexpr int seconds = 3600;
+    Desktop desktop(state.range(0), announcesChanges);
+    auto& mac = desktop.mac;
+    WindowId window = 0;
+    for (auto _ : state) {
+        for (int second = 0; second < seconds; second += 2) {
+            if (window)
+                mac.closeWindow(std::exchange(window, 0));
+            else if (isInUse)
+                window = mac.openWindow(desktop.newcomer);
+            mac.scheduler.runFor(2);
+        }
+    }
+}
+void sizes(benchmark::internal::Benchmark* benchmark) {
+    benchmark->Arg(50)->Arg(500)->Arg(5000)->Unit(benchmark::kMillisecond);
+}
+BENCHMARK_CAPTURE(oneHour, polledAndIdle, false, false)->Apply(sizes);
+BENCHMARK_CAPTURE(oneHour, polledAndInUse, false, true)->Apply(sizes);
+BENCHMARK_CAPTURE(oneHour, announcedAndIdle, true, false)->Apply(sizes);
+BENCHMARK_CAPTURE(oneHour, announcedAndInUse, true, true)->Apply(sizes);
 
 /// The read alone, as it is made on the main thread where the platform reads at once.
 void readWindows(benchmark::State& state) {

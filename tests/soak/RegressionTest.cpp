@@ -1,0 +1,52 @@
+#include "soak/day/DayRun.h"
+
+#include <gtest/gtest.h>
+
+namespace larkspan::soak {
+namespace {
+
+/// Days on which a rule broke once, as short as they could be made.
+struct PastDay {
+    const char* name;
+    std::vector<Step> steps;
+};
+
+class PastDays : public testing::TestWithParam<PastDay> {};
+
+TEST_P(PastDays, BreakNoRule) {
+    const auto verdict = live(GetParam().steps).verdict;
+    ASSERT_FALSE(verdict) << verdict->rule << "\n" << verdict->detail;
+}
+
+// Each is the shortest list of steps that was found.
+const PastDay pastDays[] = {
+    {"AnAppThatWentUnheardIsForgotten",
+     {{"openFromDisk", 7, 0}, {"loseEvents", 0, 0}, {"passTime", 7, 0}, {"quit", 7, 0}}},
+    {"AnAppThatCameForwardUnheardIsInFront",
+     {{"launch", 4, 0},
+      {"launch", 0, 0},
+      {"passTime", 6, 0},
+      {"loseEvents", 0, 0},
+      {"click", 0, 0}}},
+    {"AnAppThatHidUnheardIsAWindowApp",
+     {{"click", 2, 0}, {"passTime", 6, 0}, {"loseEvents", 0, 0}, {"click", 2, 0}}},
+    {"BarsThatGoFromUnderThePointerHoldNoTiles",
+     {{"openOddWindow", 0, 2}, {"passTime", 7, 0}, {"movePointer", 0, 1}, {"unplugAll", 0, 0}}},
+    {"AClickedTileGoesWhereItsWindowHasLongBeen",
+     {{"openFromDisk", 2, 0},
+      {"movePointer", 0, 1},
+      {"passTime", 6, 0},
+      {"click", 0, 0},
+      {"passTime", 0, 0},
+      {"click", 3, 0}}},
+    {"APinnedAppThatIsRemovedFromTheDiskGoes", {{"uninstall", 0, 0}}},
+    {"SoItDoesWhereThatIsAnnounced", {{"changeSystem", 0, 9}, {"uninstall", 0, 0}}},
+    {"WhatTheDockKeepsOfOurListIsTaken",
+     {{"pinOutside", 0, 1}, {"changeSystem", 0, 0}, {"dragPinned", 0, 0}, {"pinOutside", 0, 0}}},
+};
+
+INSTANTIATE_TEST_SUITE_P(Steps, PastDays, testing::ValuesIn(pastDays),
+                         [](const auto& instance) { return instance.param.name; });
+
+} // namespace
+} // namespace larkspan::soak

@@ -1,0 +1,183 @@
+#include "soak/day/AtRest.h"
+
+#include "bar/BarCover.h"
+#include "model/ModelOnMac.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <fmt/ranges.h>
+
+namespace larkspan::soak {
+
+namespace {
+
+constexpr const char* convergence = "at rest the model is what a fresh read would give";
+/// The polls of windows and of Spaces, the housekeeping, the permissions window, the keyboard, and
+/// for each app that was launched from the bar the end of its mark.
+constexpr std::size_t mostTimers = 5 + Day::appCount;
+
+/// Icons are kept while their tiles are shown, and who is in front is told elsewhere.
+std::vector<RunningApplication> comparable(std::vector<RunningApplication> running) {
+    for (auto& app : running) {
+        app.isActive = false;
+        app.icon = nullptr;
+    }
+    return running;
+}
+
+std::vector<DockItem> comparable(std::vector<DockItem> items) {
+    for (auto& item : items)
+        item.icon = nullptr;
+    return items;
+}
+
+std::vector<DisplayGroup> comparable(std::vector<DisplayGroup> groups) {
+    for (auto& group : groups)
+        group.items = comparable(std::move(group.items));
+    return groups;
+}
+
+/// Where the tiles stand, as text: sections, groups and the ids in them.
+std::string layoutOf(const DockStore& store) {
+    const auto ids = [](const std::vector<DockItem>& items) {
+        std::vector<std::string> list;
+        for (const auto& item : items)
+            list.push_back(item.app ? fmt::format("{}({})", item.id, item.app->pid) : item.id);
+        return fmt::format("{}", fmt::join(list, " "));
+    };
+    auto text = fmt::format("pinned [{}]", ids(*store.pinnedItems));
+    for (const auto& group : *store.windowAppGroups)
+        text += fmt::format(" {}/{}{} [{}]", group.slot.display, group.slot.space.value_or(0),
+                            group.isRing ? " ring" : "", ids(group.items));
+    return text + fmt::format(" background [{}]", ids(*store.backgroundItems));
+}
+
+/// A tile with its section and its slots. An app without windows stands where it was last seen,
+/// which no fresh read can know: only its section is compared.
+std::map<std::string, std::set<Slot>> placesOf(const DockStore& store) {
+    std::map<std::string, std::set<Slot>> places;
+    for (const auto& group : *store.windowAppGroups)
+        for (const auto& item : group.items) {
+            auto& slots = places[item.id];
+            if (store.windowSlots.contains(item.app->pid)) slots.insert(group.slot);
+        }
+    return places;
+}
+
+/// What the store knows against what the fresh one has read.
+Verdict sameFacts(const DockStore& store, const DockStore& fresh) {
+    const std::pair<const char*, bool> facts[] = {
+        {"the running apps", comparable(store.running) == comparable(fresh.running)},
+        {"the process in front", *store.frontmostPID == *fresh.frontmostPID},
+        {"the fronts of displays", *store.frontDisplays == *fresh.frontDisplays},
+        {"the Spaces in front", *store.frontSpaces == *fresh.frontSpaces},
+        {"the Trash", *store.isTrashEmpty == *fresh.isTrashEmpty},
+        {"the pinned list", store.pinnedIDs == fresh.pinnedIDs},
+        {"what is full screen", store.fullScreen == fresh.fullScreen},
+        {"the Space map", store.spaceMap == fresh.spaceMap},
+        {"the windows", store.latestWindows == fresh.latestWindows},
+        {"the processes with windows", store.windowPIDs == fresh.windowPIDs},
+        {"the displays of windows", store.windowDisplays == fresh.windowDisplays},
+        {"the slots of windows", store.windowSlots == fresh.windowSlots},
+        {"the displays with groups", store.groupedScreens == fresh.groupedScreens},
+        {"the pinned tiles", comparable(*store.pinnedItems) == comparable(*fresh.pinnedItems)},
+    };
+    for (const auto& [name, isSame] : facts)
+        if (!isSame)
+            return Complaint{fmt::format("{}: {}", convergence, name),
+                             fmt::format("{}\nrather than {}", layoutOf(store), layoutOf(fresh))};
+    return std::nullopt;
+}
+
+Verdict samePlaces(const DockStore& store, const DockStore& fresh) {
+    if (store.isPointerOnBar) return std::nullopt;
+    return require(placesOf(store) == placesOf(fresh) &&
+                       comparable(*store.backgroundItems) == comparable(*fresh.backgroundItems),
+                   "at rest the tiles stand where a fresh read would put them",
+                   fmt::format("{}\nrather than {}", layoutOf(store), layoutOf(fresh)));
+}
+
+/// With all that is remembered, making the lists anew changes nothing.
+Verdict rebuildChangesNothing(const DockStore& store, DockStore& fresh) {
+    fresh.isPointerOnBar = store.isPointerOnBar;
+    fresh.regroupingIDs = store.regroupingIDs;
+    fresh.seenSlots = store.seenSlots;
+    fresh.seenDisplays = store.seenDisplays;
+    fresh.windowAppGroups.set(*store.windowAppGroups);
+    fresh.backgroundItems.set(*store.backgroundItems);
+    fresh.rebuild();
+    return require(comparable(*fresh.windowAppGroups) == comparable(*store.windowAppGroups) &&
+                       comparable(*fresh.backgroundItems) == comparable(*store.backgroundItems),
+                   "at rest a rebuild changes nothing",
+                   fmt::format("{}\nbecomes {}", layoutOf(store), layoutOf(fresh)));
+}
+
+Verdict modelComplaint(Day& day) {
+    const auto& world = day.mac.world();
+    const auto& store = day.controller()->store();
+    for (const auto& [pid, slots] : store.seenSlots)
+        if (!world.app(pid)) return Complaint{"the memory of an app ends with it", {}};
+    if (!day.controller()->refresh().isAtRest())
+        return Complaint{"every flag of the reads is back at rest", {}};
+    // Nobody can know more than before.
+    if (!world.windowListAnswers) return std::nullopt;
+    BareModel fresh(day.mac.platform());
+    fresh.store.showsEmptyDesktops.set(*store.showsEmptyDesktops);
+    fresh.start();
+    if (auto complaint = sameFacts(store, fresh.store)) return complaint;
+    if (auto complaint = samePlaces(store, fresh.store)) return complaint;
+    return rebuildChangesNothing(store, fresh.store);
+}
+
+Verdict panelsStandOn(const Day& day, const std::vector<DockBand>& bands) {
+    const auto& controller = *day.controller();
+    for (const auto& band : bands) {
+        const auto& frame = band.screen.frame;
+        const auto isOwn = [&](const LivePanels::Panel* panel) {
+            return panel->display == band.screen.display;
+        };
+        if (std::ranges::count_if(day.panels, isOwn) != 1)
+            return Complaint{"one panel for each screen that wants one", {}};
+        const auto& panel = **std::ranges::find_if(day.panels, isOwn);
+        const Rect wanted{frame.x, frame.y, frame.width, controller.bars()->height()};
+        if (panel.frame != wanted) return Complaint{"a panel lies at the bottom of its screen", {}};
+        const auto cover = coverOf(frame, controller.store().fullScreen);
+        if (panel.isShown != isBarShown(true, cover, false))
+            return Complaint{"a bar shows unless its screen is covered", {}};
+    }
+    return require(day.panels.size() == bands.size(), "one panel for each screen that wants one");
+}
+
+Verdict panelsComplaint(Day& day) {
+    const auto& controller = *day.controller();
+    std::vector<Rect> shown;
+    for (const auto* panel : day.panels)
+        if (panel->isShown) shown.push_back(panel->frame);
+    auto known = controller.store().barFrames;
+    if (!std::ranges::is_permutation(known, shown))
+        return Complaint{"the frames of the bars are known", {}};
+    if (shown.empty() && controller.store().isPointerOnBar)
+        return Complaint{"the pointer is on no bar where none shows", {}};
+    if (controller.mode() == BarMode::systemDock)
+        return require(shown.empty(), "no bar shows while the Dock is in use");
+    const auto platform = day.mac.platform();
+    const auto bands = DockBand::bands(platform.screens);
+    // Without a strip anywhere the bars may wait where they are until it comes back.
+    if (bands.empty()) return std::nullopt;
+    return panelsStandOn(day, bands);
+}
+
+} // namespace
+
+Verdict complaintAtRest(Day& day) {
+    if (!day.controller())
+        return require(day.mac.scheduler.timerCount() == 0, "what has ended leaves no timer",
+                       fmt::format("{} timers", day.mac.scheduler.timerCount()));
+    const auto timers = day.mac.scheduler.timerCount();
+    if (timers > mostTimers)
+        return Complaint{"at rest few timers are set", fmt::format("{} timers", timers)};
+    if (auto complaint = modelComplaint(day)) return complaint;
+    return panelsComplaint(day);
+}
+
+} // namespace larkspan::soak

@@ -1,0 +1,60 @@
+#pragma once
+
+#include "platform/sim/Stage.h"
+#include "soak/day/LivePanels.h"
+#include "soak/day/Step.h"
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace larkspan::soak {
+
+/// A simulated Mac on which anything may happen, with the program on it, and what of it only the
+/// one who acts can know. Steps name things by their order: the app of number 0 is the Finder, and
+/// its copies and windows are counted from the first.
+class Day {
+  public:
+    static constexpr int appCount = 9;
+    static constexpr std::size_t mostProcesses = 16;
+    static constexpr std::size_t mostWindows = 40;
+    static constexpr std::size_t mostDisplays = 4;
+    static constexpr std::size_t mostSpaces = 6;
+
+    Day();
+
+    /// Answers whether there was anything to do.
+    bool perform(const Step& step);
+
+    /// "com.example.app3", or the Finder's.
+    static std::string identifier(int app);
+    /// A process of that app, which may be one without a bundle; 0 when none runs.
+    ProcessId process(int app, int copy = 0) const;
+    WindowId window(int app, int count) const;
+    DisplayId display(int count) const;
+    /// Nullptr while the program does not run.
+    AppController* controller();
+    const AppController* controller() const { return const_cast<Day*>(this)->controller(); }
+
+    struct Tile {
+        DockItem item;
+        std::optional<DisplayGroup> group;
+        const DisplayGroup* groupOrNone() const { return group ? &*group : nullptr; }
+    };
+    /// One of the tiles of that app, in the order of the bar.
+    std::optional<Tile> tile(int app, int count);
+
+    /// How many runs of the program have ended.
+    int runsEnded = 0;
+    /// How often the user, here or elsewhere, changed the list of pinned apps.
+    int pinActs = 0;
+    /// What the user has under the pointer while the desktop goes on: it may be long out of date.
+    std::optional<Tile> heldTile;
+    Menu openMenu;
+
+    std::vector<const LivePanels::Panel*> panels;
+    sim::Stage stage{[this](AppController&) { return std::make_unique<LivePanels>(panels); }};
+    sim::SimMac& mac = stage.mac;
+};
+
+} // namespace larkspan::soak

@@ -1,0 +1,69 @@
+#include "soak/day/DayRun.h"
+
+#include "soak/day/Act.h"
+#include "soak/day/AtRest.h"
+#include "soak/day/Watch.h"
+
+#include <algorithm>
+#include <random>
+
+namespace larkspan::soak {
+
+namespace {
+
+class Run {
+  public:
+    void take(const Step& step) {
+        if (outcome_.verdict || !day_.perform(step)) return;
+        ++outcome_.stepsDone;
+        outcome_.verdict = watch_.afterStep();
+        if (!outcome_.verdict && step.act == "rest") rest();
+    }
+    Outcome end() {
+        for (const Step& step : {Step{"rest"}, Step{"quitProgram"}, Step{"rest"}})
+            take(step);
+        outcome_.seconds = day_.mac.scheduler.uptime();
+        return outcome_;
+    }
+
+  private:
+    void rest() {
+        outcome_.verdict = watch_.atRest();
+        if (!outcome_.verdict) outcome_.verdict = complaintAtRest(day_);
+    }
+
+    Day day_;
+    Watch watch_{day_};
+    Outcome outcome_;
+};
+
+} // namespace
+
+std::vector<Step> drawnSteps(std::uint32_t seed, std::size_t count) {
+    std::mt19937 random(seed);
+    // The library's distributions differ between standard libraries; a seed must not.
+    const auto below = [&random](int limit) {
+        return static_cast<int>(random() % static_cast<std::uint32_t>(limit));
+    };
+    int total = 0;
+    for (const Act& act : acts())
+        total += act.weight;
+    std::vector<Step> steps;
+    while (steps.size() < count) {
+        int lot = below(total);
+        const auto act =
+            std::ranges::find_if(acts(), [&](const Act& each) { return (lot -= each.weight) < 0; });
+        const int a = below(act->countOfA);
+        steps.push_back({act->name, a, below(act->countOfB)});
+    }
+    return steps;
+}
+
+Outcome live(const std::vector<Step>& steps) {
+    Run run;
+    for (const Step& step : steps)
+        run.take(step);
+    return run.end();
+}
+
+} // namespace larkspan::soak

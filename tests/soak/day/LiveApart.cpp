@@ -1,0 +1,54 @@
+#include "soak/day/DayRun.h"
+
+#include <fmt/format.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+namespace larkspan::soak {
+
+namespace {
+
+/// A day takes a fraction of a second; one that takes longer hangs.
+constexpr unsigned longestDaySeconds = 60;
+constexpr char separator = '\n';
+
+[[noreturn]] void liveAndTell(const std::vector<Step>& steps, int pipe) {
+    alarm(longestDaySeconds);
+    if (const auto verdict = live(steps).verdict) {
+        const auto text = verdict->rule + separator + verdict->detail;
+        if (write(pipe, text.data(), text.size()) < 0) _exit(1);
+    }
+    _exit(0);
+}
+
+std::string readAll(int pipe) {
+    std::string text;
+    char buffer[4096];
+    for (ssize_t count = 0; (count = read(pipe, buffer, sizeof buffer)) > 0;)
+        text.append(buffer, static_cast<std::size_t>(count));
+    close(pipe);
+    return text;
+}
+
+} // namespace
+
+Verdict liveApart(const std::vector<Step>& steps) {
+    int ends[2];
+    if (pipe(ends) != 0) return Complaint{"the day can be lived apart", "no pipe"};
+    const auto child = fork();
+    if (child < 0) return Complaint{"the day can be lived apart", "no process"};
+    if (child == 0) liveAndTell(steps, ends[1]);
+    close(ends[1]);
+    const auto text = readAll(ends[0]);
+    int status = 0;
+    waitpid(child, &status, 0);
+    if (WIFSIGNALED(status))
+        return Complaint{"nothing stops the program", fmt::format("signal {}", WTERMSIG(status))};
+    if (WEXITSTATUS(status) != 0)
+        return Complaint{"nothing stops the program", fmt::format("exit {}", WEXITSTATUS(status))};
+    if (text.empty()) return std::nullopt;
+    const auto end = text.find(separator);
+    return Complaint{text.substr(0, end), text.substr(end + 1)};
+}
+
+} // namespace larkspan::soak

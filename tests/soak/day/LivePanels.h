@@ -1,0 +1,27 @@
+#pragma once
+
+#include "bar/BarPanel.h"
+
+#include <vector>
+
+namespace larkspan::soak {
+
+/// Panels without a picture that can be counted and looked at.
+class LivePanels : public BarPanels {
+  public:
+    struct Panel {
+        DisplayId display = 0;
+        Rect frame;
+        bool isShown = false;
+    };
+
+    /// The panels that exist go into the list, and leave it when they are destroyed.
+    explicit LivePanels(std::vector<const Panel*>& alive)
+        : alive_(alive) {}
+    std::unique_ptr<BarPanel> makePanel(const Screen& screen) override;
+
+  private:
+    std::vector<const Panel*>& alive_;
+};
+
+} // namespace larkspan::soak
