@@ -46,7 +46,7 @@ class ItemMenuTest : public testing::Test, protected ModelWorld {
     /// Opens the menu; what it shows is noted.
     Handle open(const std::string& name) {
         return menu.open(item(name), nullptr, {},
-                         [this](Menu menu) { shown.push_back(lines(menu)); });
+                         [this](const Menu& lately) { shown.push_back(lines(lately)); });
     }
 
     std::vector<std::vector<std::string>> shown;
@@ -251,7 +251,7 @@ TEST_F(ItemMenuTest, WhereNoAppIsWaitedForItShowsAtOnce) {
     ItemMenu quick{store, actions, platform.scheduler, platform.accessibility, true};
     Menu shownNow;
     const auto opened =
-        quick.open(item("mail"), nullptr, {}, [&](Menu menu) { shownNow = std::move(menu); });
+        quick.open(item("mail"), nullptr, {}, [&](Menu opened) { shownNow = std::move(opened); });
     ASSERT_FALSE(shownNow.empty());
     EXPECT_EQ(shownNow.front().title, "Inbox");
 }
