@@ -71,10 +71,9 @@ bool MacApplicationControl::openWith(const std::vector<std::string>& urls,
 bool MacApplicationControl::openNewInstance(std::string_view application) {
     NSWorkspaceOpenConfiguration* configuration = [NSWorkspaceOpenConfiguration configuration];
     configuration.createsNewApplicationInstance = YES;
-    [NSWorkspace.sharedWorkspace
-        openApplicationAtURL:[NSURL fileURLWithPath:nsString(application)]
-               configuration:configuration
-           completionHandler:answer(report_)];
+    [NSWorkspace.sharedWorkspace openApplicationAtURL:[NSURL fileURLWithPath:nsString(application)]
+                                        configuration:configuration
+                                    completionHandler:answer(report_)];
     return true;
 }
 
