@@ -251,7 +251,7 @@ TEST_F(ItemMenuTest, WhereNoAppIsWaitedForItShowsAtOnce) {
     ItemMenu quick{store, actions, platform.scheduler, platform.accessibility, true};
     Menu shownNow;
     const auto opened =
-        quick.open(item("mail"), nullptr, {}, [&](Menu opened) { shownNow = std::move(opened); });
+        quick.open(item("mail"), nullptr, {}, [&](const Menu& latest) { shownNow = latest; });
     ASSERT_FALSE(shownNow.empty());
     EXPECT_EQ(shownNow.front().title, "Inbox");
 }
