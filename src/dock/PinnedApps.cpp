@@ -1,5 +1,6 @@
 #include "dock/PinnedApps.h"
 
+#include "dock/dockProcess.h"
 #include "dock/fileUrl.h"
 
 #include <map>
@@ -15,7 +16,6 @@ using Array = PropertyValue::Array;
 using Dictionary = PropertyValue::Dictionary;
 
 constexpr std::string_view listKey = "persistent-apps";
-constexpr const char* dockIdentifier = "com.apple.dock";
 constexpr int terminateSignal = 15;
 /// The kind of `_CFURLString`: 0 is a POSIX path, 15 a full URL.
 constexpr int urlStringType = 15;
@@ -105,11 +105,7 @@ Array newList(const Array& oldList, const std::vector<std::string>& identifiers,
 }
 
 void restartDock(const Workspace& workspace, ApplicationControl& applications) {
-    for (const auto& app : workspace.runningApplications()) {
-        if (app.bundleIdentifier != dockIdentifier) continue;
-        applications.sendSignal(app.pid, terminateSignal);
-        return;
-    }
+    if (const auto dock = dockProcess(workspace)) applications.sendSignal(*dock, terminateSignal);
 }
 
 } // namespace

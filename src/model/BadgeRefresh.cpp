@@ -1,5 +1,7 @@
 #include "model/BadgeRefresh.h"
 
+#include "dock/DockProfile.h"
+#include "dock/dockProcess.h"
 #include "model/ItemIdentity.h"
 
 #include <fmt/format.h>
@@ -19,10 +21,8 @@ constexpr std::size_t ticksPerBadges = 4;
 constexpr double landingTime = 1.0;
 /// The longest rest between two bounces of one request, in seconds: after that it has ended.
 constexpr double longestRest = 3.0;
-constexpr const char* dockIdentifier = "com.apple.dock";
 constexpr const char* readQueue = "dock items";
 constexpr const char* category = "badges";
-constexpr std::uint32_t bottom = 2;
 
 std::map<std::string, std::deque<std::string>> idsByPath(const DockStore& store) {
     std::map<std::string, std::deque<std::string>> ids;
@@ -59,17 +59,11 @@ void BadgeRefresh::tick() {
     if (store_.isReadingBounces) return;
     const auto depth = ticks_++ % ticksPerBadges == 0 ? Depth::all : Depth::frames;
     // A Dock that did not answer, or is no more, is looked for with the labels.
-    if (!dockPid_ && depth == Depth::all) dockPid_ = findDock();
+    if (!dockPid_ && depth == Depth::all) dockPid_ = dockProcess(workspace_);
     if (dockPid_) read(depth);
     // Requests end while nobody answers, too.
     dropOldBounces();
     updateAttention();
-}
-
-std::optional<ProcessId> BadgeRefresh::findDock() const {
-    for (const auto& app : workspace_.runningApplications())
-        if (app.bundleIdentifier == dockIdentifier) return app.pid;
-    return std::nullopt;
 }
 
 void BadgeRefresh::read(Depth depth) {
@@ -98,7 +92,7 @@ void BadgeRefresh::readFinished(const Icons& icons, Depth depth) {
     // An icon of a Dock at a side leaves its line sideways, which is no bounce of ours to see:
     // under the bar the Dock stands at the bottom.
     const bool isAtBottom = !dock_.has(CoreDockFunction::getOrientationAndPinning) ||
-                            dock_.orientationAndPinning().orientation == bottom;
+                            dock_.orientationAndPinning().orientation == DockProfile::bottom;
     if (isAtBottom) noteBounces(*icons);
     updateAttention();
 }

@@ -33,7 +33,6 @@ class BadgeRefresh {
     enum class Depth { frames, all };
 
     void tick();
-    std::optional<ProcessId> findDock() const;
     void read(Depth depth);
     void readFinished(const Icons& icons, Depth depth);
     std::vector<std::optional<std::string>> idsOf(const std::vector<DockIcon>& icons) const;
