@@ -22,12 +22,6 @@ bool isAppWindow(const WindowListEntry& entry) {
            entry.bounds->width >= minimumWidth && entry.bounds->height >= minimumHeight;
 }
 
-template <typename T>
-T valueOr(const AXAttribute& attribute, T fallback) {
-    const T* value = attribute.as<T>();
-    return value ? *value : fallback;
-}
-
 /// The windows of one app, asked for until it stops answering: each further call to a hung app
 /// would cost another time-out.
 class AppWindows {
@@ -53,21 +47,21 @@ class AppWindows {
         return AppWindow{.id = *number,
                          .element = element,
                          .pid = pid_,
-                         .title = valueOr(read(element, "AXTitle"), std::string()),
-                         .isMinimized = valueOr(read(element, "AXMinimized"), false),
+                         .title = read(element, "AXTitle").valueOr(std::string()),
+                         .isMinimized = read(element, "AXMinimized").valueOr(false),
                          .frame = frame(element)};
     }
 
   private:
     /// Palettes, sheets and pop-overs have other subroles.
     bool isOrdinary(const AXElementRef& element) {
-        const auto subrole = valueOr(read(element, "AXSubrole"), std::string());
+        const auto subrole = read(element, "AXSubrole").valueOr(std::string());
         return subrole == "AXStandardWindow" || subrole == "AXDialog";
     }
 
     Rect frame(const AXElementRef& element) {
-        const auto position = valueOr(read(element, "AXPosition"), Point{});
-        const auto size = valueOr(read(element, "AXSize"), Size{});
+        const auto position = read(element, "AXPosition").valueOr(Point{});
+        const auto size = read(element, "AXSize").valueOr(Size{});
         return {position.x, position.y, size.width, size.height};
     }
 
@@ -134,7 +128,7 @@ class ElementSearch {
 
     void meet(const AXElementRef& element) {
         if (accessibility_.pid(element) != pid_) return;
-        if (valueOr(app_.read(element, "AXRole"), std::string()) != "AXWindow") return;
+        if (app_.read(element, "AXRole").valueOr(std::string()) != "AXWindow") return;
         auto window = app_.window(element);
         if (!window || !app_.answers() || !met_.insert(window->id).second) return;
         if (listed_.contains(window->id)) return;
