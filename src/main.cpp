@@ -114,7 +114,10 @@ class Program {
             print(stderr, *complaint);
             return failed;
         }
-        return runOn(*std::get<std::unique_ptr<Desktop>>(opened));
+        const int code = runOn(*std::get<std::unique_ptr<Desktop>>(opened));
+        // A read may still be asking the desktop, which goes next.
+        scheduler_.endQueues();
+        return code;
     }
 
   private:

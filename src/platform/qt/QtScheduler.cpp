@@ -83,6 +83,10 @@ SerialQueue& QtScheduler::queue(std::string_view name) {
     return *found->second;
 }
 
+void QtScheduler::endQueues() {
+    queues_.clear();
+}
+
 bool QtScheduler::isMainThread() const {
     return std::this_thread::get_id() == mainThread_;
 }

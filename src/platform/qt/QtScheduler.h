@@ -30,6 +30,10 @@ class QtScheduler : public Scheduler {
     SerialQueue& queue(std::string_view name) override;
     bool isMainThread() const override;
 
+    /// Waits for the tasks that run and drops those behind them: for a desktop that goes before
+    /// this scheduler does, and that they may be asking. Nobody may post to a queue afterwards.
+    void endQueues();
+
   private:
     Handle startTimer(double seconds, bool repeats, Task task);
 
