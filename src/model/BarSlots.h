@@ -19,7 +19,9 @@ class BarSlots {
 
     const std::vector<Slot>& inOrder() const { return slots_; }
     const std::vector<DisplayId>& displays() const { return displays_; }
-    bool has(const Slot& slot) const { return existing_.contains(slot); }
+    /// The slot itself while it exists; else the same Space on another display, else what is shown
+    /// on its display. Absent when both have gone.
+    std::optional<Slot> standInFor(const Slot& slot) const;
     /// The slot stands for what its display shows now.
     bool isShown(const Slot& slot) const;
     bool isFullScreen(const Slot& slot) const;

@@ -131,6 +131,7 @@ void DockStore::pruneLaunching(const std::set<std::string>& idsBefore) {
 }
 
 void DockStore::forgetOpened(const std::string& id) {
+    checkThread();
     std::erase_if(openedFromPinned, [&](const OpenedTile& opened) { return opened.id == id; });
 }
 
@@ -251,7 +252,6 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
 
 AppPlaces DockStore::placesOf(ProcessId pid, std::set<Slot> previous) const {
     return {.slots = valueOf(windowSlots, pid),
-            .displays = valueOf(windowDisplays, pid),
             .previous = std::move(previous),
             .seenSlots = valueOf(seenSlots, pid),
             .seenDisplays = valueOf(seenDisplays, pid)};
@@ -265,6 +265,7 @@ std::vector<DockItem> DockStore::makePinnedItems() {
 }
 
 std::optional<DockItem> DockStore::makePinnedItem(const std::string& id) {
+    checkThread();
     const auto* app = runningApplication(id);
     auto url = app ? urlOf(*app) : workspace_.urlForApplication(id);
     if (!app && !url) return std::nullopt;
@@ -302,6 +303,7 @@ const RunningApplication* DockStore::runningApplication(const std::string& bundl
 }
 
 const RunningApplication* DockStore::runningApplication(ProcessId pid) const {
+    checkThread();
     const auto found = std::ranges::find(running, pid, &RunningApplication::pid);
     return found == running.end() ? nullptr : &*found;
 }
@@ -317,6 +319,7 @@ void DockStore::pruneReached() {
 
 std::vector<AppWindow> DockStore::windowsOf(ProcessId pid, const DisplayGroup* group,
                                             std::optional<std::vector<AppWindow>> listed) const {
+    checkThread();
     // A hung app could raise none of its windows, the reached ones as little as the others.
     if (!listed) return {};
     auto windows = *std::move(listed);

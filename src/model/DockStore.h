@@ -78,12 +78,12 @@ class DockStore {
     std::optional<SpaceMap> spaceMap;
     /// The windows that count for their apps, on every Space, front to back.
     std::vector<WindowInfo> latestWindows;
+    std::map<ProcessId, std::set<Slot>> windowSlots;
+    std::map<ProcessId, std::set<Slot>> seenSlots;
     /// The elements of windows on Spaces not shown, which Accessibility does not list.
     std::map<WindowId, AXElementRef> reachedWindows;
     /// Apps whose windows are being reached now.
     std::set<ProcessId> reachingWindows;
-    std::map<ProcessId, std::set<Slot>> windowSlots;
-    std::map<ProcessId, std::set<Slot>> seenSlots;
     /// Ids of the items that may move between sections although the pointer is on the bar: those of
     /// apps that were brought forward from it. Emptied when the pointer leaves.
     std::set<std::string> regroupingIDs;

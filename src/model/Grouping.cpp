@@ -1,7 +1,6 @@
 #include "model/Grouping.h"
 
 #include <algorithm>
-#include <array>
 #include <map>
 #include <optional>
 
@@ -9,51 +8,38 @@ namespace larkspan {
 
 namespace {
 
+/// Of each slot that has gone what stands for it now, if anything does.
 std::set<Slot> existingOf(const std::set<Slot>& wanted, const BarSlots& slots) {
     std::set<Slot> existing;
     for (const auto& slot : wanted)
-        if (slots.has(slot)) existing.insert(slot);
+        if (const auto now = slots.standInFor(slot)) existing.insert(*now);
     return existing;
 }
 
-std::optional<Slot> oneSeen(const std::set<Slot>& seen, const BarSlots& slots) {
-    const auto existing = existingOf(seen, slots);
-    if (existing.empty()) return std::nullopt;
-    const auto isCandidate = [&](const Slot& slot) { return existing.contains(slot); };
-    const auto isShownCandidate = [&](const Slot& slot) {
-        return isCandidate(slot) && slots.isShown(slot);
+std::optional<Slot> oneSeen(const AppPlaces& places, const BarSlots& slots) {
+    const auto wasSeenIn = [&](const Slot& slot) { return places.seenSlots.contains(slot); };
+    const auto wasSeenInShown = [&](const Slot& slot) {
+        return wasSeenIn(slot) && slots.isShown(slot);
     };
     const auto& order = slots.inOrder();
-    const auto shown = std::ranges::find_if(order, isShownCandidate);
-    return shown != order.end() ? *shown : *std::ranges::find_if(order, isCandidate);
-}
-
-std::set<DisplayId> displaysOf(const std::set<Slot>& slots) {
-    std::set<DisplayId> displays;
-    for (const auto& slot : slots)
-        displays.insert(slot.display);
-    return displays;
-}
-
-/// The slot shown on the display the app was last known to be on, else on the main one.
-std::optional<Slot> shownSlotFor(const AppPlaces& places, const BarSlots& slots) {
-    const std::array known{places.displays, displaysOf(places.slots), displaysOf(places.previous),
-                           displaysOf(places.seenSlots), places.seenDisplays};
-    for (const auto& wanted : known)
-        for (const auto display : slots.displays())
-            if (wanted.contains(display)) return slots.shownOn(display);
-    if (slots.displays().empty()) return std::nullopt;
-    return slots.shownOn(slots.displays().front());
+    for (const auto found :
+         {std::ranges::find_if(order, wasSeenInShown), std::ranges::find_if(order, wasSeenIn)})
+        if (found != order.end()) return *found;
+    for (const auto display : slots.displays())
+        if (places.seenDisplays.contains(display)) return slots.shownOn(display);
+    return std::nullopt;
 }
 
 } // namespace
 
 std::set<Slot> slotsForApp(const AppPlaces& places, const BarSlots& slots) {
-    if (auto now = existingOf(places.slots, slots); !now.empty()) return now;
-    if (auto previous = existingOf(places.previous, slots); !previous.empty()) return previous;
-    if (const auto seen = oneSeen(places.seenSlots, slots)) return {*seen};
-    if (const auto shown = shownSlotFor(places, slots)) return {*shown};
-    return {};
+    for (const auto* known : {&places.slots, &places.previous})
+        if (auto existing = existingOf(*known, slots); !existing.empty()) return existing;
+    const bool stoodSomewhere = !places.slots.empty() || !places.previous.empty();
+    if (!stoodSomewhere)
+        if (const auto seen = oneSeen(places, slots)) return {*seen};
+    if (slots.displays().empty()) return {};
+    return {*slots.shownOn(slots.displays().front())};
 }
 
 std::vector<DisplayGroup> groupItems(const std::vector<PlacedItem>& items, const BarSlots& slots,

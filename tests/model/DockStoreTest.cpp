@@ -84,6 +84,68 @@ TEST_F(DockStoreTest, KeepsAHiddenAppInTheGroupWhereItWasSeen) {
     EXPECT_TRUE(item("notes").app->isHidden);
 }
 
+TEST_F(DockStoreTest, LetsNoHiddenAppJump) {
+    mac.openWindow(launch("mail"));
+    const auto notes = launch("notes");
+    mac.openWindow(notes);
+    start();
+    const auto second = mac.displayAt(1);
+    mac.moveToDisplay(mac.openWindow(notes), second);
+    settle();
+    mac.hide(notes);
+    settle();
+    ASSERT_EQ(groups(), "mail notes | notes");
+    mac.switchSpace(mac.displayAt(0), 1);
+    settle();
+    EXPECT_EQ(groups(), "(mail notes) | notes") << "another Space is shown";
+    mac.switchSpace(mac.displayAt(0), 0);
+    mac.unplug(second);
+    settle();
+    EXPECT_EQ(groups(), "mail notes") << "what was on the other display is here now";
+    mac.addDisplay("1280x720");
+    settle();
+    EXPECT_EQ(groups(), "mail notes") << "its windows have stayed here";
+    mac.unhide(notes);
+    settle();
+    EXPECT_EQ(groups(), "mail notes") << "it shows where its tile has been";
+}
+
+TEST_F(DockStoreTest, FollowsAHiddenAppFromASpaceThatIsClosed) {
+    const auto display = mac.displayAt(0);
+    mac.openWindow(launch("mail"), {.display = mac.displayAt(1)});
+    const auto notes = launch("notes");
+    const auto window = mac.openWindow(notes, {.display = mac.displayAt(1)});
+    start();
+    mac.moveToSpace(window, mac.spaceAt(display, 1));
+    settle();
+    mac.hide(notes);
+    settle();
+    ASSERT_EQ(groups(), "(notes) | mail");
+    mac.removeSpace(mac.spaceAt(display, 1));
+    settle();
+    EXPECT_EQ(groups(), "notes | mail") << "not where it was before it came here";
+    mac.unhide(notes);
+    settle();
+    EXPECT_EQ(groups(), "notes | mail");
+}
+
+TEST_F(DockStoreTest, BringsAMinimisedWindowsAppBackToItsGroup) {
+    mac.openWindow(launch("mail"));
+    const auto notes = launch("notes");
+    const auto window = mac.openWindow(notes, {.display = mac.displayAt(1)});
+    start();
+    mac.minimize(window);
+    settle();
+    EXPECT_EQ(groups(), "mail");
+    EXPECT_EQ(background(), "finder notes");
+    mac.switchSpace(mac.displayAt(0), 1);
+    settle();
+    EXPECT_EQ(background(), "finder notes") << "no Space has the window";
+    mac.hide(notes);
+    settle();
+    EXPECT_EQ(groups(), "(mail) | notes") << "where it was last seen";
+}
+
 TEST_F(DockStoreTest, SetsOnlyTheListsThatDiffer) {
     const auto notes = launch("notes");
     mac.openWindow(notes);

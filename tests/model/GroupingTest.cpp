@@ -32,26 +32,50 @@ TEST_P(PlacesOfAnApp, AreWhereItIsThenWhereItWas) {
     EXPECT_EQ(slotsForApp(GetParam().places, BarSlots(screens, twoDisplays())), GetParam().slots);
 }
 
+const std::set<Slot> seenElsewhere{{1, 11}, {2, 20}};
+
 INSTANTIATE_TEST_SUITE_P(
     Precedence, PlacesOfAnApp,
     testing::Values(
         PlaceCase{"CurrentBeforeAll",
                   {.slots = {{1, 10}, {2, 20}}, .previous = {{1, 11}}, .seenSlots = {{1, 12}}},
                   {{1, 10}, {2, 20}}},
-        PlaceCase{"PreviousBeforeRemembered",
+        PlaceCase{"AWindowOnASpaceNotShownIsCurrent",
+                  {.slots = {{1, 10}}, .previous = {{1, 11}}, .seenSlots = seenElsewhere},
+                  {{1, 10}}},
+        PlaceCase{"HiddenStaysWhereItStands",
                   {.previous = {{1, 10}}, .seenSlots = {{1, 10}, {1, 11}, {2, 20}}},
                   {{1, 10}}},
+        PlaceCase{"HiddenStaysInEachOfItsGroups",
+                  {.previous = {{1, 10}, {2, 20}}, .seenSlots = seenElsewhere},
+                  {{1, 10}, {2, 20}}},
+        PlaceCase{"AClosedSpaceGivesWayToTheShownOneOfItsDisplay",
+                  {.previous = {{1, 99}}, .seenSlots = {{1, 99}, {1, 10}, {2, 20}}},
+                  {{1, 11}}},
+        PlaceCase{"AClosedSpaceOfSeveralGivesWayAlone",
+                  {.previous = {{1, 99}, {1, 10}}, .seenSlots = {{2, 20}}},
+                  {{1, 10}, {1, 11}}},
+        PlaceCase{"ASpaceIsFollowedToAnotherDisplay",
+                  {.previous = {{3, 10}}, .seenSlots = {{3, 10}, {2, 20}}, .seenDisplays = {2, 3}},
+                  {{1, 10}}},
+        PlaceCase{"AnUnpluggedDisplayGivesWayToTheMainOne",
+                  {.previous = {{3, 30}}, .seenSlots = {{3, 30}, {2, 20}}, .seenDisplays = {2, 3}},
+                  {{1, 11}}},
+        PlaceCase{"AnUnpluggedDisplayOfSeveralIsLeftOut",
+                  {.previous = {{3, 30}, {2, 20}}, .seenSlots = {{1, 11}}},
+                  {{2, 20}}},
+        PlaceCase{"CurrentSlotsThatHaveGoneGiveWayToTheGroupItStandsIn",
+                  {.slots = {{3, 30}}, .previous = {{2, 20}}, .seenSlots = {{1, 10}}},
+                  {{2, 20}}},
         PlaceCase{
             "RememberedOnTheShownSpace", {.seenSlots = {{1, 10}, {1, 11}, {2, 20}}}, {{1, 11}}},
         PlaceCase{"RememberedFirstAlongTheBar", {.seenSlots = {{1, 12}, {1, 10}}}, {{1, 10}}},
-        PlaceCase{"CurrentSlotsThatExistOnly",
-                  {.slots = {{1, 99}, {1, 10}}, .previous = {{2, 20}}},
-                  {{1, 10}}},
-        PlaceCase{"GoneSpaceGivesWayToTheShownOneOfItsDisplay", {.previous = {{2, 99}}}, {{2, 20}}},
-        PlaceCase{"GoneDisplayGivesWayToARememberedOne",
-                  {.previous = {{3, 30}}, .seenSlots = {{3, 30}}, .seenDisplays = {2, 3}},
+        PlaceCase{"RememberedDisplayWhoseSpacesAreOthers",
+                  {.seenSlots = {{2, 99}}, .seenDisplays = {2}},
                   {{2, 20}}},
-        PlaceCase{"GoneDisplayGivesWayToTheMainOne", {.previous = {{3, 30}}}, {{1, 11}}},
+        PlaceCase{"RememberedDisplayThatHasGone",
+                  {.seenSlots = {{3, 30}}, .seenDisplays = {3}},
+                  {{1, 11}}},
         PlaceCase{"NothingKnown", {}, {{1, 11}}}),
     [](const auto& instance) { return std::string(instance.param.name); });
 
@@ -89,6 +113,8 @@ TEST(Groups, ShowEmptyDesktopsButNoEmptyFullScreenSpace) {
 TEST(BarSlots, AreWholeDisplaysWhereNoSpacesAreKnown) {
     auto map = twoDisplays();
     map.spaces.erase(2);
+    EXPECT_EQ(BarSlots(screens, map).inOrder().back(), (Slot{2, std::nullopt}));
+    map.spaces[2] = {};
     EXPECT_EQ(BarSlots(screens, map).inOrder().back(), (Slot{2, std::nullopt}));
     EXPECT_THAT(BarSlots(screens, {}).inOrder(), ElementsAre(Slot{1, {}}, Slot{2, {}}));
 }
