@@ -23,10 +23,7 @@ bool isAnswer(AXError error) {
 } // namespace
 
 std::optional<std::vector<DockIcon>> DockItemsReader::read(ProcessId dock) {
-    if (!findItems(dock)) {
-        items_.clear();
-        return std::nullopt;
-    }
+    if (!findItems(dock)) return std::nullopt;
     return readFrames();
 }
 

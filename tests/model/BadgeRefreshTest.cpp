@@ -104,6 +104,27 @@ TEST_F(BadgeRefreshTest, AnAppThatStartsBouncesWithoutAskingForAttention) {
     }
 }
 
+TEST_F(BadgeRefreshTest, AnAppInFrontAsksNobody) {
+    mac.activate(mail);
+    mac.scheduler.runFor(2);
+    mac.world().app(mail)->attention = sim::AttentionRequest{true, mac.scheduler.uptime()};
+    mac.scheduler.runFor(5);
+    EXPECT_THAT(*store.attentionIDs, IsEmpty());
+}
+
+TEST_F(BadgeRefreshTest, AnAppThatIsNotKnownToRunYetIsAboutToStart) {
+    mac.install("com.example.music", "music");
+    mac.pin("com.example.music");
+    store.reloadPinned();
+    mac.scheduler.runFor(2);
+    mac.loseEvents();
+    launch("music", {.launchSeconds = 10, .inBackground = true});
+    for (int quarter = 0; quarter < 6; ++quarter) {
+        mac.scheduler.runFor(0.25);
+        EXPECT_THAT(*store.attentionIDs, IsEmpty()) << quarter;
+    }
+}
+
 TEST_F(BadgeRefreshTest, AnAppThatQuitsAsksNoMore) {
     mac.requestAttention(mail, true);
     mac.scheduler.runFor(1);
@@ -189,6 +210,7 @@ TEST_F(AnnouncedBadges, AreFollowedWithoutBeingWokenInVain) {
     EXPECT_TRUE(bounces("mail"));
     store.seeBounces("com.example.mail");
     EXPECT_FALSE(bounces("mail"));
+    mac.scheduler.runFor(5);
     mac.setBadge(notes, "2");
     settle();
     EXPECT_FALSE(bounces("mail")) << "the same wish again";

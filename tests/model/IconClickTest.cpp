@@ -36,9 +36,39 @@ TEST_F(IconClickTest, HidesTheAppInFrontAndBringsItBack) {
     clickTile("mail");
     EXPECT_TRUE(isHidden(mail));
     mac.scheduler.runFor(2);
+    mac.world().reportedFrontmost = mail;
     clickTile("mail");
-    EXPECT_FALSE(isHidden(mail));
+    EXPECT_FALSE(isHidden(mail)) << "a hidden app is never sent away, whatever is told of it";
     EXPECT_EQ(mac.frontmost(), mail);
+    mac.world().reportedFrontmost = notes;
+    clickTile("mail");
+    EXPECT_TRUE(isHidden(mail)) << "by the last click it is in front";
+}
+
+TEST_F(IconClickTest, BringsTheSecondCopyForwardAndNotTheFirst) {
+    mac.openWindow(mail);
+    const auto second = launch("mail");
+    mac.openWindow(second);
+    mac.openWindow(notes);
+    start();
+    mac.hide(second);
+    mac.activate(notes);
+    settle();
+    clickTile(fmt::format("pid:{}", second));
+    EXPECT_EQ(mac.frontmost(), second);
+    EXPECT_FALSE(isHidden(second));
+}
+
+TEST_F(IconClickTest, WaitsOnceForAnAppThatDoesNotAnswer) {
+    mac.openWindow(mail);
+    start();
+    mac.activate(mail);
+    settle();
+    mac.world().messagingTimeout = 0.5;
+    mac.hang(mail);
+    const double before = mac.scheduler.uptime();
+    clickTile("mail");
+    EXPECT_NEAR(mac.scheduler.uptime() - before, 0.5, 0.01);
 }
 
 TEST_F(IconClickTest, BringsAnAppBehindOthersForward) {
@@ -99,6 +129,15 @@ TEST_F(IconClickTest, GoesToTheSpaceOfTheGroupInsteadOfHiding) {
     EXPECT_EQ(mac.world().display(display)->shown().id, mac.spaceAt(display, 1));
 }
 
+TEST_F(IconClickTest, GoesToTheSpaceOfTheGroupThoughAWindowOfEverySpaceIsInView) {
+    mac.openWindow(mail, {.everySpace = true});
+    mac.activate(mail);
+    start();
+    ASSERT_EQ(groups(), "mail | (mail)");
+    clickTile("mail");
+    EXPECT_FALSE(isHidden(mail)) << "the tile of the Space not shown was clicked";
+}
+
 TEST_F(IconClickTest, HidesTheAppInFrontUnseenWithoutPermission) {
     mac.activate(mail);
     start();
@@ -137,6 +176,11 @@ TEST_F(IconClickTest, LetsTheClickedTileMoveUnderThePointerAndNoOther) {
     mac.openWindow(mail);
     settle();
     EXPECT_EQ(background(), "finder mail") << "held where it is, under the pointer";
+    clickTile("mail");
+    EXPECT_EQ(groups(), "notes mail") << "to its window, which was there before the click";
+    clickTile("mail");
+    ASSERT_TRUE(isHidden(mail));
+    EXPECT_THAT(store.regroupingIDs, ElementsAre("com.example.notes")) << "sent away, it is held";
     refresh->setPointerOnBar(false);
     settle();
     EXPECT_EQ(groups(), "notes mail");

@@ -122,12 +122,61 @@ TEST_F(WindowAnimatorTest, AClickTakesBackAHideThatHasNotBegun) {
     expectRest();
 }
 
+TEST_F(WindowAnimatorTest, AHideTakenBackBringsTheAppAndItsMinimisedWindowsForward) {
+    const auto window = mac.openWindow(mail);
+    settle();
+    clickMail();
+    ASSERT_EQ(animator.phase(mail), Phase::hiding);
+    mac.minimize(window);
+    mac.activate(mac.finder());
+    settle();
+    clickMail();
+    EXPECT_EQ(mac.frontmost(), mail);
+    EXPECT_FALSE(mac.world().window(window)->minimized);
+}
+
+TEST_F(WindowAnimatorTest, OnlyAHideCanBeTakenBack) {
+    mac.hide(mail);
+    settle();
+    animator.show(mail, {});
+    animator.cancelHide(mail);
+    EXPECT_EQ(animator.phase(mail), Phase::showing);
+    mac.scheduler.runFor(1);
+    EXPECT_FALSE(isHidden());
+}
+
+TEST_F(WindowAnimatorTest, AShowEndsTheWaitOfAHide) {
+    flights.withholdsPictures = true;
+    animator.hide(mail, {});
+    mac.hide(mail);
+    settle();
+    animator.show(mail, {});
+    EXPECT_FALSE(animator.hasPendingHide(mail));
+    flights.withheld.at(mail)();
+    mac.scheduler.runFor(1);
+    EXPECT_FALSE(isHidden());
+}
+
+TEST_F(WindowAnimatorTest, AClickOnAnAppThatSettlesSendsItAwayUnasked) {
+    mac.hide(mail);
+    settle();
+    mac.loseEvents();
+    clickMail();
+    mac.scheduler.runFor(0.5);
+    ASSERT_EQ(animator.phase(mail), Phase::settling);
+    mac.hang(mail);
+    clickMail();
+    EXPECT_EQ(animator.phase(mail), Phase::hiding);
+}
+
 TEST_F(WindowAnimatorTest, AClickTurnsAShowRound) {
     mac.hide(mail);
     settle();
     clickMail();
     ASSERT_EQ(animator.phase(mail), Phase::showing);
     mac.scheduler.runFor(0.2);
+    // Its pictures are in the air already.
+    flights.withholdsPictures = true;
     clickMail();
     EXPECT_EQ(animator.phase(mail), Phase::hiding);
     mac.scheduler.runFor(1);

@@ -42,6 +42,8 @@ TEST_F(SpaceSwitchLogTest, BelongsToOneSubsystem) {
 
 // The main thread hangs past the end, and the next swipe's first step comes from the tap's thread.
 TEST_F(SpaceSwitchLogTest, EndsATimelineBeforeItStartsTheNext) {
+    std::vector<bool> running;
+    log.onRunning = [&](bool isRunning) { running.push_back(isRunning); };
     log.stamp("swipe", "one", Mark::starting);
     mac.scheduler.runUntilIdle();
     mac.scheduler.spend(2);
@@ -52,6 +54,7 @@ TEST_F(SpaceSwitchLogTest, EndsATimelineBeforeItStartsTheNext) {
                                         "started; swipe: two"));
     mac.scheduler.runFor(1);
     EXPECT_THAT(newLines(), ElementsAre("──── switch timeline ends"));
+    EXPECT_THAT(running, ElementsAre(true, false)) << "it was followed without a break";
 }
 
 TEST_F(SpaceSwitchLogTest, SamplesTheBarsOnlyWhileATimelineRuns) {
@@ -90,6 +93,26 @@ TEST_F(SpaceSwitchLogTest, WritesABarWhenItLooksDifferent) {
                             "opacity 1.00, on screen, not wanted",
                             "+200ms bars: after the Space change: display 2 drawn 0.0 pt down, "
                             "opacity 0.50, off screen, not wanted"));
+}
+
+TEST_F(SpaceSwitchLogTest, BarsThatMoveDoNotKeepATimelineRunning) {
+    double drop = 0;
+    log.readBars = [&] { return std::vector<BarState>{{.display = 1, .drop = ++drop}}; };
+    log.stamp("swipe", "began", Mark::starting);
+    mac.scheduler.runFor(1.6);
+    EXPECT_FALSE(log.isRunning());
+}
+
+TEST_F(SpaceSwitchLogTest, EachTimelineStartsAfreshWithBarsAndFrames) {
+    log.readBars = [] { return std::vector<BarState>{{.display = 1}}; };
+    for (const auto* which : {"first", "second"}) {
+        log.stamp("swipe", "began", Mark::starting);
+        mac.scheduler.runFor(5);
+        EXPECT_THAT(newLines(), ElementsAre("──── switch timeline starts", "started; swipe: began",
+                                            testing::HasSubstr("bars: display 1 drawn"),
+                                            "──── switch timeline ends"))
+            << which;
+    }
 }
 
 TEST_F(SpaceSwitchLogTest, TellsHowLongDrawingWasHeldUp) {
