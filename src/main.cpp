@@ -104,7 +104,9 @@ class Program {
     int run() {
         const std::string name = start_.instanceName();
         const auto listening = qt::ControlSocket::listen(
-            name, [this](const std::string& line) { return answer(line); });
+            name, [this](const std::string& line, qt::ControlSocket::Reply reply) {
+                answer(line, std::move(reply));
+            });
         // Another start was quicker by a moment.
         if (listening.isTaken) return request(name, {"reopen"});
         if (!listening.socket) reports_("commands cannot reach this bar: " + listening.failure);
@@ -129,7 +131,7 @@ class Program {
                     print(stderr, line);
                     QCoreApplication::exit(failed);
                 },
-            .reopened = [this] { answer(Control::requestLine({"reopen"})); },
+            .reopened = [this] { answer(Control::requestLine({"reopen"}), [](const auto&) {}); },
             .log = isLogged_
                        ? [this](const std::string& line) { showLine(scheduler_.wallClock(), line); }
                        : std::function<void(const std::string&)>()};
@@ -160,9 +162,10 @@ class Program {
 
     /// Requests are taken from the run loop only, so there is a control by then; but for those that
     /// come while the program ends.
-    std::string answer(const std::string& line) {
-        if (!control_) return ControlAnswer{failed, "the running instance is ending"}.toLine();
-        return control_->answerLine(line);
+    void answer(const std::string& line, qt::ControlSocket::Reply reply) {
+        if (!control_)
+            return reply(ControlAnswer{failed, "the running instance is ending"}.toLine());
+        control_->answerLine(line, std::move(reply));
     }
 
     const DesktopStart& start_;

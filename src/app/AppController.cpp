@@ -24,6 +24,7 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
     , refresh_(store_, platform.scheduler, platform.workspace, platform.screens,
                platform.windowServer, platform.accessibility, platform.dockPreferences,
                platform.trash, log_)
+    , mover_(platform.scheduler, platform.windowServer)
     , actions_(store_, platform.scheduler, platform.workspace, platform.applications,
                platform.accessibility, platform.coreDock, platform.loginItems)
     , click_(store_, actions_, platform.scheduler, platform.workspace, platform.applications,
@@ -192,6 +193,14 @@ BarController& AppController::makeBars() {
 
 bool AppController::focusBar() {
     return keyboardEntry_ && keyboardEntry_->begin();
+}
+
+void AppController::moveWindow(WindowId window, SpaceId space, WindowMover::Done done) {
+    mover_.move({window}, space, [this, done = std::move(done)](WindowMover::Outcome outcome) {
+        // A cheaper read would miss a window that went from one Space out of view to another.
+        if (outcome == WindowMover::Outcome::moved) refresh_.requestRead(true);
+        done(outcome);
+    });
 }
 
 void AppController::setBarHeight(std::optional<double> height) {

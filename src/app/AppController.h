@@ -19,6 +19,7 @@
 #include "spaces/SpaceSlide.h"
 #include "spaces/SpaceSwitchLog.h"
 #include "spaces/SwipeListener.h"
+#include "spaces/WindowMover.h"
 
 #include <functional>
 #include <memory>
@@ -56,6 +57,11 @@ class AppController {
     /// Stores the height, or with none goes back to the height of the system; the bars and the
     /// strip follow at once.
     void setBarHeight(std::optional<double> height);
+
+    /// Whether windows can be moved between Spaces, as far as is known.
+    bool canMoveWindows() const { return mover_.canMove(); }
+    /// As `WindowMover::move`; the bars follow at once.
+    void moveWindow(WindowId window, SpaceId space, WindowMover::Done done);
 
     /// Brings the keyboard onto the bar of the display in use; false when no bar is shown.
     bool focusBar();
@@ -104,6 +110,7 @@ class AppController {
     WindowAnimator animator_;
     DockStore store_;
     WindowRefresh refresh_;
+    WindowMover mover_;
     ItemActions actions_;
     IconClick click_;
     ItemMenu itemMenu_;

@@ -102,6 +102,7 @@ commands:
                             a click on the item with that id, and what is held down with it
   menu ID [LINE]            the lines of its menu as JSON, or choose one
   open ID FILE...           open files with the application
+  move-window NUMBER SPACE  move a window to another Space; the state lists both
   focus                     bring the keyboard onto the bar: arrows, Return, Escape
   keep ID, remove ID        keep an app on the bar, or no longer
   get [KEY]                 a setting, or all of them

@@ -6,9 +6,11 @@
 #include "app/StateReport.h"
 
 #include <algorithm>
+#include <charconv>
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <utility>
 
 namespace larkspan {
 namespace {
@@ -68,6 +70,51 @@ ControlAnswer noSuchItem(const std::string& id) {
     return {senseless, fmt::format("there is no item {} on the bar", id)};
 }
 
+/// A whole number as people write it: tools of the X server give those of windows as 0x1400003.
+template <typename Number>
+std::optional<Number> wholeNumber(std::string_view text) {
+    const bool isHexadecimal = text.starts_with("0x");
+    if (isHexadecimal) text.remove_prefix(2);
+    Number number = 0;
+    const auto* end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number, isHexadecimal ? 16 : 10);
+    return error == std::errc() && rest == end ? std::optional(number) : std::nullopt;
+}
+
+/// Why the window cannot go to the Space; absent when it may be asked for. What is in full screen
+/// stays where it is, which would look as if no window could be moved.
+std::optional<std::string> whyItStays(const AppController& controller, WindowId window,
+                                      SpaceId space) {
+    const auto& store = controller.store();
+    if (!store.spaceMap || !controller.canMoveWindows())
+        return "windows cannot be moved between Spaces here";
+    const auto& map = *store.spaceMap;
+    const auto isFullScreen = [&](SpaceId each) { return map.fullScreen.contains(each); };
+    const auto spaces = map.windowSpaces.find(window);
+    if (spaces == map.windowSpaces.end() ||
+        std::ranges::find(store.latestWindows, window, &WindowInfo::id) ==
+            store.latestWindows.end())
+        return fmt::format("no Space has a window {} (a minimised or hidden one is on none)",
+                           window);
+    if (!map.owners.contains(space)) return fmt::format("there is no Space {}", space);
+    if (isFullScreen(space)) return fmt::format("Space {} is a full-screen window's own", space);
+    if (std::ranges::any_of(spaces->second, isFullScreen))
+        return fmt::format("window {} is in full screen", window);
+    return std::nullopt;
+}
+
+ControlAnswer answerFor(WindowMover::Outcome outcome, WindowId window, SpaceId space) {
+    switch (outcome) {
+    case WindowMover::Outcome::moved:
+        return {};
+    case WindowMover::Outcome::refused:
+        return {senseless, fmt::format("window {} cannot be moved to Space {}", window, space)};
+    case WindowMover::Outcome::stayed:
+        break;
+    }
+    return {senseless, fmt::format("window {} did not move to Space {}", window, space)};
+}
+
 std::string dump(const json& value, int indent) {
     // Titles and names may hold bytes that are no UTF-8.
     return value.dump(indent, ' ', false, json::error_handler_t::replace);
@@ -92,7 +139,7 @@ struct Control::Command {
     std::string_view usage;
     std::size_t fewest;
     std::size_t most;
-    ControlAnswer (Control::*run)(const Words& arguments);
+    void (Control::*run)(const Words& arguments, const Reply& reply);
 };
 
 const std::vector<Control::Command>& Control::commands() {
@@ -102,6 +149,7 @@ const std::vector<Control::Command>& Control::commands() {
         {"click", "ID [--option] [--command] [--new-instance]", 1, 4, &Control::click},
         {"menu", "ID [LINE]", 1, 2, &Control::menu},
         {"open", "ID FILE...", 2, 1000, &Control::open},
+        {"move-window", "NUMBER SPACE", 2, 2, &Control::moveWindow},
         {"focus", "", 0, 0, &Control::focus},
         {"get", "[KEY]", 0, 1, &Control::get},
         {"set", "KEY VALUE", 2, 2, &Control::set},
@@ -131,123 +179,136 @@ std::string Control::requestLine(const Words& words) {
     return dump(words, -1);
 }
 
-std::string Control::answerLine(std::string_view line) {
+void Control::answerLine(std::string_view line, std::function<void(std::string)> reply) {
     const auto words = parseWords(line);
-    if (!words) return ControlAnswer{senseless, "a request is a list of words"}.toLine();
-    return answer(*words).toLine();
+    if (!words) return reply(ControlAnswer{senseless, "a request is a list of words"}.toLine());
+    answer(*words,
+           [reply = std::move(reply)](const ControlAnswer& given) { reply(given.toLine()); });
 }
 
-ControlAnswer Control::answer(const Words& words) {
-    if (words.empty()) return {senseless, "a request names a command"};
+void Control::answer(const Words& words, const Reply& reply) {
+    if (words.empty()) return reply({senseless, "a request names a command"});
     for (const auto& command : commands()) {
         if (command.name != words.front()) continue;
         const Words arguments(words.begin() + 1, words.end());
         if (arguments.size() < command.fewest || arguments.size() > command.most)
-            return {senseless, fmt::format("usage: larkspan {} {}", command.name, command.usage)};
-        return (this->*command.run)(arguments);
+            return reply(
+                {senseless, fmt::format("usage: larkspan {} {}", command.name, command.usage)});
+        return (this->*command.run)(arguments, reply);
     }
-    return {senseless, fmt::format("there is no command {}", words.front())};
+    reply({senseless, fmt::format("there is no command {}", words.front())});
 }
 
-ControlAnswer Control::state(const Words&) {
-    return {0, dump(stateReport(controller_), 2)};
+void Control::state(const Words&, const Reply& reply) {
+    reply({0, dump(stateReport(controller_), 2)});
 }
 
-ControlAnswer Control::mode(const Words& words) {
-    if (words.empty()) return {0, std::string(rawValue(controller_.mode()))};
+void Control::mode(const Words& words, const Reply& reply) {
+    if (words.empty()) return reply({0, std::string(rawValue(controller_.mode()))});
     const auto mode = fromRawValue<BarMode>(words[0]);
-    if (!mode) return {senseless, "mode is vantrel or systemDock"};
+    if (!mode) return reply({senseless, "mode is vantrel or systemDock"});
     if (*mode == BarMode::vantrel)
         controller_.useVantrel();
     else
         controller_.useSystemDock();
-    return {};
+    reply({});
 }
 
-ControlAnswer Control::click(const Words& words) {
+void Control::click(const Words& words, const Reply& reply) {
     const auto tile = findTile(controller_.store(), words[0]);
-    if (!tile.item) return noSuchItem(words[0]);
+    if (!tile.item) return reply(noSuchItem(words[0]));
     ClickModifiers modifiers;
     for (const auto& word : Words(words.begin() + 1, words.end()))
         if (!addModifier(modifiers, word))
-            return {senseless, fmt::format("a click has no option {}", word)};
+            return reply({senseless, fmt::format("a click has no option {}", word)});
     // Copies: the click may regroup the very lists it was found in.
     const DockItem item = *tile.item;
     const auto group = tile.group ? std::optional(*tile.group) : std::nullopt;
     const auto frame = barFrame(controller_.bars(), tile.group);
     controller_.click().click(item, group ? &*group : nullptr, frame, modifiers);
-    return {};
+    reply({});
 }
 
-ControlAnswer Control::menu(const Words& words) {
+void Control::menu(const Words& words, const Reply& reply) {
     const auto tile = findTile(controller_.store(), words[0]);
-    if (!tile.item) return noSuchItem(words[0]);
+    if (!tile.item) return reply(noSuchItem(words[0]));
     const auto frame = barFrame(controller_.bars(), tile.group);
     const Menu menu = controller_.itemMenu().menu(*tile.item, tile.group, frame);
-    if (words.size() == 1) return {0, dump(menuReport(menu), 2)};
+    if (words.size() == 1) return reply({0, dump(menuReport(menu), 2)});
     const auto* line = findLine(menu, words[1]);
-    if (!line) return {senseless, fmt::format("the menu has no \"{}\"", words[1])};
+    if (!line) return reply({senseless, fmt::format("the menu has no \"{}\"", words[1])});
     if (!line->isEnabled || !line->action)
-        return {senseless, fmt::format("\"{}\" is not enabled", words[1])};
+        return reply({senseless, fmt::format("\"{}\" is not enabled", words[1])});
     line->action();
-    return {};
+    reply({});
 }
 
-ControlAnswer Control::open(const Words& words) {
+void Control::open(const Words& words, const Reply& reply) {
     const auto item = controller_.store().makePinnedItem(words[0]);
     if (!item || !item->url)
-        return {senseless, fmt::format("there is no application {}", words[0])};
+        return reply({senseless, fmt::format("there is no application {}", words[0])});
     const Words files(words.begin() + 1, words.end());
     for (const auto& file : files)
         // The running instance is in another folder than whoever asks.
         if (!file.starts_with('/') && file.find(':') == std::string::npos)
-            return {senseless, fmt::format("{} is no whole path and no address", file)};
-    if (controller_.actions().openFiles(files, *item)) return {};
-    return {senseless, fmt::format("{} could not be opened", item->name)};
+            return reply({senseless, fmt::format("{} is no whole path and no address", file)});
+    if (controller_.actions().openFiles(files, *item)) return reply({});
+    reply({senseless, fmt::format("{} could not be opened", item->name)});
 }
 
-ControlAnswer Control::focus(const Words&) {
-    return controller_.focusBar()
-               ? ControlAnswer{}
-               : ControlAnswer{senseless, "no bar is shown that could take the keyboard"};
+void Control::moveWindow(const Words& words, const Reply& reply) {
+    const auto window = wholeNumber<WindowId>(words[0]);
+    const auto space = wholeNumber<SpaceId>(words[1]);
+    if (!window || !space) return reply({senseless, "a window and a Space are whole numbers"});
+    if (const auto why = whyItStays(controller_, *window, *space)) return reply({senseless, *why});
+    controller_.moveWindow(*window, *space,
+                           [reply, window = *window, space = *space](WindowMover::Outcome outcome) {
+                               reply(answerFor(outcome, window, space));
+                           });
 }
 
-ControlAnswer Control::get(const Words& words) {
-    if (words.empty()) return {0, dump(allSettings(controller_), 2)};
+void Control::focus(const Words&, const Reply& reply) {
+    if (!controller_.focusBar())
+        return reply({senseless, "no bar is shown that could take the keyboard"});
+    reply({});
+}
+
+void Control::get(const Words& words, const Reply& reply) {
+    if (words.empty()) return reply({0, dump(allSettings(controller_), 2)});
     const auto value = namedSetting(controller_, words[0]);
-    if (!value) return {senseless, fmt::format("there is no setting named {}", words[0])};
-    return {0, value->is_string() ? value->get<std::string>() : dump(*value, -1)};
+    if (!value) return reply({senseless, fmt::format("there is no setting named {}", words[0])});
+    reply({0, value->is_string() ? value->get<std::string>() : dump(*value, -1)});
 }
 
-ControlAnswer Control::set(const Words& words) {
+void Control::set(const Words& words, const Reply& reply) {
     const auto complaint = setNamedSetting(controller_, words[0], words[1]);
-    return complaint ? ControlAnswer{senseless, *complaint} : ControlAnswer{};
+    reply(complaint ? ControlAnswer{senseless, *complaint} : ControlAnswer{});
 }
 
-ControlAnswer Control::resetAppearance(const Words&) {
+void Control::resetAppearance(const Words&, const Reply& reply) {
     controller_.look().resetAppearance();
-    return {};
+    reply({});
 }
 
-ControlAnswer Control::keep(const Words& words) {
-    if (controller_.actions().keep(words[0])) return {};
-    return {senseless, fmt::format("there is no application {}", words[0])};
+void Control::keep(const Words& words, const Reply& reply) {
+    if (controller_.actions().keep(words[0])) return reply({});
+    reply({senseless, fmt::format("there is no application {}", words[0])});
 }
 
-ControlAnswer Control::remove(const Words& words) {
-    if (words[0] == finderIdentifier) return {senseless, "Finder always stays on the bar"};
-    if (controller_.actions().remove(words[0])) return {};
-    return {senseless, fmt::format("{} is not kept on the bar", words[0])};
+void Control::remove(const Words& words, const Reply& reply) {
+    if (words[0] == finderIdentifier) return reply({senseless, "Finder always stays on the bar"});
+    if (controller_.actions().remove(words[0])) return reply({});
+    reply({senseless, fmt::format("{} is not kept on the bar", words[0])});
 }
 
-ControlAnswer Control::reopen(const Words&) {
+void Control::reopen(const Words&, const Reply& reply) {
     delegate_.shouldHandleReopen();
-    return {};
+    reply({});
 }
 
-ControlAnswer Control::quit(const Words&) {
+void Control::quit(const Words&, const Reply& reply) {
     controller_.platform().application.terminate();
-    return {};
+    reply({});
 }
 
 } // namespace larkspan

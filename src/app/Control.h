@@ -2,6 +2,7 @@
 
 #include "app/AppDelegate.h"
 
+#include <functional>
 #include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
@@ -31,9 +32,13 @@ class Control {
         : delegate_(delegate)
         , controller_(delegate.controller()) {}
 
+    /// Told once: at once, or for what takes its time within a second. Never when the program ends
+    /// before.
+    using Reply = std::function<void(const ControlAnswer&)>;
+
     /// One line in, one line out.
-    std::string answerLine(std::string_view line);
-    ControlAnswer answer(const std::vector<std::string>& words);
+    void answerLine(std::string_view line, std::function<void(std::string)> reply);
+    void answer(const std::vector<std::string>& words, const Reply& reply);
 
     /// The words of a request as the line that carries them.
     static std::string requestLine(const std::vector<std::string>& words);
@@ -42,19 +47,20 @@ class Control {
     struct Command;
     static const std::vector<Command>& commands();
 
-    ControlAnswer state(const std::vector<std::string>& words);
-    ControlAnswer mode(const std::vector<std::string>& words);
-    ControlAnswer click(const std::vector<std::string>& words);
-    ControlAnswer menu(const std::vector<std::string>& words);
-    ControlAnswer open(const std::vector<std::string>& words);
-    ControlAnswer focus(const std::vector<std::string>& words);
-    ControlAnswer get(const std::vector<std::string>& words);
-    ControlAnswer set(const std::vector<std::string>& words);
-    ControlAnswer resetAppearance(const std::vector<std::string>& words);
-    ControlAnswer keep(const std::vector<std::string>& words);
-    ControlAnswer remove(const std::vector<std::string>& words);
-    ControlAnswer reopen(const std::vector<std::string>& words);
-    ControlAnswer quit(const std::vector<std::string>& words);
+    void state(const std::vector<std::string>& words, const Reply& reply);
+    void mode(const std::vector<std::string>& words, const Reply& reply);
+    void click(const std::vector<std::string>& words, const Reply& reply);
+    void menu(const std::vector<std::string>& words, const Reply& reply);
+    void open(const std::vector<std::string>& words, const Reply& reply);
+    void moveWindow(const std::vector<std::string>& words, const Reply& reply);
+    void focus(const std::vector<std::string>& words, const Reply& reply);
+    void get(const std::vector<std::string>& words, const Reply& reply);
+    void set(const std::vector<std::string>& words, const Reply& reply);
+    void resetAppearance(const std::vector<std::string>& words, const Reply& reply);
+    void keep(const std::vector<std::string>& words, const Reply& reply);
+    void remove(const std::vector<std::string>& words, const Reply& reply);
+    void reopen(const std::vector<std::string>& words, const Reply& reply);
+    void quit(const std::vector<std::string>& words, const Reply& reply);
 
     AppDelegate& delegate_;
     AppController& controller_;

@@ -6,6 +6,7 @@
 #include "spaces/WindowPresence.h"
 
 #include <algorithm>
+#include <map>
 #include <nlohmann/json.hpp>
 #include <set>
 
@@ -101,6 +102,31 @@ json groupsJson(AppController& controller) {
     return list;
 }
 
+/// The Spaces in the order of their displays, with the windows that count, front to back.
+json spacesJson(const DockStore& store) {
+    json list = json::array();
+    if (!store.spaceMap) return list;
+    const auto& map = *store.spaceMap;
+    std::map<SpaceId, json> windows;
+    for (const auto& window : store.latestWindows) {
+        const auto spaces = map.windowSpaces.find(window.id);
+        if (spaces == map.windowSpaces.end()) continue;
+        for (const auto space : spaces->second)
+            windows[space].push_back({{"number", window.id}, {"pid", window.pid}});
+    }
+    for (const auto& [display, spaces] : map.spaces)
+        for (const auto space : spaces)
+            // Spaces that displays share stand under each of them.
+            if (map.owners.at(space) == display)
+                list.push_back(
+                    {{"id", space},
+                     {"display", display},
+                     {"shown", map.shown.contains(space)},
+                     {"fullScreen", map.fullScreen.contains(space)},
+                     {"windows", windows.contains(space) ? windows[space] : json::array()}});
+    return list;
+}
+
 json frontmostJson(const DockStore& store) {
     const auto pid = *store.frontmostPID;
     if (!pid) return nullptr;
@@ -143,6 +169,7 @@ json stateReport(AppController& controller) {
             {"pinned", itemsJson(controller, *store.pinnedItems)},
             {"groups", groupsJson(controller)},
             {"background", itemsJson(controller, *store.backgroundItems)},
+            {"spaces", spacesJson(store)},
             {"frontmost", frontmostJson(store)},
             {"trashEmpty", *store.isTrashEmpty}};
 }

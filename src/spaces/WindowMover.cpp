@@ -21,7 +21,7 @@ bool holds(const std::vector<WindowId>& numbers, const std::vector<WindowId>& wi
 
 void WindowMover::move(std::vector<WindowId> windows, SpaceId space, Done done) {
     if (!canMove_ || !server_.moveWindows(windows, space)) {
-        done(false);
+        done(Outcome::refused);
         return;
     }
     moves_.push_back(
@@ -37,7 +37,7 @@ void WindowMover::look(std::list<Move>::iterator move) {
     if (!isMoved && areThere(move->windows)) canMove_ = false;
     const Move ended = std::move(*move);
     moves_.erase(move);
-    ended.done(isMoved);
+    ended.done(isMoved ? Outcome::moved : Outcome::stayed);
 }
 
 bool WindowMover::haveArrived(const Move& move) const {

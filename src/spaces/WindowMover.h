@@ -13,8 +13,16 @@ namespace larkspan {
 /// do nothing. Once that has been seen, nothing is asked again. Main thread only.
 class WindowMover {
   public:
+    enum class Outcome {
+        /// All of them are on the Space now.
+        moved,
+        /// Nobody could be asked.
+        refused,
+        /// Not within a second.
+        stayed,
+    };
     /// Told once, unless the mover ends before.
-    using Done = std::function<void(bool isMoved)>;
+    using Done = std::function<void(Outcome)>;
 
     WindowMover(Scheduler& scheduler, WindowServer& server)
         : scheduler_(scheduler)
@@ -24,8 +32,7 @@ class WindowMover {
 
     /// Whether windows can be moved here, as far as is known.
     bool canMove() const { return canMove_; }
-    /// The windows must be on some Space now. `done` hears within a second whether all of them are
-    /// on that one; false, at once, when nobody could be asked.
+    /// The windows must be on some Space now. `done` hears within about a second what became of it.
     void move(std::vector<WindowId> windows, SpaceId space, Done done);
 
   private:

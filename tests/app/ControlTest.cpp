@@ -19,8 +19,13 @@ class ControlTest : public testing::Test {
         mac.setPinned({"com.example.chess"});
     }
 
-    json state() { return json::parse(app->control.answer({"state"}).text); }
-    ControlAnswer answer(const Words& words) { return app->control.answer(words); }
+    json state() { return json::parse(app->answer({"state"}).text); }
+    ControlAnswer answer(const Words& words) { return app->answer(words); }
+    ControlAnswer answerTo(const std::string& line) {
+        std::string given;
+        app->control.answerLine(line, [&](std::string answer) { given = std::move(answer); });
+        return ControlAnswer::fromLine(given);
+    }
     void launch() {
         app.emplace(mac);
         mac.scheduler.runFor(5);
@@ -190,6 +195,10 @@ TEST_F(ControlTest, WhatMakesNoSenseChangesNothing) {
         {"set", "tools", "hammer"},
         {"set", "showsTrash", "yes"},
         {"set", "barHeight", "-5"},
+        {"move-window", "1"},
+        {"move-window", "first", "2"},
+        {"move-window", "0x", "2"},
+        {"move-window", "1", "2nd"},
         {"keep", "com.example.nowhere"},
         {"remove", "com.example.notes"},
         {"remove", "com.apple.finder"},
@@ -243,10 +252,9 @@ TEST_F(ControlTest, LinesCarryRequestsAndAnswers) {
     launch();
     const auto line = Control::requestLine({"set", "tools", "a\nb \"c\""});
     EXPECT_EQ(line.find('\n'), std::string::npos);
-    EXPECT_EQ(ControlAnswer::fromLine(app->control.answerLine(line)),
-              (ControlAnswer{2, "there is no tool named a\nb \"c\""}));
+    EXPECT_EQ(answerTo(line), (ControlAnswer{2, "there is no tool named a\nb \"c\""}));
     for (const auto* nonsense : {"", "state", "{}", "[1]", "[\"state\""})
-        EXPECT_EQ(ControlAnswer::fromLine(app->control.answerLine(nonsense)).code, 2) << nonsense;
+        EXPECT_EQ(answerTo(nonsense).code, 2) << nonsense;
     EXPECT_EQ(ControlAnswer::fromLine("").code, 1);
     EXPECT_EQ(ControlAnswer::fromLine(R"({"code":"0","text":""})").code, 1);
 }

@@ -29,7 +29,7 @@ class Faults : public testing::Test {
     /// Answers the seconds that the main thread was held up.
     double click(LaunchedApp& app, const char* id) {
         const double before = mac.scheduler.uptime();
-        EXPECT_EQ(app.control.answer({"click", id}).code, 0);
+        EXPECT_EQ(app.answer({"click", id}).code, 0);
         return mac.scheduler.uptime() - before;
     }
     static bool isInAGroup(LaunchedApp& app, const std::string& id) {
@@ -55,10 +55,10 @@ void liveThrough(sim::SimMac& mac) {
         LaunchedApp app(mac);
         mac.scheduler.runFor(5);
         EXPECT_THAT(app.takeCalls(), Contains("in 1"));
-        EXPECT_EQ(app.control.answer({"click", mailId}).code, 0);
+        EXPECT_EQ(app.answer({"click", mailId}).code, 0);
         mac.scheduler.runFor(5);
         EXPECT_EQ(mac.frontmost(), mac.pidOf(mailId));
-        EXPECT_EQ(app.control.answer({"click", notesId}).code, 0);
+        EXPECT_EQ(app.answer({"click", notesId}).code, 0);
         mac.scheduler.runFor(5);
         EXPECT_EQ(mac.frontmost(), mac.pidOf(notesId));
         mac.enterFullScreen(window);
@@ -66,7 +66,7 @@ void liveThrough(sim::SimMac& mac) {
         EXPECT_THAT(app.takeCalls(), Contains("out 1")) << "the window covers the screen";
         mac.leaveFullScreen(window);
         mac.scheduler.runFor(5);
-        EXPECT_EQ(app.control.answer({"state"}).code, 0);
+        EXPECT_EQ(app.answer({"state"}).code, 0);
         app.controller.useSystemDock();
         mac.scheduler.runFor(5);
         EXPECT_EQ(mac.statusBar.items().size(), 1U);

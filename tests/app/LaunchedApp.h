@@ -6,6 +6,7 @@
 #include "platform/sim/SimMac.h"
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -15,7 +16,8 @@ namespace larkspan {
 class LaunchedApp {
   public:
     explicit LaunchedApp(sim::SimMac& mac)
-        : delegate(mac.platform(), [this](AppController&) { return makePanels(); }) {
+        : scheduler(mac.scheduler)
+        , delegate(mac.platform(), [this](AppController&) { return makePanels(); }) {
         delegate.didFinishLaunching();
     }
 
@@ -24,6 +26,16 @@ class LaunchedApp {
         return panels ? panels->takeCalls() : std::vector<std::string>{};
     }
 
+    /// What comes of a request; for an answer that takes its time, lets time pass.
+    ControlAnswer answer(const std::vector<std::string>& words) {
+        const auto given = std::make_shared<std::optional<ControlAnswer>>();
+        control.answer(words, [given](const ControlAnswer& answer) { *given = answer; });
+        for (int turn = 0; !*given && turn < 20; ++turn)
+            scheduler.runFor(0.1);
+        return given->value_or(ControlAnswer{1, "no answer within two seconds"});
+    }
+
+    sim::VirtualScheduler& scheduler;
     /// Nullptr until the first bars were needed.
     RecordingPanels* panels = nullptr;
     AppDelegate delegate;

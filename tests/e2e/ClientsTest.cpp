@@ -181,6 +181,32 @@ TEST_F(Clients, AreLeftBehindHiddenByASuperClick) {
     EXPECT_FALSE(screen().isIconified(terminalWindow));
 }
 
+TEST_F(Clients, AreMovedToAnotherDesktopByCommand) {
+    const auto terminal = desktop.open(xterm);
+    expectWindows(xterm, 1);
+    const auto window = *screen().windowOfClass("XTerm");
+    const auto spaces = bar.state()["spaces"];
+    ASSERT_GE(spaces.size(), 2U) << "a desktop of one Space proves nothing";
+    const auto holds = [&](const nlohmann::json& space) {
+        return space["windows"].size() == 1 && space["windows"][0]["number"] == window;
+    };
+    EXPECT_TRUE(holds(spaces[0])) << spaces.dump(1);
+    const auto move = [&](const nlohmann::json& space) {
+        return bar.command({"move-window", std::to_string(window),
+                            std::to_string(space["id"].get<unsigned long>())});
+    };
+    const auto moved = move(spaces[1]);
+    EXPECT_EQ(moved.exitCode, 0) << moved.output;
+    EXPECT_EQ(screen().desktopOf(window), 1U);
+    EXPECT_TRUE(screen().eventually([&] { return holds(bar.state()["spaces"][1]); }))
+        << bar.state().dump(1);
+    EXPECT_EQ(bar.state()["groups"][0]["space"], spaces[1]["id"]);
+
+    const auto unknown = bar.command({"move-window", "1", "1"});
+    EXPECT_EQ(unknown.exitCode, 2);
+    EXPECT_NE(unknown.output.find("no Space has a window 1"), std::string::npos) << unknown.output;
+}
+
 TEST_F(Clients, FillingTheScreenHideTheBar) {
     const auto clock = desktop.open(xclock);
     expectWindows(xclock, 1);

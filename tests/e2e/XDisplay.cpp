@@ -161,6 +161,12 @@ bool XDisplay::isIconified(xcb_window_t window) {
     return std::ranges::find(states, atom("_NET_WM_STATE_HIDDEN")) != states.end();
 }
 
+std::optional<std::uint32_t> XDisplay::desktopOf(xcb_window_t window) {
+    const auto desktop = values(window, "_NET_WM_DESKTOP");
+    if (desktop.empty() || desktop[0] == 0xFFFFFFFF) return std::nullopt;
+    return desktop[0];
+}
+
 Area XDisplay::workArea() {
     const auto area = values(screen_->root, "_NET_WORKAREA");
     if (area.size() < 4) return {};

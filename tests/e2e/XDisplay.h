@@ -60,6 +60,8 @@ class XDisplay {
     std::string classOf(xcb_window_t window);
     std::optional<xcb_window_t> windowOfClass(const std::string& windowClass);
     bool isIconified(xcb_window_t window);
+    /// Counted from 0; absent for a window of no desktop or of all.
+    std::optional<std::uint32_t> desktopOf(xcb_window_t window);
     Area workArea();
 
     /// Asks the window manager, as its own buttons do.

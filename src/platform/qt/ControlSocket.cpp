@@ -91,7 +91,7 @@ ControlSocket::ControlSocket(std::string path, int lock, int listener, Handler h
 ControlSocket::~ControlSocket() {
     readable_.reset();
     while (!clients_.empty())
-        drop(clients_.front());
+        drop(*clients_.front());
     // The socket goes before the lock: a successor that gets the lock finds nothing of ours.
     unlink(path_.c_str());
     close(listener_);
@@ -108,8 +108,9 @@ void ControlSocket::accept() {
             continue;
         }
         // The oldest has had its time.
-        if (clients_.size() == mostClients) drop(clients_.front());
-        Client& client = clients_.emplace_back(Client{.socket = connection});
+        if (clients_.size() == mostClients) drop(*clients_.front());
+        Client& client =
+            *clients_.emplace_back(std::make_shared<Client>(Client{.socket = connection}));
         client.readable = watchReadable(connection, [this, &client] { read(client); });
     }
 }
@@ -130,8 +131,14 @@ void ControlSocket::read(Client& client) {
 
 void ControlSocket::answer(Client& client, std::string line) {
     client.readable.reset();
-    client.answer = handler_(std::move(line));
-    write(client);
+    const auto own = std::ranges::find(clients_, &client, &std::shared_ptr<Client>::get);
+    handler_(std::move(line), [this, waiting = std::weak_ptr(*own)](std::string given) {
+        // Ends here at the latest: writing it to its end drops the client.
+        const auto present = waiting.lock();
+        if (!present) return;
+        present->answer = std::move(given);
+        write(*present);
+    });
 }
 
 void ControlSocket::write(Client& client) {
@@ -158,7 +165,7 @@ void ControlSocket::drop(Client& client) {
     client.readable.reset();
     client.writable.reset();
     close(client.socket);
-    clients_.remove_if([&](const Client& other) { return &other == &client; });
+    clients_.remove_if([&](const auto& other) { return other.get() == &client; });
 }
 
 } // namespace larkspan::qt

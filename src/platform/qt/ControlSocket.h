@@ -15,7 +15,10 @@ namespace larkspan::qt {
 /// socket that only this user can open. One line asked, one answer given.
 class ControlSocket {
   public:
-    using Handler = std::function<std::string(std::string)>;
+    /// Gives the answer to one line: once, now or later, on the main thread. Costs nothing when the
+    /// client or the socket has gone.
+    using Reply = std::function<void(std::string)>;
+    using Handler = std::function<void(std::string line, Reply reply)>;
 
     struct Listening {
         /// Absent when the socket could not be had.
@@ -52,7 +55,8 @@ class ControlSocket {
     int lock_;
     int listener_;
     Handler handler_;
-    std::list<Client> clients_;
+    /// Shared with nobody; an answer that comes later looks whether its client is still there.
+    std::list<std::shared_ptr<Client>> clients_;
     Handle readable_;
 };
 

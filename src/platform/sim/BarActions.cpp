@@ -2,6 +2,7 @@
 #include "platform/sim/ScenarioAction.h"
 #include "platform/sim/ScenarioSubjects.h"
 
+#include <memory>
 #include <utility>
 
 namespace larkspan::sim {
@@ -13,12 +14,15 @@ using Words = std::vector<std::string>;
 
 constexpr const char* notRunning = "Larkspan does not run";
 
-/// Goes the road of the command line.
+/// Goes the road of the command line. An answer that takes its time is not waited for: what came of
+/// it is for an expectation.
 Outcome request(Stage& stage, const Words& words) {
     if (!stage.delegate()) return notRunning;
-    const ControlAnswer answer = Control(*stage.delegate()).answer(words);
-    if (answer.code == 0) return done;
-    return answer.text;
+    const auto outcome = std::make_shared<Outcome>(done);
+    Control(*stage.delegate()).answer(words, [outcome](const ControlAnswer& answer) {
+        if (answer.code != 0) *outcome = answer.text;
+    });
+    return *outcome;
 }
 
 Outcome tell(Stage& stage, const json& fields) {

@@ -20,6 +20,8 @@
 namespace larkspan::qt {
 namespace {
 
+using Reply = ControlSocket::Reply;
+
 class ControlSocketTest : public testing::Test {
   protected:
     void SetUp() override {
@@ -28,7 +30,8 @@ class ControlSocketTest : public testing::Test {
     }
 
     static ControlSocket::Listening listen(const std::string& name = "x11-:7") {
-        return ControlSocket::listen(name, [](std::string line) { return "you said " + line; });
+        return ControlSocket::listen(
+            name, [](const std::string& line, const Reply& reply) { reply("you said " + line); });
     }
 
     /// Asks from another thread, as another process would, while this one runs its loop.
@@ -70,8 +73,57 @@ TEST_F(ControlSocketTest, AnswersOneLineWithOneAnswer) {
 
 TEST_F(ControlSocketTest, LongAnswersArriveWhole) {
     const std::string all(3'000'000, 'y');
-    const auto listening = ControlSocket::listen("x11-:7", [&](std::string) { return all; });
+    const auto listening = ControlSocket::listen(
+        "x11-:7", [&](const std::string&, const Reply& reply) { reply(all); });
     EXPECT_EQ(ask("state"), all);
+}
+
+TEST_F(ControlSocketTest, AnAnswerMayComeLaterAndHoldsUpNobody) {
+    std::vector<Reply> waiting;
+    const auto listening =
+        ControlSocket::listen("x11-:7", [&](const std::string& line, const Reply& reply) {
+            if (line == "slow")
+                waiting.push_back(reply);
+            else
+                reply("quick");
+        });
+    std::optional<std::string> answer;
+    std::atomic<bool> isDone = false;
+    std::thread client([&] {
+        answer = ControlSocket::request("x11-:7", "slow");
+        isDone = true;
+    });
+    runUntil([&] { return waiting.size() == 1; });
+    EXPECT_EQ(ask("state"), "quick");
+    EXPECT_FALSE(isDone);
+    waiting.front()("in the end");
+    runUntil([&] { return isDone.load(); });
+    client.join();
+    EXPECT_EQ(answer, "in the end");
+}
+
+TEST_F(ControlSocketTest, AnAnswerFindsItsClientOrItsSocketGone) {
+    std::vector<Reply> waiting;
+    auto listening = ControlSocket::listen(
+        "x11-:7", [&](const std::string&, const Reply& reply) { waiting.push_back(reply); });
+    const int left = connectSilently("slow\n");
+    runUntil([&] { return waiting.size() == 1; });
+    close(left);
+    waiting[0]("to nobody");
+    waiting[0]("to nobody again");
+
+    std::vector<int> clients;
+    // More than may wait at a time: the oldest are dropped.
+    for (std::size_t number = 0; number < 20; ++number) {
+        clients.push_back(connectSilently("slow\n"));
+        runUntil([&] { return waiting.size() == 2 + number; });
+    }
+    waiting[1]("too late");
+    listening.socket.reset();
+    for (const auto& reply : waiting)
+        reply("too late");
+    for (const int connection : clients)
+        close(connection);
 }
 
 TEST_F(ControlSocketTest, WithoutAnInstanceThereIsNoAnswer) {
