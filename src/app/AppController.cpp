@@ -4,6 +4,7 @@
 #include "dock/DockProfile.h"
 
 #include <algorithm>
+#include <set>
 #include <utility>
 
 namespace larkspan {
@@ -12,6 +13,7 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
     : platform_(platform)
     , makeBarPanels_(std::move(makeBarPanels))
     , log_(platform.scheduler)
+    , lostProcesses_(platform.scheduler, platform.workspace, log_)
     , switchLog_(platform.scheduler, platform.systemLog, platform.displayLink, platform.screens)
     , settings_(platform.defaults)
     , permissions_(platform.scheduler, platform.accessibility, platform.screenCapture,
@@ -48,6 +50,9 @@ void AppController::start() {
 void AppController::wireCallbacks() {
     store_.onFullScreenChange = [this](const FullScreenState& fullScreen) {
         if (bars_) bars_->fullScreenChanged(fullScreen);
+    };
+    refresh_.onFullRead = [this](const std::set<ProcessId>& owners) {
+        lostProcesses_.follow(owners);
     };
 }
 

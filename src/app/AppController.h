@@ -6,6 +6,7 @@
 #include "bar/BarController.h"
 #include "bar/KeyboardEntry.h"
 #include "diagnostics/DiagnosticsLog.h"
+#include "diagnostics/LostProcesses.h"
 #include "dock/DockFitting.h"
 #include "model/BadgeRefresh.h"
 #include "model/DockStore.h"
@@ -76,6 +77,7 @@ class AppController {
     PermissionsWindow& permissions() { return permissions_; }
     DockStore& store() { return store_; }
     const DockStore& store() const { return store_; }
+    const LostProcesses& lostProcesses() const { return lostProcesses_; }
     WindowRefresh& refresh() { return refresh_; }
     ItemActions& actions() { return actions_; }
     IconClick& click() { return click_; }
@@ -101,6 +103,7 @@ class AppController {
     Platform platform_;
     MakeBarPanels makeBarPanels_;
     DiagnosticsLog log_;
+    LostProcesses lostProcesses_;
     SpaceSwitchLog switchLog_;
     BarSettings settings_;
     PermissionsWindow permissions_;

@@ -156,6 +156,13 @@ json permissionsJson(AppController& controller) {
             {"window", permissionsWindowJson(controller.permissions())}};
 }
 
+json lostProcessesJson(const LostProcesses& processes) {
+    json list = json::array();
+    for (const auto& [pid, since] : processes.table())
+        list.push_back({{"pid", pid}, {"since", since}});
+    return list;
+}
+
 } // namespace
 
 json stateReport(AppController& controller) {
@@ -171,6 +178,7 @@ json stateReport(AppController& controller) {
             {"background", itemsJson(controller, *store.backgroundItems)},
             {"spaces", spacesJson(store)},
             {"frontmost", frontmostJson(store)},
+            {"lostProcesses", lostProcessesJson(controller.lostProcesses())},
             {"trashEmpty", *store.isTrashEmpty}};
 }
 

@@ -220,6 +220,7 @@ void WindowRefresh::readFinished(std::optional<WindowRead> read, double start) {
     if (read && !abilities_.announcesChanges)
         lastFullRead_ = FullRead{{std::move(read->ids), read->front()}, start};
     if (read) reach_.follow(read->unconfirmed);
+    if (read && onFullRead) onFullRead(read->windowPIDs);
     apply(std::move(read), start, end);
     if (std::exchange(readAgain_, false)) requestRead(false);
 }

@@ -11,8 +11,10 @@
 #include "platform/Workspace.h"
 #include "spaces/WindowReader.h"
 
+#include <functional>
 #include <memory>
 #include <optional>
+#include <set>
 #include <vector>
 
 namespace larkspan {
@@ -26,6 +28,9 @@ class WindowRefresh {
     WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace, Screens& screens,
                   WindowServer& server, const Accessibility& accessibility, DockPreferences& dock,
                   TrashFolder& trash, DiagnosticsLog& log);
+
+    /// Told of each read that was made in full: the owners of the windows that count.
+    std::function<void(const std::set<ProcessId>& owners)> onFullRead;
 
     /// `rebuild` forces a regroup after the read even if nothing changed.
     void requestRead(bool rebuild);

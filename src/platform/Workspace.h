@@ -58,6 +58,8 @@ class Workspace {
     /// In the order in which the system lists them, which is the order in which they were launched.
     virtual std::vector<RunningApplication> runningApplications() const = 0;
     virtual std::optional<RunningApplication> frontmostApplication() const = 0;
+    /// Whether a process of that number runs, one that is no application too.
+    virtual bool hasProcess(ProcessId pid) const = 0;
     /// Where the application of that bundle identifier is installed, as a file path.
     virtual std::optional<std::string>
     urlForApplication(std::string_view bundleIdentifier) const = 0;

@@ -4,10 +4,12 @@
 #include "platform/sim/PrivateFunctions.h"
 
 #include <gmock/gmock.h>
+#include <nlohmann/json.hpp>
 
 namespace larkspan {
 namespace {
 
+using nlohmann::json;
 using testing::Contains;
 using testing::ElementsAre;
 
@@ -198,6 +200,32 @@ TEST_F(Faults, AWindowWithoutNumberOrTitleCountsForItsApp) {
     mac.scheduler.runFor(2);
     click(app, "com.example.film");
     EXPECT_EQ(mac.frontmost(), film);
+}
+
+TEST_F(Faults, ProcessesWhoseWindowsOutliveThemAreReportedUntilTheirWindowsGo) {
+    for (const bool announcesChanges : {false, true}) {
+        mac.setAnnouncesChanges(announcesChanges);
+        const auto ghost = mac.launch("com.example.ghost");
+        const auto left = mac.openWindow(ghost);
+        mac.scheduler.runUntilIdle();
+        LaunchedApp app(mac);
+        const auto lost = [&app] {
+            return json::parse(app.answer({"state"}).text)["lostProcesses"];
+        };
+        mac.kill(notes);
+        mac.world().app(ghost)->leavesWindows = true;
+        const double death = mac.scheduler.wallClock();
+        mac.kill(ghost);
+        mac.scheduler.runFor(10);
+        const auto report = lost();
+        ASSERT_EQ(report.size(), 1U) << report << " with announced changes: " << announcesChanges;
+        EXPECT_EQ(report[0]["pid"], ghost);
+        EXPECT_NEAR(report[0]["since"].get<double>(), death, 1);
+        EXPECT_FALSE(isInAGroup(app, "com.example.ghost"));
+        mac.closeWindow(left);
+        mac.scheduler.runFor(3);
+        EXPECT_EQ(lost(), json::array());
+    }
 }
 
 TEST_F(Faults, TrustThatIsRevokedWhileRunningTurnsClicksIntoPlainOnes) {

@@ -1,6 +1,6 @@
 #include "diagnostics/LostProcesses.h"
 
-#include "platform/sim/VirtualScheduler.h"
+#include "platform/sim/SimMac.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -10,34 +10,52 @@ namespace {
 
 using testing::ElementsAre;
 using testing::IsEmpty;
-using testing::Key;
+using testing::Pair;
+
+/// Numbers that no process of the simulated Mac has.
+constexpr ProcessId gone = 7;
+constexpr ProcessId alsoGone = 9;
 
 class LostProcessesTest : public testing::Test {
   protected:
-    sim::VirtualScheduler scheduler;
-    DiagnosticsLog log{scheduler};
-    LostProcesses lost{scheduler, log};
+    sim::SimMac mac;
+    DiagnosticsLog log{mac.scheduler};
+    LostProcesses lost{mac.scheduler, mac.platform().workspace, log};
 };
 
-TEST_F(LostProcessesTest, AreThoseWithoutAProcessInTwoReadsRunning) {
-    lost.follow({7});
-    EXPECT_THAT(lost.table(), IsEmpty()) << "a process may end between its windows and the list";
-    lost.follow({});
-    lost.follow({7});
-    EXPECT_THAT(lost.table(), IsEmpty()) << "not twice running";
-    scheduler.runFor(5);
-    lost.follow({7});
-    ASSERT_THAT(lost.table(), ElementsAre(Key(7)));
-    EXPECT_EQ(lost.table().at(7), scheduler.wallClock());
+TEST_F(LostProcessesTest, AreThoseWhoseWindowsOutliveThemByThreeSeconds) {
+    const double since = mac.scheduler.wallClock();
+    lost.follow({gone, mac.finder()});
+    mac.scheduler.runFor(2.9);
+    EXPECT_THAT(lost.table(), IsEmpty()) << "a process may end a moment before its windows do";
+    mac.scheduler.runFor(0.2);
+    EXPECT_THAT(lost.table(), ElementsAre(Pair(gone, since)));
     EXPECT_EQ(log.lines().back().text, "process 7 has gone, its windows have not");
 }
 
+TEST_F(LostProcessesTest, AreNotThoseWhoseWindowsGoInTime) {
+    lost.follow({gone});
+    mac.scheduler.runFor(2);
+    lost.follow({});
+    lost.follow({gone});
+    mac.scheduler.runFor(2);
+    EXPECT_THAT(lost.table(), IsEmpty()) << "twice missed for less than three seconds";
+    lost.follow({});
+    mac.scheduler.runFor(5);
+    EXPECT_THAT(lost.table(), IsEmpty());
+    EXPECT_TRUE(log.lines().empty());
+    EXPECT_EQ(mac.scheduler.timerCount(), 0U);
+}
+
 TEST_F(LostProcessesTest, AreToldOnceAndLeaveTheTableWithTheirWindows) {
-    for (int read = 0; read < 4; ++read)
-        lost.follow({7, 9});
+    const double since = mac.scheduler.wallClock();
+    for (int read = 0; read < 10; ++read) {
+        lost.follow({gone, alsoGone});
+        mac.scheduler.runFor(1);
+    }
     EXPECT_EQ(log.lines().size(), 2U);
-    lost.follow({9});
-    EXPECT_THAT(lost.table(), ElementsAre(Key(9)));
+    lost.follow({alsoGone});
+    EXPECT_THAT(lost.table(), ElementsAre(Pair(alsoGone, since)));
     EXPECT_EQ(log.lines().back().text, "the windows of process 7 have gone too");
 }
 

@@ -33,6 +33,7 @@ class TwoDocks : public Workspace, public ApplicationControl {
                 {.pid = 9, .bundleIdentifier = "com.apple.dock"}};
     }
     std::optional<RunningApplication> frontmostApplication() const override { return {}; }
+    bool hasProcess(ProcessId) const override { return true; }
     std::optional<std::string> urlForApplication(std::string_view identifier) const override {
         if (identifier.size() != 1) return std::nullopt;
         return "/Apps/My " + std::string(identifier) + ".app";

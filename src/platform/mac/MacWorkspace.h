@@ -23,6 +23,7 @@ class MacWorkspace final : public Workspace {
 
     std::vector<RunningApplication> runningApplications() const override;
     std::optional<RunningApplication> frontmostApplication() const override;
+    bool hasProcess(ProcessId pid) const override;
     std::optional<std::string> urlForApplication(std::string_view bundleIdentifier) const override;
     std::string displayName(std::string_view url) const override;
     ImageRef icon(std::string_view url) const override;

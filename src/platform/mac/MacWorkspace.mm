@@ -5,6 +5,8 @@
 
 #include <fmt/format.h>
 
+#include <cerrno>
+#include <csignal>
 #include <functional>
 #include <utility>
 
@@ -155,6 +157,11 @@ std::optional<RunningApplication> MacWorkspace::frontmostApplication() const {
     NSRunningApplication* application = NSWorkspace.sharedWorkspace.frontmostApplication;
     if (application == nil) return std::nullopt;
     return valueOf(application);
+}
+
+// The list of running applications lacks what never registered as one.
+bool MacWorkspace::hasProcess(ProcessId pid) const {
+    return pid > 0 && (kill(pid, 0) == 0 || errno == EPERM);
 }
 
 std::optional<std::string>

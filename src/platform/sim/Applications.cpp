@@ -220,7 +220,7 @@ void Applications::kill(ProcessId pid) {
     const App gone = std::move(*found);
     world_.apps.erase(found);
     launches_.erase(pid);
-    windows_.closeAll(pid);
+    if (!gone.leavesWindows) windows_.closeAll(pid);
     world_.tell(Kind::didTerminateApplication, gone);
     world_.tell(Kind::runningApplicationsDidChange);
     if (world_.frontmost == pid) settleFrontmost();

@@ -32,6 +32,12 @@ Outcome refuseToQuit(Stage& stage, const json& fields) {
     });
 }
 
+Outcome leaveWindows(Stage& stage, const json& fields) {
+    return withApp(stage, fields, [&](SimMac& mac, ProcessId pid) {
+        mac.world().app(pid)->leavesWindows = fields.value("leave", true);
+    });
+}
+
 Outcome answerAfter(Stage& stage, const json& fields) {
     return withApp(stage, fields, [&](SimMac& mac, ProcessId pid) {
         mac.answerAfter(pid, fields["seconds"].get<double>());
@@ -110,6 +116,7 @@ const std::vector<ScenarioAction>& faultActions() {
         {"hang", {app}, hang<true>},
         {"release", {app}, hang<false>},
         {"refuseToQuit", {app, refuse}, refuseToQuit},
+        {"leaveWindows", {app, {"leave", FieldKind::flag}}, leaveWindows},
         {"answerAfter", {app, secondsField("seconds", true)}, answerAfter},
         {"lieAboutFrames",
          {app, {"x", FieldKind::number, true}, {"y", FieldKind::number, true}},

@@ -129,7 +129,7 @@ std::optional<std::vector<WindowId>> SimWindowServer::windowsOfSpace(SpaceId spa
     for (const Window& window : world_.windows) {
         if (window.minimized || window.space.value_or(space) != space) continue;
         const App* app = world_.app(window.pid);
-        if (app && !app->hidden) ids.push_back(window.id);
+        if (!app || !app->hidden) ids.push_back(window.id);
     }
     return ids;
 }

@@ -11,6 +11,7 @@ class SimWorkspace final : public Workspace {
 
     std::vector<RunningApplication> runningApplications() const override;
     std::optional<RunningApplication> frontmostApplication() const override;
+    bool hasProcess(ProcessId pid) const override { return world_.app(pid) != nullptr; }
     std::optional<std::string> urlForApplication(std::string_view bundleIdentifier) const override;
     std::string displayName(std::string_view url) const override;
     ImageRef icon(std::string_view url) const override;

@@ -173,7 +173,8 @@ Window* Windows::front(ProcessId pid) {
 
 ProcessId Windows::frontmostOwner() const {
     for (const Window& window : world_.windows) {
-        if (window.layer == 0 && world_.isOnScreen(window)) return window.pid;
+        const bool hasOwner = world_.app(window.pid) != nullptr;
+        if (hasOwner && window.layer == 0 && world_.isOnScreen(window)) return window.pid;
     }
     return 0;
 }

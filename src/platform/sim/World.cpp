@@ -78,7 +78,7 @@ bool World::isSpaceShown(SpaceId space) const {
 
 bool World::isOnScreen(const Window& window) const {
     const App* owner = app(window.pid);
-    if (!owner || owner->hidden || window.minimized || displays.empty()) return false;
+    if ((owner && owner->hidden) || window.minimized || displays.empty()) return false;
     return !window.space || isSpaceShown(*window.space);
 }
 

@@ -62,6 +62,8 @@ struct App {
     bool hung = false;
     /// Answers a request to quit by asking its user, and goes on.
     bool refusesToQuit = false;
+    /// Its windows stay when it ends.
+    bool leavesWindows = false;
     /// Seconds that each Accessibility call to it takes.
     double answerSeconds = 0;
     /// By how much the frames that it tells through Accessibility are wrong.

@@ -21,6 +21,9 @@ class X11Workspace : public Workspace {
 
     std::vector<RunningApplication> runningApplications() const override { return running_; }
     std::optional<RunningApplication> frontmostApplication() const override;
+    /// An application keeps its number when the process it is named after ends before the others,
+    /// and has a made-up one when none is known: while it is listed, it runs.
+    bool hasProcess(ProcessId pid) const override { return table_.find(pid) != nullptr; }
     std::optional<std::string> urlForApplication(std::string_view bundleIdentifier) const override;
     std::string displayName(std::string_view url) const override;
     ImageRef icon(std::string_view url) const override;
