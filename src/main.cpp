@@ -4,6 +4,7 @@
 #include "platform/Desktop.h"
 #include "platform/qt/ControlSocket.h"
 #include "platform/qt/QtScheduler.h"
+#include "platform/qt/WholeFile.h"
 #include "ui/AppearanceWatch.h"
 #include "ui/Environment.h"
 #include "ui/PermissionsPanel.h"
@@ -18,11 +19,15 @@
 
 #include <QGuiApplication>
 
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <filesystem>
 #include <fmt/format.h>
 #include <memory>
 #include <optional>
 #include <string>
+#include <utility>
 #include <vector>
 
 namespace larkspan {
@@ -45,8 +50,8 @@ std::optional<ControlAnswer> ask(const std::string& instance,
     return line ? std::optional(ControlAnswer::fromLine(*line)) : std::nullopt;
 }
 
-int request(const std::string& instance, const std::vector<std::string>& words) {
-    const auto answer = ask(instance, words);
+/// Answers what the process ends with.
+int show(const std::optional<ControlAnswer>& answer) {
     if (!answer) {
         complain("no running instance");
         return failed;
@@ -56,6 +61,34 @@ int request(const std::string& instance, const std::vector<std::string>& words) 
     else
         complain(answer->text);
     return answer->code;
+}
+
+int request(const std::string& instance, const std::vector<std::string>& words) {
+    return show(ask(instance, words));
+}
+
+/// Why no file of that name can be written as a whole; absent when nothing is in the way.
+std::optional<std::string> whyNotWritten(const std::filesystem::path& file) {
+    std::error_code error;
+    const auto folder = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
+    if (!std::filesystem::is_directory(folder, error))
+        return fmt::format("there is no folder {}", folder.string());
+    // A device would be replaced instead of written to.
+    if (std::filesystem::exists(file, error) && !std::filesystem::is_regular_file(file, error))
+        return fmt::format("{} is no ordinary file", file.string());
+    return std::nullopt;
+}
+
+/// Here and not by the running instance: the path is meant from the folder the command is given in.
+int saveLog(const std::string& instance, const std::string& file) {
+    const auto answer = ask(instance, {"log"});
+    if (!answer || answer->code != 0) return show(answer);
+    auto complaint = whyNotWritten(file);
+    if (!complaint && !qt::WholeFile(file).write(answer->text + '\n'))
+        complaint = fmt::format("{} could not be written: {}", file, std::strerror(errno));
+    if (!complaint) return 0;
+    complain(*complaint);
+    return refused;
 }
 
 /// Lines about what does not work here: to the terminal at once, and to the diagnostics log as soon
@@ -187,6 +220,7 @@ int runOnDesktop(const DesktopStart& desktop, bool isLogged, int& argc, char** a
     const QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName("larkspan");
     QGuiApplication::setApplicationDisplayName("Larkspan");
+    QGuiApplication::setApplicationVersion(LARKSPAN_VERSION);
     return Program(desktop, isLogged).run();
 }
 
@@ -214,6 +248,8 @@ int perform(const CommandLine& line, const DesktopStart& desktop, int& argc, cha
     case Action::start:
         return runOnDesktop(desktop, line.isLogged, argc, argv);
     case Action::request:
+        if (line.words.size() == 2 && line.words[0] == "log")
+            return saveLog(desktop.instanceName(), line.words[1]);
         return request(desktop.instanceName(), line.words);
     case Action::help:
         std::fputs(helpText(), stdout);

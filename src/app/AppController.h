@@ -72,6 +72,7 @@ class AppController {
     void toggleLoginItem();
 
     DiagnosticsLog& log() { return log_; }
+    const DiagnosticsLog& log() const { return log_; }
     BarLook& look() { return look_; }
     BarSettings& settings() { return settings_; }
     PermissionsWindow& permissions() { return permissions_; }

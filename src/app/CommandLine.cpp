@@ -108,6 +108,7 @@ commands:
   get [KEY]                 a setting, or all of them
   set KEY VALUE             change a setting
   reset-appearance          style, glass, blur, island shape and dot colors as they first were
+  log [FILE]                the diagnostics, or save them as a text file
   reopen                    what starting the program again does
   quit                      end the running bar
 

@@ -1,5 +1,6 @@
 #include "app/Control.h"
 
+#include "app/DiagnosticsReport.h"
 #include "app/MenuReport.h"
 #include "app/NamedSettings.h"
 #include "app/RawValues.h"
@@ -156,6 +157,7 @@ const std::vector<Control::Command>& Control::commands() {
         {"reset-appearance", "", 0, 0, &Control::resetAppearance},
         {"keep", "ID", 1, 1, &Control::keep},
         {"remove", "ID", 1, 1, &Control::remove},
+        {"log", "[FILE]", 0, 0, &Control::log},
         {"reopen", "", 0, 0, &Control::reopen},
         {"quit", "", 0, 0, &Control::quit},
     };
@@ -299,6 +301,11 @@ void Control::remove(const Words& words, const Reply& reply) {
     if (words[0] == finderIdentifier) return reply({senseless, "Finder always stays on the bar"});
     if (controller_.actions().remove(words[0])) return reply({});
     reply({senseless, fmt::format("{} is not kept on the bar", words[0])});
+}
+
+/// Into a file it is written by whoever asks: the running instance is in another folder.
+void Control::log(const Words&, const Reply& reply) {
+    reply({0, diagnosticsReport(controller_)});
 }
 
 void Control::reopen(const Words&, const Reply& reply) {

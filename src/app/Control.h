@@ -59,6 +59,7 @@ class Control {
     void resetAppearance(const std::vector<std::string>& words, const Reply& reply);
     void keep(const std::vector<std::string>& words, const Reply& reply);
     void remove(const std::vector<std::string>& words, const Reply& reply);
+    void log(const std::vector<std::string>& words, const Reply& reply);
     void reopen(const std::vector<std::string>& words, const Reply& reply);
     void quit(const std::vector<std::string>& words, const Reply& reply);
 

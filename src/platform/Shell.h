@@ -21,6 +21,8 @@ class HostApplication {
     virtual void activate() = 0;
     /// Ends the run loop soon; the delegate's will-terminate runs before the process ends.
     virtual void terminate() = 0;
+    /// What runs where, in one line for reports: the program, its version and the system.
+    virtual std::string description() const = 0;
 };
 
 /// An icon in the system's status bar.

@@ -199,6 +199,7 @@ TEST_F(ControlTest, WhatMakesNoSenseChangesNothing) {
         {"move-window", "first", "2"},
         {"move-window", "0x", "2"},
         {"move-window", "1", "2nd"},
+        {"log", "/tmp/log", "again"},
         {"keep", "com.example.nowhere"},
         {"remove", "com.example.notes"},
         {"remove", "com.apple.finder"},

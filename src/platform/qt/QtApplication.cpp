@@ -5,6 +5,7 @@
 #include <QCoreApplication>
 #include <QGuiApplication>
 #include <QMetaObject>
+#include <QSysInfo>
 #include <QWindow>
 
 #include <array>
@@ -47,6 +48,15 @@ QtApplication::~QtApplication() {
         close(end);
         end = -1;
     }
+}
+
+std::string QtApplication::description() const {
+    const auto environment = qEnvironmentVariable("XDG_CURRENT_DESKTOP");
+    return QStringLiteral("%1 %2 on %3, %4%5")
+        .arg(QGuiApplication::applicationDisplayName(), QCoreApplication::applicationVersion(),
+             QSysInfo::prettyProductName(), QGuiApplication::platformName(),
+             environment.isEmpty() ? QString() : ", " + environment)
+        .toStdString();
 }
 
 void QtApplication::catchSignals() {

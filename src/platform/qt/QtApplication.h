@@ -16,6 +16,8 @@ class QtApplication : public HostApplication {
 
     void activate() override;
     void terminate() override;
+    /// Names the platform of the toolkit and, where there is one, the desktop environment as well.
+    std::string description() const override;
 
   private:
     void catchSignals();

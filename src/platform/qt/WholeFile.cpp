@@ -95,7 +95,9 @@ bool WholeFile::write(std::string_view text) const {
         flushFolder(folder);
         return true;
     }
+    const int why = errno;
     unlink(newPath.c_str());
+    errno = why;
     return false;
 }
 

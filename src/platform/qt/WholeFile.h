@@ -22,7 +22,7 @@ class WholeFile {
     Contents read() const;
     /// Writes the text to another file beside it, flushes that, and renames it over this one, with
     /// the folder made when it is missing; only this user may read either. False leaves the old
-    /// file as it was.
+    /// file as it was, and `errno` at why.
     bool write(std::string_view text) const;
     /// Renames the file to `NAME.damaged`, or `NAME.damaged.2` and so on: an earlier one is never
     /// lost. Answers the new path.

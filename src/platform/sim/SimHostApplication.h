@@ -4,6 +4,7 @@
 #include "platform/sim/VirtualScheduler.h"
 
 #include <functional>
+#include <string>
 
 namespace larkspan::sim {
 
@@ -19,6 +20,7 @@ class SimHostApplication final : public HostApplication {
             if (onTerminate) onTerminate();
         });
     }
+    std::string description() const override { return "Larkspan on a simulated Mac"; }
 
     int activations = 0;
     bool isTerminating = false;

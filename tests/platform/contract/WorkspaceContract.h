@@ -151,9 +151,11 @@ TEST_P(WorkspaceContract, ActivatingAHiddenAppShowsItAgain) {
 TEST_P(WorkspaceContract, AnAppThatQuitsIsToldAsEndedAndCanBeAskedNothingMore) {
     const auto window = world_->openWindow("writer");
     const auto pid = owner(window);
+    EXPECT_TRUE(workspace_.hasProcess(pid));
     ASSERT_TRUE(control_.terminate(pid));
     ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didTerminateApplication, "writer"); }));
     EXPECT_FALSE(running("writer"));
+    EXPECT_FALSE(workspace_.hasProcess(pid));
     EXPECT_FALSE(entry(window));
     EXPECT_TRUE(runUntil([&] { return wasTold(Kind::runningApplicationsDidChange); }));
     const auto ended = std::find_if(told_.begin(), told_.end(), [](const auto& event) {

@@ -24,6 +24,7 @@ class RestingApplication : public HostApplication {
   public:
     void activate() override {}
     void terminate() override {}
+    std::string description() const override { return {}; }
 };
 
 /// An X11 desktop seen by this system, with a home folder of its own, and what a test asks of it.
