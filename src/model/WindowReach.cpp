@@ -63,8 +63,8 @@ void WindowReach::forgetOthers(const std::set<ProcessId>& pids) {
 void WindowReach::visit(ProcessId pid, std::vector<WindowInfo> windows) {
     store_.reachingWindows.insert(pid);
     auto known = numbersOnScreen(windows);
-    for (const auto& [window, element] : store_.reachedWindows)
-        known.insert(window);
+    for (const auto& window : windows)
+        if (store_.reachedWindows.contains(window.id)) known.insert(window.id);
     auto task = [&accessibility = accessibility_, &clock = scheduler_, pid,
                  known = std::move(known), earlier = apps_[pid], windows = std::move(windows)] {
         Visit visit;
