@@ -21,12 +21,13 @@ double processorSeconds() {
 }
 
 /// A Mac of two displays with four Spaces each, that many windows spread over all of them, five to
-/// an app up to 200 apps, and one app more that has no window yet.
+/// an app up to so many apps, and one app more that has no window yet.
 struct Desktop : ModelOnMac {
-    explicit Desktop(std::int64_t windows, bool announcesChanges = true)
+    explicit Desktop(std::int64_t windows, bool announcesChanges = true,
+                     std::int64_t mostApps = 200)
         : ModelOnMac("1920x1080 spaces=4, 1920x1080 spaces=4") {
         mac.setAnnouncesChanges(announcesChanges);
-        const auto appCount = std::clamp<std::int64_t>(windows / 5, 1, 200);
+        const auto appCount = std::clamp<std::int64_t>(windows / 5, 1, mostApps);
         std::vector<ProcessId> apps;
         for (std::int64_t i = 0; i < appCount; ++i)
             apps.push_back(mac.launch(fmt::format("com.example.app{}", i)));
@@ -85,7 +86,7 @@ void oneHour(benchmark::State& state, bool announcesChanges, bool isInUse) {
     }
 }
 void sizes(benchmark::internal::Benchmark* benchmark) {
-    benchmark->Arg(50)->Arg(500)->Arg(5000)->Unit(benchmark::kMillisecond);
+    benchmark->Arg(50)->Arg(500)->Arg(5000)->Iterations(1)->Unit(benchmark::kMillisecond);
 }
 BENCHMARK_CAPTURE(oneHour, polledAndIdle, false, false)->Apply(sizes);
 BENCHMARK_CAPTURE(oneHour, polledAndInUse, false, true)->Apply(sizes);
@@ -120,7 +121,25 @@ void rebuild(benchmark::State& state) {
     for (auto _ : state)
         desktop.store.rebuild();
 }
-BENCHMARK(rebuild)->Arg(50)->Arg(500)->Arg(5000)->Unit(benchmark::kMicrosecond);
+BENCHMARK(rebuild)->Arg(50)->Arg(500)->Arg(5000)->Arg(10'000)->Unit(benchmark::kMicrosecond);
+
+/// The same by the number of apps, with five windows each.
+void rebuildByApps(benchmark::State& state) {
+    Desktop desktop(state.range(0) * 5, true, state.range(0));
+    for (auto _ : state)
+        desktop.store.rebuild();
+}
+BENCHMARK(rebuildByApps)->Arg(20)->Arg(200)->Arg(2000)->Unit(benchmark::kMicrosecond);
+
+/// Taking over a read in which nothing changed.
+void applyWindowRead(benchmark::State& state) {
+    Desktop desktop(state.range(0));
+    const WindowReader reader(desktop.platform.windowServer);
+    const auto read = *reader.read(desktop.platform.screens.screens());
+    for (auto _ : state)
+        benchmark::DoNotOptimize(desktop.store.applyWindowRead(read));
+}
+BENCHMARK(applyWindowRead)->Arg(500)->Arg(5000)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 
 } // namespace
 } // namespace larkspan
