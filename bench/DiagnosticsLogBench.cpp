@@ -1,0 +1,28 @@
+// What a line of the diagnostics costs whoever writes it, once the log is full and each new line
+// pushes out the oldest.
+
+#include "diagnostics/DiagnosticsLog.h"
+#include "platform/sim/VirtualScheduler.h"
+
+#include <benchmark/benchmark.h>
+#include <fmt/format.h>
+
+namespace larkspan {
+namespace {
+
+void writeLine(benchmark::State& state) {
+    const sim::VirtualScheduler scheduler;
+    DiagnosticsLog log(scheduler);
+    const auto write = [&](std::size_t i) {
+        log.write("windows", fmt::format("window list read in {} ms; nothing to regroup", i % 10));
+    };
+    for (std::size_t i = 0; i < DiagnosticsLog::capacity; ++i)
+        write(i);
+    std::size_t number = 0;
+    for (auto _ : state)
+        write(number++);
+}
+BENCHMARK(writeLine);
+
+} // namespace
+} // namespace larkspan
