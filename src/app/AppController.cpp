@@ -31,8 +31,7 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
                platform.accessibility, platform.coreDock, platform.loginItems)
     , click_(store_, actions_, platform.scheduler, platform.workspace, platform.applications,
              platform.accessibility, log_)
-    , itemMenu_(store_, actions_, platform.scheduler, platform.accessibility,
-                platform.windowServer.abilities().readsAtOnce)
+    , itemMenu_(store_, actions_, platform.scheduler, platform.accessibility)
     , slide_(platform.scheduler, switchLog_)
     , swipes_(platform.scheduler, platform.eventTaps, platform.windowServer, platform.screens,
               switchLog_, [this](const SpaceSwipeEvent& step) { slide_.step(step); }) {}

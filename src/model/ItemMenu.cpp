@@ -43,12 +43,11 @@ struct ItemMenu::Opened {
 };
 
 ItemMenu::ItemMenu(DockStore& store, ItemActions& actions, Scheduler& scheduler,
-                   Accessibility& accessibility, bool answerAtOnce)
+                   Accessibility& accessibility)
     : store_(store)
     , actions_(actions)
     , scheduler_(scheduler)
-    , accessibility_(accessibility)
-    , answerAtOnce_(answerAtOnce) {}
+    , accessibility_(accessibility) {}
 
 Menu ItemMenu::menu(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame) const {
     const Tile tile{item, group ? std::optional(*group) : std::nullopt, tileFrame};
@@ -61,8 +60,8 @@ Menu ItemMenu::menu(const DockItem& item, const DisplayGroup* group, const Rect&
 Handle ItemMenu::open(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame,
                       Show show) {
     Tile tile{item, group ? std::optional(*group) : std::nullopt, tileFrame};
-    if (answerAtOnce_ || !tile.isRunning()) {
-        show(menu(item, group, tileFrame));
+    if (!tile.isRunning()) {
+        show(notRunningMenu(tile));
         return {};
     }
     auto opened = std::make_shared<Opened>();

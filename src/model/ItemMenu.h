@@ -19,9 +19,8 @@ class ItemMenu {
   public:
     using Show = std::function<void(Menu)>;
 
-    /// `answerAtOnce`: apps are never waited for on this desktop, so nothing needs a queue.
     ItemMenu(DockStore& store, ItemActions& actions, Scheduler& scheduler,
-             Accessibility& accessibility, bool answerAtOnce);
+             Accessibility& accessibility);
 
     /// Calls `show` with the menu within a tenth of a second, and again when it becomes another,
     /// until the handle ends. The app is asked for its windows on a queue: one that hangs holds up
@@ -57,7 +56,6 @@ class ItemMenu {
     ItemActions& actions_;
     Scheduler& scheduler_;
     Accessibility& accessibility_;
-    const bool answerAtOnce_;
 };
 
 } // namespace larkspan

@@ -76,7 +76,7 @@ class ModelWorld : public ModelOnMac {
                     platform.applications,
                     platform.accessibility,
                     log};
-    ItemMenu menu{store, actions, platform.scheduler, platform.accessibility, false};
+    ItemMenu menu{store, actions, platform.scheduler, platform.accessibility};
     std::size_t linesSeen = 0;
 };
 

@@ -35,6 +35,7 @@ struct Atoms {
     xcb_atom_t wmProtocols = 0;
     xcb_atom_t wmDeleteWindow = 0;
     xcb_atom_t wmTakeFocus = 0;
+    xcb_atom_t netWmPing = 0;
 
     xcb_atom_t netWmState = 0;
     xcb_atom_t stateHidden = 0;

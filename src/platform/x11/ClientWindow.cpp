@@ -66,6 +66,7 @@ ClientWindow describe(const ClientFacts& facts, const Atoms& atoms, double scale
     window.isFullScreen = has(facts.states, atoms.stateFullscreen);
     window.demandsAttention = facts.isUrgent || has(facts.states, atoms.stateDemandsAttention);
     window.hasIcon = facts.hasIcon;
+    window.answersPings = facts.answersPings;
     if (facts.desktop != everyDesktop) window.desktop = facts.desktop;
     window.isDesktopKnown = facts.desktop.has_value();
     window.bounds = boundsOf(facts, window.isFullScreen, scale);

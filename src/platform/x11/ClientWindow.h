@@ -53,6 +53,7 @@ struct ClientFacts {
     bool hasInput = true;
     /// It takes the keyboard itself when it is told to.
     bool takesFocusItself = false;
+    bool answersPings = false;
     std::optional<std::uint32_t> wmState;
     std::optional<std::uint32_t> desktop;
     WindowId transientFor = 0;
@@ -87,6 +88,8 @@ struct ClientWindow {
     bool isFullScreen = false;
     bool demandsAttention = false;
     bool hasIcon = false;
+    /// The client has promised to answer when it is asked whether it still is there.
+    bool answersPings = false;
     /// Absent: on every desktop.
     std::optional<std::uint32_t> desktop;
     /// False in the moment between a window's appearance and its manager's word on its desktop.

@@ -80,6 +80,15 @@ void takePid(ClientFacts& facts, const PropertyAnswer& answer) {
     facts.namedPid = isProcess ? std::optional(static_cast<ProcessId>(*number)) : std::nullopt;
 }
 
+void takeProtocols(ClientFacts& facts, const PropertyAnswer& answer) {
+    const auto protocols = answer.numbers();
+    const auto takesPartIn = [&](xcb_atom_t protocol) {
+        return std::ranges::find(protocols, protocol) != protocols.end();
+    };
+    facts.takesFocusItself = takesPartIn(answer.atoms().wmTakeFocus);
+    facts.answersPings = takesPartIn(answer.atoms().netWmPing);
+}
+
 void takeHints(ClientFacts& facts, const PropertyAnswer& answer) {
     const auto numbers = answer.numbers();
     const auto flags = numbers.empty() ? 0 : numbers[0];
@@ -121,12 +130,7 @@ const Property properties[FactsReader::propertyCount] = {
     {&Atoms::netWmState, 0, 64,
      [](ClientFacts& facts, const PropertyAnswer& answer) { facts.states = answer.list(); }},
     {nullptr, XCB_ATOM_WM_HINTS, 9, takeHints},
-    {&Atoms::wmProtocols, 0, 32,
-     [](ClientFacts& facts, const PropertyAnswer& answer) {
-         const auto protocols = answer.numbers();
-         facts.takesFocusItself = std::find(protocols.begin(), protocols.end(),
-                                            answer.atoms().wmTakeFocus) != protocols.end();
-     }},
+    {&Atoms::wmProtocols, 0, 32, takeProtocols},
     {&Atoms::wmState, 0, 2,
      [](ClientFacts& facts, const PropertyAnswer& answer) { facts.wmState = answer.number(); }},
     {&Atoms::netWmDesktop, 0, 1,

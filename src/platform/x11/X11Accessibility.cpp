@@ -51,11 +51,12 @@ std::string subroleOf(ClientWindow::Kind kind) {
 } // namespace
 
 X11Accessibility::X11Accessibility(X11Connection& connection, const SnapshotBoard& board,
-                                   WindowRequests& requests,
+                                   WindowRequests& requests, const ClientPing& ping,
                                    std::function<void(ProcessId, WindowId)> setMainWindow)
     : connection_(connection)
     , board_(board)
     , requests_(requests)
+    , ping_(ping)
     , setMainWindow_(std::move(setMainWindow)) {}
 
 AXElementRef X11Accessibility::createSystemWide() const {
@@ -66,9 +67,12 @@ AXElementRef X11Accessibility::createApplication(ProcessId pid) const {
     return makeElement(Element::Role::application, static_cast<std::uint32_t>(pid));
 }
 
-// Nothing here ever waits for an application.
-AXError X11Accessibility::setMessagingTimeout(const AXElementRef& element, float seconds) const {
-    return elementOf(element) && seconds >= 0 ? AXError::success : AXError::illegalArgument;
+AXError X11Accessibility::setMessagingTimeout(const AXElementRef& reference, float seconds) const {
+    const auto* element = elementOf(reference);
+    if (!element || !(seconds >= 0)) return AXError::illegalArgument;
+    if (element->role == Element::Role::systemWide)
+        messagingTimeout_ = seconds > 0 ? seconds : defaultMessagingTimeout;
+    return AXError::success;
 }
 
 AXAttribute X11Accessibility::attribute(const AXElementRef& reference,
@@ -89,8 +93,10 @@ AXAttribute X11Accessibility::applicationAttribute(ProcessId pid, std::string_vi
     if (name == "AXRole") return answer(std::string("AXApplication"));
     const auto desktop = board_.newest();
     if (name == "AXWindows") {
+        const auto windows = desktop->windowsOf(pid);
+        if (!isAnswering(windows)) return failed(AXError::cannotComplete);
         std::vector<AXElementRef> elements;
-        for (const auto& window : desktop->windowsOf(pid))
+        for (const auto& window : windows)
             elements.push_back(makeElement(Element::Role::window, window->id));
         return answer(std::move(elements));
     }
@@ -100,6 +106,16 @@ AXAttribute X11Accessibility::applicationAttribute(ProcessId pid, std::string_vi
         return answer(makeElement(Element::Role::window, active->id));
     }
     return failed(AXError::attributeUnsupported);
+}
+
+/// The processes of one application are one to its user: it answers when any of its windows does.
+bool X11Accessibility::isAnswering(const std::vector<ClientWindowRef>& windows) const {
+    std::vector<WindowId> asked;
+    for (const auto& window : windows)
+        if (window->answersPings) asked.push_back(window->id);
+    // A window that cannot be asked may well be of a process that answers.
+    if (asked.size() < windows.size()) return true;
+    return ping_.isAnswered(asked, messagingTimeout_);
 }
 
 AXAttribute X11Accessibility::windowAttribute(const ClientWindow& window,

@@ -1,22 +1,25 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/x11/ClientPing.h"
 #include "platform/x11/DesktopSnapshot.h"
 #include "platform/x11/WindowRequests.h"
 
+#include <atomic>
 #include <functional>
 
 namespace larkspan::x11 {
 
 /// The managed windows as a Mac's Accessibility tree: applications, their windows on every desktop,
-/// each window's close button. Answers come from the newest snapshot and never block; requests go
-/// to the window manager. No permission is needed.
+/// each window's close button. Answers come from the newest snapshot; requests go to the window
+/// manager. Only the windows of an application are asked of itself, by a ping that is awaited up to
+/// the messaging time-out, and only off the main thread. No permission is needed.
 class X11Accessibility : public Accessibility {
   public:
     /// `setMainWindow` remembers which window of its application comes forward first; it is called
     /// on the main thread.
     X11Accessibility(X11Connection& connection, const SnapshotBoard& board,
-                     WindowRequests& requests,
+                     WindowRequests& requests, const ClientPing& ping,
                      std::function<void(ProcessId, WindowId)> setMainWindow);
 
     bool isProcessTrusted() const override { return true; }
@@ -35,13 +38,19 @@ class X11Accessibility : public Accessibility {
     std::optional<WindowId> window(const AXElementRef& element) const override;
 
   private:
+    static constexpr float defaultMessagingTimeout = 6;
+
     AXAttribute applicationAttribute(ProcessId pid, std::string_view name) const;
     AXAttribute windowAttribute(const ClientWindow& window, std::string_view name) const;
+    bool isAnswering(const std::vector<ClientWindowRef>& windows) const;
     void makeMain(const ClientWindow& window) const;
 
     X11Connection& connection_;
     const SnapshotBoard& board_;
     WindowRequests& requests_;
+    const ClientPing& ping_;
+    /// In seconds.
+    mutable std::atomic<float> messagingTimeout_ = defaultMessagingTimeout;
     std::function<void(ProcessId, WindowId)> setMainWindow_;
 };
 

@@ -4,6 +4,7 @@
 #include "platform/qt/watchReadable.h"
 #include "platform/x11/ApplicationTable.h"
 #include "platform/x11/AutostartEntries.h"
+#include "platform/x11/ClientPing.h"
 #include "platform/x11/DefaultApplications.h"
 #include "platform/x11/DesktopEntries.h"
 #include "platform/x11/DesktopSnapshot.h"
@@ -37,7 +38,7 @@ namespace larkspan::x11 {
 
 /// Everything over one connection, in the order of who needs whom.
 struct X11Desktop::Parts {
-    Parts(Host theHost, std::unique_ptr<X11Connection> theConnection);
+    Parts(Host theHost, const char* displayName, std::unique_ptr<X11Connection> theConnection);
 
     void settle();
     void post();
@@ -47,6 +48,7 @@ struct X11Desktop::Parts {
 
     Host host;
     std::unique_ptr<X11Connection> connection;
+    ClientPing ping;
     double scale = X11Screens::readScale(*connection);
 
     DesktopEntries entries{host.environment, host.scheduler};
@@ -68,7 +70,7 @@ struct X11Desktop::Parts {
 
     X11WindowServer windowServer{board, requests};
     X11Accessibility accessibility{
-        *connection, board, requests,
+        *connection, board, requests, ping,
         [this](ProcessId owner, WindowId window) { table.setMainWindow(owner, window); }};
     X11Workspace workspace{*connection, mirror, table, installed, icons};
     X11ApplicationControl applications{table,    installed, defaults,   launcher,
@@ -99,9 +101,11 @@ struct X11Desktop::Parts {
     Handle entriesSubscription;
 };
 
-X11Desktop::Parts::Parts(Host theHost, std::unique_ptr<X11Connection> theConnection)
+X11Desktop::Parts::Parts(Host theHost, const char* displayName,
+                         std::unique_ptr<X11Connection> theConnection)
     : host(std::move(theHost))
-    , connection(std::move(theConnection)) {
+    , connection(std::move(theConnection))
+    , ping(host.scheduler, displayName ? displayName : "") {
     settledSubscription = connection->settled.subscribe([this] { settle(); });
     tableSubscription = table.changed.subscribe([this] {
         areApplicationsStale = true;
@@ -168,8 +172,8 @@ std::variant<std::unique_ptr<X11Desktop>, std::string> X11Desktop::open(Host hos
     if (auto* failure = std::get_if<std::string>(&opened)) return std::move(*failure);
     if (!host.report) host.report = [](const std::string&) {};
     auto& connection = std::get<std::unique_ptr<X11Connection>>(opened);
-    return std::unique_ptr<X11Desktop>(
-        new X11Desktop(std::make_unique<Parts>(std::move(host), std::move(connection))));
+    return std::unique_ptr<X11Desktop>(new X11Desktop(
+        std::make_unique<Parts>(std::move(host), displayName, std::move(connection))));
 }
 
 X11Desktop::X11Desktop(std::unique_ptr<Parts> parts)

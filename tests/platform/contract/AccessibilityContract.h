@@ -34,6 +34,18 @@ class AccessibilityContract : public DesktopContract {
         return found ? std::optional(*found) : std::nullopt;
     }
 
+    /// Asks for the app's windows off the main thread, as whoever may wait for an app does.
+    AXError askForWindows(ProcessId pid) {
+        const auto answer = std::make_shared<std::optional<AXError>>();
+        auto& scheduler = platform_.scheduler;
+        scheduler.queue("contract").post([&scheduler, &ax = ax_, pid, answer] {
+            const auto error = ax.attribute(ax.createApplication(pid), "AXWindows").error;
+            scheduler.post([answer, error] { *answer = error; });
+        });
+        EXPECT_TRUE(runUntil([&] { return answer->has_value(); }));
+        return answer->value_or(AXError::failure);
+    }
+
     Accessibility& ax_ = platform_.accessibility;
 };
 
@@ -115,6 +127,20 @@ TEST_P(AccessibilityContract, TheCloseButtonCloses) {
     ASSERT_TRUE(button);
     ASSERT_EQ(ax_.performAction(*button, "AXPress"), AXError::success);
     EXPECT_TRUE(runUntil([&] { return !entry(window); }));
+}
+
+TEST_P(AccessibilityContract, AnAppThatHangsDoesNotCompleteInTime) {
+    const auto writer = owner(world_->openWindow("writer"));
+    const auto painter = owner(world_->openWindow("painter"));
+    ASSERT_EQ(ax_.setMessagingTimeout(ax_.createSystemWide(), 0.3F), AXError::success);
+    EXPECT_EQ(askForWindows(writer), AXError::success);
+    world_->hang("writer", true);
+    const double before = platform_.scheduler.uptime();
+    EXPECT_EQ(askForWindows(writer), AXError::cannotComplete);
+    EXPECT_GE(platform_.scheduler.uptime() - before, 0.29);
+    EXPECT_EQ(askForWindows(painter), AXError::success) << "only it hangs";
+    world_->hang("writer", false);
+    EXPECT_EQ(askForWindows(writer), AXError::success);
 }
 
 TEST_P(AccessibilityContract, WhatHasGoneAnswersSoToEverything) {

@@ -37,6 +37,8 @@ class DesktopWorld {
     virtual void finishLaunching(const std::string& app) = 0;
     virtual void closeWindow(WindowId window) = 0;
     virtual void minimize(WindowId window) = 0;
+    /// The app's process no longer handles events, or does again.
+    virtual void hang(const std::string& app, bool hangs) = 0;
     virtual void setTitle(WindowId window, const std::string& title) = 0;
     /// Without a Space: to all of them.
     virtual void moveToSpace(WindowId window, std::optional<std::size_t> space) = 0;

@@ -36,6 +36,9 @@ class SimDesktopWorld : public DesktopWorld {
     void finishLaunching(const std::string&) override {}
     void closeWindow(WindowId window) override { mac_.closeWindow(window); }
     void minimize(WindowId window) override { mac_.minimize(window); }
+    void hang(const std::string& app, bool hangs) override {
+        mac_.hang(mac_.pidOf(identifier(app)), hangs);
+    }
     void setTitle(WindowId window, const std::string& title) override {
         mac_.setTitle(window, title);
     }

@@ -37,7 +37,10 @@ WindowId TestClient::open(const TestWindow& window) {
     if (window.pid) setNumbers(id, "_NET_WM_PID", "CARDINAL", {*window.pid});
     if (window.transientFor) setNumbers(id, "WM_TRANSIENT_FOR", "WINDOW", {window.transientFor});
     if (window.takesKeyboard) setNumbers(id, "WM_HINTS", "WM_HINTS", {1, *window.takesKeyboard});
-    if (window.isAskedToClose) setNumbers(id, "WM_PROTOCOLS", "ATOM", {atom("WM_DELETE_WINDOW")});
+    std::vector<std::uint32_t> protocols;
+    if (window.isAskedToClose) protocols.push_back(atom("WM_DELETE_WINDOW"));
+    if (window.takesPings) protocols.push_back(atom("_NET_WM_PING"));
+    if (!protocols.empty()) setNumbers(id, "WM_PROTOCOLS", "ATOM", protocols);
     map(id);
     return id;
 }
@@ -213,6 +216,25 @@ std::vector<WindowId> TestClient::takeCloseRequests() {
         std::free(event);
     }
     return windows;
+}
+
+int TestClient::answerPings() {
+    int pings = 0;
+    const auto ping = atom("_NET_WM_PING");
+    while (auto* event = xcb_poll_for_event(connection_)) {
+        auto& message = *reinterpret_cast<xcb_client_message_event_t*>(event);
+        if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE && message.data.data32[0] == ping) {
+            ++pings;
+            message.window = root();
+            xcb_send_event(connection_, 0, root(),
+                           XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY |
+                               XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                           reinterpret_cast<const char*>(&message));
+        }
+        std::free(event);
+    }
+    xcb_flush(connection_);
+    return pings;
 }
 
 void TestClient::sync() {

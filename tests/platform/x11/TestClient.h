@@ -25,6 +25,8 @@ struct TestWindow {
     std::optional<bool> takesKeyboard;
     /// Takes part in WM_DELETE_WINDOW; a window manager ends a client that does not.
     bool isAskedToClose = false;
+    /// Takes part in _NET_WM_PING; `answerPings` answers.
+    bool takesPings = false;
     /// Where the client asks to be; the window manager may decide otherwise.
     int x = 40;
     int y = 40;
@@ -69,6 +71,9 @@ class TestClient {
     Rect inputArea(WindowId window);
     /// The windows that the window manager has asked to close since the last call.
     std::vector<WindowId> takeCloseRequests();
+    /// Answers every ping since the last call, as a program does that handles its events; answers
+    /// how many there were.
+    int answerPings();
     /// False once the window manager has ended the client.
     bool isAlive() const { return xcb_connection_has_error(connection_) == 0; }
     /// Returns when the X server has taken everything sent so far.

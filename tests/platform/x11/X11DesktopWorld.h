@@ -4,6 +4,7 @@
 #include "platform/x11/DesktopTest.h"
 
 #include <map>
+#include <set>
 
 namespace larkspan::contract {
 
@@ -18,7 +19,11 @@ class X11DesktopWorld : public DesktopWorld {
 
     Platform platform() override { return desktop_.platform(); }
     bool runUntil(const std::function<bool()>& condition) override {
-        return qt::runUntil(condition);
+        return qt::runUntil([&] {
+            for (const auto& [app, client] : clients_)
+                if (!hung_.contains(app)) client->answerPings();
+            return condition();
+        });
     }
 
     std::string identifier(const std::string& app) override { return "org.example." + app; }
@@ -28,7 +33,8 @@ class X11DesktopWorld : public DesktopWorld {
         const auto number = client->open({.title = window.title,
                                           .instance = app,
                                           .className = app,
-                                          .type = window.isDialog ? "DIALOG" : "NORMAL"});
+                                          .type = window.isDialog ? "DIALOG" : "NORMAL",
+                                          .takesPings = true});
         owners_[number] = client.get();
         const auto isInFront = [&] {
             const auto list = *desktop_.server().windowList(WindowListOption::all);
@@ -41,6 +47,12 @@ class X11DesktopWorld : public DesktopWorld {
     void finishLaunching(const std::string& app) override { openWindow(app, {}); }
     void closeWindow(WindowId window) override { owners_.at(window)->destroy(window); }
     void minimize(WindowId window) override { owners_.at(window)->iconify(window); }
+    void hang(const std::string& app, bool hangs) override {
+        if (hangs)
+            hung_.insert(app);
+        else
+            hung_.erase(app);
+    }
     void setTitle(WindowId window, const std::string& title) override {
         owners_.at(window)->setText(window, "_NET_WM_NAME", "UTF8_STRING", title);
     }
@@ -73,6 +85,7 @@ class X11DesktopWorld : public DesktopWorld {
     x11::TestClient pager_{display_};
     std::map<std::string, std::unique_ptr<x11::TestClient>> clients_;
     std::map<WindowId, x11::TestClient*> owners_;
+    std::set<std::string> hung_;
 };
 
 } // namespace larkspan::contract
