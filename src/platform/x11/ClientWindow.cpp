@@ -65,7 +65,7 @@ ClientWindow describe(const ClientFacts& facts, const Atoms& atoms, double scale
     window.isMinimized = isMinimized(facts, atoms);
     window.isFullScreen = has(facts.states, atoms.stateFullscreen);
     window.demandsAttention = facts.isUrgent || has(facts.states, atoms.stateDemandsAttention);
-    window.hasIcon = facts.hasIcon;
+    window.hasIcon = facts.hasIcon || facts.hasHintIcon;
     window.answersPings = facts.answersPings;
     if (facts.desktop != everyDesktop) window.desktop = facts.desktop;
     window.isDesktopKnown = facts.desktop.has_value();

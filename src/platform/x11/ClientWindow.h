@@ -49,6 +49,8 @@ struct ClientFacts {
     std::vector<xcb_atom_t> types;
     std::vector<xcb_atom_t> states;
     bool isUrgent = false;
+    /// Its hints name a picture.
+    bool hasHintIcon = false;
     /// The window wants the keyboard given to it.
     bool hasInput = true;
     /// It takes the keyboard itself when it is told to.

@@ -15,6 +15,7 @@ namespace {
 // A title may be a megabyte long; no one reads more of it than this. In 32-bit units.
 constexpr std::uint32_t longestText = 512;
 constexpr std::uint32_t inputHint = 1u << 0;
+constexpr std::uint32_t iconPixmapHint = 1u << 2;
 constexpr std::uint32_t urgencyHint = 1u << 8;
 
 /// The answer to a property request; without a reply, the property is absent.
@@ -93,6 +94,7 @@ void takeHints(ClientFacts& facts, const PropertyAnswer& answer) {
     const auto numbers = answer.numbers();
     const auto flags = numbers.empty() ? 0 : numbers[0];
     facts.isUrgent = (flags & urgencyHint) != 0;
+    facts.hasHintIcon = (flags & iconPixmapHint) != 0;
     facts.hasInput = (flags & inputHint) == 0 || numbers.size() < 2 || numbers[1] != 0;
 }
 

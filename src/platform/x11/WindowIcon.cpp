@@ -1,6 +1,7 @@
 #include "platform/x11/WindowIcon.h"
 
 #include "platform/qt/BitmapImage.h"
+#include "platform/x11/HintIcon.h"
 
 #include <fmt/format.h>
 
@@ -80,11 +81,11 @@ Bitmap WindowIcon::read(int pixels) const {
                                          xcb_get_property(connection_.raw(), 0, window_,
                                                           connection_.atoms().netWmIcon,
                                                           XCB_ATOM_CARDINAL, 0, longestIcon));
-    if (!reply || reply->format != 32) return {};
+    if (!reply || reply->format != 32) return hintIcon(connection_, window_);
     const auto offered = offeredIcons(
         {static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get())), reply->value_len});
     const auto* best = bestFor(pixels, offered);
-    if (!best) return {};
+    if (!best) return hintIcon(connection_, window_);
     Bitmap bitmap{.width = best->width, .height = best->height};
     bitmap.pixels.reserve(best->pixels.size());
     for (const auto colour : best->pixels)
