@@ -2,11 +2,13 @@
 
 #include "platform/Geometry.h"
 #include "platform/Handle.h"
+#include "platform/Identifiers.h"
 #include "platform/Image.h"
 #include "platform/Screens.h"
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <optional>
 
 namespace larkspan {
@@ -28,6 +30,9 @@ class PanelDressing {
     /// Lets the pointer through everywhere but inside the rectangle, given in the window's own
     /// coordinates from its top left, in points.
     virtual void setInputArea(NativeWindow window, const Rect& area) = 0;
+    /// Where the panel on the display shows the tiles of running apps (display coordinates), for a
+    /// desktop that lets windows fly there when they are minimised. None once it shows no more.
+    virtual void setTiles(DisplayId, const std::map<ProcessId, Rect>&) {}
     /// After a shown panel had the keyboard: the program in front gets it, where it does not come
     /// back by itself.
     virtual void giveKeyboardBack(NativeWindow) {}

@@ -43,6 +43,8 @@ QuickBarPanel::QuickBarPanel(Views& views, std::unique_ptr<BarScene> scene, BarL
     window_.create();
     dressing_.dress(nativeWindow());
     connect(scene_.get(), &BarScene::layoutChanged, this, &QuickBarPanel::updateShape);
+    // The last thing told of every change of the tiles.
+    connect(scene_.get(), &BarScene::scrollChanged, this, &QuickBarPanel::updateTiles);
     observations_.push_back(desktop_.subscribe([this] { updateSurface(); }));
     observations_.push_back(look_.glass.observe([this] { updateSurface(); }));
     observations_.push_back(look_.glassBlur.observe([this] { updateSurface(); }));
@@ -80,6 +82,7 @@ void QuickBarPanel::orderIn() {
     dressing_.dress(nativeWindow());
     scene_->refresh();
     updateStrip();
+    updateTiles();
     window_.show();
 }
 
@@ -89,6 +92,7 @@ void QuickBarPanel::orderOut() {
     leaveKeyboard();
     window_.hide();
     updateStrip();
+    updateTiles();
 }
 
 bool QuickBarPanel::takeKeyboard() {
@@ -106,6 +110,29 @@ void QuickBarPanel::leaveKeyboard() {
 
 void QuickBarPanel::updateStrip() {
     dressing_.reserveStrip(nativeWindow(), screen_, isShown_ ? height_ : 0);
+}
+
+/// Of an app with several tiles the one of a group whose Space is shown, else of any group.
+void QuickBarPanel::updateTiles() {
+    std::map<ProcessId, Rect> frames;
+    const auto note = [&](int index) {
+        const QRectF tile = scene_->tileFrame(index);
+        const Rect& bounds = screen_.bounds;
+        frames[scene_->row(index).item.app->pid] = {
+            bounds.x + tile.x(), bounds.maxY() - height_ + tile.y(), tile.width(), tile.height()};
+    };
+    const int count = isShown_ ? scene_->tiles()->rowCount() : 0;
+    const auto rank = [this](int index) {
+        const TileRow& row = scene_->row(index);
+        return !row.item.app                              ? 0
+               : row.section != TileRow::Section::windows ? 1
+               : row.isRing                               ? 2
+                                                          : 3;
+    };
+    for (const int wanted : {1, 2, 3})
+        for (int index = 0; index < count; ++index)
+            if (rank(index) == wanted) note(index);
+    dressing_.setTiles(screen_.display, frames);
 }
 
 Rect QuickBarPanel::barFrame() const {

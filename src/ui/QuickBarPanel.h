@@ -43,6 +43,7 @@ class QuickBarPanel final : public QObject, public BarPanel {
     void updateSurface();
     void updateShape();
     void updateStrip();
+    void updateTiles();
     NativeWindow nativeWindow() const { return static_cast<NativeWindow>(window_.winId()); }
 
     PanelDressing& dressing_;

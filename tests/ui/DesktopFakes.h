@@ -29,10 +29,12 @@ class FakeDressing : public PanelDressing {
     void dress(NativeWindow) override { ++dressed; }
     void reserveStrip(NativeWindow, const Screen&, double height) override { strip = height; }
     void setInputArea(NativeWindow, const Rect& area) override { inputArea = area; }
+    void setTiles(DisplayId, const std::map<ProcessId, Rect>& frames) override { tiles = frames; }
 
     int dressed = 0;
     double strip = -1;
     Rect inputArea;
+    std::map<ProcessId, Rect> tiles;
 };
 
 } // namespace larkspan::ui

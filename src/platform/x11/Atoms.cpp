@@ -27,6 +27,7 @@ constexpr NamedAtom namedAtoms[] = {
     {&Atoms::netWmPid, "_NET_WM_PID"},
     {&Atoms::netWmDesktop, "_NET_WM_DESKTOP"},
     {&Atoms::netWmIcon, "_NET_WM_ICON"},
+    {&Atoms::netWmIconGeometry, "_NET_WM_ICON_GEOMETRY"},
     {&Atoms::netWmPing, "_NET_WM_PING"},
     {&Atoms::netWmWindowOpacity, "_NET_WM_WINDOW_OPACITY"},
     {&Atoms::netFrameExtents, "_NET_FRAME_EXTENTS"},

@@ -25,6 +25,7 @@ struct Atoms {
     xcb_atom_t netWmPid = 0;
     xcb_atom_t netWmDesktop = 0;
     xcb_atom_t netWmIcon = 0;
+    xcb_atom_t netWmIconGeometry = 0;
     xcb_atom_t netWmWindowOpacity = 0;
     xcb_atom_t netFrameExtents = 0;
     xcb_atom_t gtkFrameExtents = 0;

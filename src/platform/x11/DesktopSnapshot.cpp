@@ -24,4 +24,16 @@ std::vector<ClientWindowRef> DesktopSnapshot::windowsOf(ProcessId owner) const {
     return found == byOwner_.end() ? std::vector<ClientWindowRef>() : found->second;
 }
 
+DisplayId DesktopSnapshot::displayOf(const ClientWindow& window) const {
+    DisplayId best = screens.empty() ? 0 : screens.front().display;
+    double largest = 0;
+    for (const auto& screen : screens) {
+        const double area = intersection(window.bounds, screen.bounds).area();
+        if (area <= largest) continue;
+        largest = area;
+        best = screen.display;
+    }
+    return best;
+}
+
 } // namespace larkspan::x11

@@ -24,6 +24,8 @@ struct DesktopSnapshot {
     ClientWindowRef find(WindowId window) const;
     /// Front to back.
     std::vector<ClientWindowRef> windowsOf(ProcessId owner) const;
+    /// The display that shows most of the window; the main one for a window outside of all.
+    DisplayId displayOf(const ClientWindow& window) const;
 
   private:
     void makeIndex() const;

@@ -145,7 +145,7 @@ void X11Desktop::Parts::post() {
     snapshot->activeWindow = mirror.activeWindow();
     snapshot->currentDesktop = mirror.currentDesktop();
     snapshot->desktopCount = mirror.desktopCount();
-    dressing.setScreens(snapshot->screens);
+    dressing.setDesktop(snapshot);
     board.post(std::move(snapshot));
 }
 

@@ -2,8 +2,10 @@
 
 #include "platform/Panels.h"
 #include "platform/x11/ClientWindow.h"
+#include "platform/x11/TilePlaces.h"
 #include "platform/x11/X11Connection.h"
 
+#include <utility>
 #include <vector>
 
 namespace larkspan::x11 {
@@ -14,15 +16,22 @@ namespace larkspan::x11 {
 class X11PanelDressing : public PanelDressing {
   public:
     explicit X11PanelDressing(X11Connection& connection)
-        : connection_(connection) {}
+        : connection_(connection)
+        , places_(connection) {}
 
     void dress(NativeWindow window) override;
     void reserveStrip(NativeWindow window, const Screen& screen, double height) override;
     void setInputArea(NativeWindow window, const Rect& area) override;
 
-    /// The strip can only be kept where no other monitor continues below. Told by the screens'
-    /// owner, in display coordinates.
-    void setScreens(std::vector<Screen> screens) { screens_ = std::move(screens); }
+    void setTiles(DisplayId display, const std::map<ProcessId, Rect>& tiles) override {
+        places_.setTiles(display, tiles);
+    }
+
+    /// The strip can only be kept where no other monitor continues below.
+    void setDesktop(DesktopSnapshotRef desktop) {
+        screens_ = desktop->screens;
+        places_.setDesktop(std::move(desktop));
+    }
 
   private:
     xcb_connection_t* windowConnection() const;
@@ -31,6 +40,7 @@ class X11PanelDressing : public PanelDressing {
 
     X11Connection& connection_;
     std::vector<Screen> screens_;
+    TilePlaces places_;
 };
 
 } // namespace larkspan::x11

@@ -45,19 +45,6 @@ ManagedSpace managedSpace(DisplayId display, std::uint32_t desktop) {
             .uuid = desktop == 0 ? std::string() : fmt::format("{}-{}", display, desktop + 1)};
 }
 
-// The display that shows most of the window; the main one for a window outside of all.
-DisplayId displayOf(const ClientWindow& window, const std::vector<Screen>& screens) {
-    DisplayId best = screens.empty() ? 0 : screens.front().display;
-    double largest = 0;
-    for (const auto& screen : screens) {
-        const double area = intersection(window.bounds, screen.bounds).area();
-        if (area <= largest) continue;
-        largest = area;
-        best = screen.display;
-    }
-    return best;
-}
-
 /// The desktop that a Space of the display stands for.
 std::uint32_t desktopOf(SpaceId space) {
     return static_cast<std::uint32_t>(space) - 1;
@@ -119,7 +106,7 @@ std::optional<std::vector<WindowId>> X11WindowServer::windowsOfSpace(SpaceId spa
     for (const auto& window : desktop->windows)
         if (!window->isMinimized && window->isDesktopKnown &&
             window->isOnDesktop(desktopOf(space)) &&
-            displayOf(*window, desktop->screens) == displayOf(space))
+            desktop->displayOf(*window) == displayOf(space))
             windows.push_back(window->id);
     return windows;
 }
@@ -129,7 +116,7 @@ bool X11WindowServer::moveWindows(const std::vector<WindowId>& windows, SpaceId 
     bool isAsked = false;
     for (const auto number : windows) {
         const auto window = desktop->find(number);
-        if (!window || displayOf(*window, desktop->screens) != displayOf(space)) continue;
+        if (!window || desktop->displayOf(*window) != displayOf(space)) continue;
         isAsked = requests_.moveToDesktop(number, desktopOf(space)) || isAsked;
     }
     return isAsked;
