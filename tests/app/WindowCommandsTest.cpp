@@ -61,6 +61,17 @@ TEST_F(WindowCommands, AMovedWindowIsReportedThereAsSoonAsTheAnswerComes) {
     EXPECT_EQ(mac.world().window(window)->space, first);
 }
 
+TEST_F(WindowCommands, AMoveBetweenSpacesOutOfViewIsReportedAtOnceToo) {
+    const auto third = mac.addSpace(mac.displayAt(0));
+    mac.moveToSpace(window, second);
+    // Just after a full read, with which the next one would be compared by what is on screen.
+    mac.scheduler.runFor(3);
+    ASSERT_EQ(windowsOf(second), json({window}));
+    EXPECT_EQ(move(window, third), ControlAnswer{});
+    mac.scheduler.runUntilIdle();
+    EXPECT_EQ(windowsOf(third), json({window}));
+}
+
 TEST_F(WindowCommands, EachReasonNotToMoveIsNamed) {
     const auto minimized = mac.openWindow(notes);
     mac.minimize(minimized);
