@@ -34,7 +34,8 @@ void WindowMover::look(std::list<Move>::iterator move) {
     const bool isMoved = haveArrived(*move);
     if (!isMoved && scheduler_.uptime() < move->limit) return;
     // A window that closed meanwhile says nothing of the system.
-    if (!isMoved && areThere(move->windows)) canMove_ = false;
+    if (!isMoved && !hasMoved_ && areThere(move->windows)) canMove_ = false;
+    hasMoved_ = hasMoved_ || isMoved;
     const Move ended = std::move(*move);
     moves_.erase(move);
     ended.done(isMoved ? Outcome::moved : Outcome::stayed);

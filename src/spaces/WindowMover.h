@@ -10,7 +10,8 @@
 namespace larkspan {
 
 /// Moves windows to another Space, and looks whether they went: newer systems take the request and
-/// do nothing. Once that has been seen, nothing is asked again. Main thread only.
+/// do nothing. Once that has been seen, nothing is asked again; where a window did go before, one
+/// that stays says nothing of the others. Main thread only.
 class WindowMover {
   public:
     enum class Outcome {
@@ -52,6 +53,7 @@ class WindowMover {
     Scheduler& scheduler_;
     WindowServer& server_;
     bool canMove_ = true;
+    bool hasMoved_ = false;
     std::list<Move> moves_;
 };
 

@@ -48,6 +48,17 @@ TEST_F(WindowMoving, IsAbsentOnceARequestHadNoEffect) {
     EXPECT_NE(mac.world().window(window)->space, second) << "nothing is asked any more";
 }
 
+TEST_F(WindowMoving, OneThatStaysProvesNothingWhereAnotherWent) {
+    move();
+    mac.scheduler.runFor(0.2);
+    mac.world().movesWindows = false;
+    mover.move({window}, mac.spaceAt(mac.displayAt(0), 0),
+               [this](Outcome outcome) { answers.push_back(outcome); });
+    mac.scheduler.runFor(2);
+    EXPECT_EQ(answers, (std::vector{Outcome::moved, Outcome::stayed}));
+    EXPECT_TRUE(mover.canMove());
+}
+
 TEST_F(WindowMoving, AWindowThatClosesMeanwhileProvesNothing) {
     mac.world().movesWindows = false;
     move();
