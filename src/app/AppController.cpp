@@ -25,7 +25,7 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
              platform.dockPreferences, animator_, log_)
     , refresh_(store_, platform.scheduler, platform.workspace, platform.screens,
                platform.windowServer, platform.accessibility, platform.dockPreferences,
-               platform.trash, log_)
+               platform.trash, platform.eventMonitors, log_)
     , mover_(platform.scheduler, platform.windowServer)
     , actions_(store_, platform.scheduler, platform.workspace, platform.applications,
                platform.accessibility, platform.coreDock, platform.loginItems)

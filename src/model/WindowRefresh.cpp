@@ -5,6 +5,7 @@
 
 #include <fmt/format.h>
 
+#include <algorithm>
 #include <utility>
 
 namespace larkspan {
@@ -13,6 +14,10 @@ namespace {
 
 constexpr double pollInterval = 0.5;
 constexpr double housekeepingInterval = 2.0;
+/// Seconds from a click or a Command key to the read that looks for its effect: the app has the
+/// event now, and still has to open or close its window. Sooner, the read would find the windows of
+/// before, and the effect would show with the next poll only.
+constexpr double inputDelay = 0.1;
 /// How long a full read may serve as the base of a cheaper one, in seconds.
 constexpr double baseLifetime = 2.0;
 constexpr const char* readQueue = "windows";
@@ -28,7 +33,7 @@ std::int64_t milliseconds(double from, double to) {
 WindowRefresh::WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace,
                              Screens& screens, WindowServer& server,
                              const Accessibility& accessibility, DockPreferences& dock,
-                             TrashFolder& trash, DiagnosticsLog& log)
+                             TrashFolder& trash, EventMonitors& monitors, DiagnosticsLog& log)
     : store_(store)
     , scheduler_(scheduler)
     , workspace_(workspace)
@@ -36,6 +41,7 @@ WindowRefresh::WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& 
     , server_(server)
     , dock_(dock)
     , trash_(trash)
+    , monitors_(monitors)
     , log_(log)
     , abilities_(server.abilities())
     , reader_(server)
@@ -56,10 +62,14 @@ void WindowRefresh::observe() {
     observations_.push_back(
         workspace_.subscribe([this](const WorkspaceEvent& event) { workspaceChanged(event); }));
     observations_.push_back(screens_.subscribe([this] { screensChanged(); }));
-    if (abilities_.announcesChanges)
+    if (abilities_.announcesChanges) {
         observations_.push_back(server_.subscribe([this] { requestRead(false); }));
-    else
-        observations_.push_back(scheduler_.every(pollInterval, [this] { requestRead(false); }));
+    } else {
+        observations_.push_back(scheduler_.every(pollInterval, [this] { poll(); }));
+        observations_.push_back(monitors_.addGlobalMonitor(
+            maskOf(InputEventType::leftMouseUp) | maskOf(InputEventType::keyDown),
+            [this](const InputEvent& event) { inputHeard(event); }));
+    }
 
     if (trash_.announcesChanges())
         observations_.push_back(trash_.subscribe([this] { checkTrash(); }));
@@ -150,12 +160,40 @@ void WindowRefresh::screensChanged() {
         requestRead(false);
 }
 
-void WindowRefresh::setPointerOnBar(bool onBar) {
-    if (store_.isPointerOnBar == onBar) return;
-    store_.isPointerOnBar = onBar;
-    if (onBar) return;
+void WindowRefresh::setPointerOnBar(bool onBar, bool isMenuOpen) {
+    isPointerTold_ = onBar;
+    isMenuOpen_ = isMenuOpen;
+    holdTiles(onBar || isMenuOpen);
+}
+
+/// Views may miss that the pointer has left, when a window opens beneath it or a screen goes.
+void WindowRefresh::poll() {
+    const bool wasHeld = store_.isPointerOnBar;
+    holdTiles(isMenuOpen_ || (isPointerTold_ && isPointerInBarFrames()));
+    if (!wasHeld || store_.isPointerOnBar) requestRead(false);
+}
+
+bool WindowRefresh::isPointerInBarFrames() const {
+    const Point pointer = monitors_.mouseLocation();
+    return std::ranges::any_of(store_.barFrames,
+                               [&](const Rect& frame) { return frame.contains(pointer); });
+}
+
+void WindowRefresh::holdTiles(bool hold) {
+    if (std::exchange(store_.isPointerOnBar, hold) == hold || hold) return;
     store_.regroupingIDs.clear();
     requestRead(true);
+}
+
+void WindowRefresh::inputHeard(const InputEvent& event) {
+    const bool matters = event.type == InputEventType::leftMouseUp ||
+                         (event.modifierFlags & ModifierFlag::command) != 0;
+    // Not begun anew by a further event: a key that repeats would put it off for ever.
+    if (!matters || readAfterInput_) return;
+    readAfterInput_ = scheduler_.after(inputDelay, [this] {
+        readAfterInput_.reset();
+        requestRead(false);
+    });
 }
 
 void WindowRefresh::requestRead(bool rebuild) {

@@ -3,6 +3,7 @@
 #include "diagnostics/DiagnosticsLog.h"
 #include "model/DockStore.h"
 #include "model/WindowReach.h"
+#include "platform/EventMonitor.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
 #include "platform/Shell.h"
@@ -27,7 +28,7 @@ class WindowRefresh {
     /// Reads the windows once, before it returns.
     WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace, Screens& screens,
                   WindowServer& server, const Accessibility& accessibility, DockPreferences& dock,
-                  TrashFolder& trash, DiagnosticsLog& log);
+                  TrashFolder& trash, EventMonitors& monitors, DiagnosticsLog& log);
 
     /// Told of each read that was made in full: the owners of the windows that count.
     std::function<void(const std::set<ProcessId>& owners)> onFullRead;
@@ -35,8 +36,9 @@ class WindowRefresh {
     /// `rebuild` forces a regroup after the read even if nothing changed.
     void requestRead(bool rebuild);
     /// The pointer came onto a bar or left it. Tiles keep their sections meanwhile and are released
-    /// all at once when it leaves.
-    void setPointerOnBar(bool onBar);
+    /// all at once when it leaves. A menu of the bar that is open holds them wherever the pointer
+    /// is.
+    void setPointerOnBar(bool onBar, bool isMenuOpen = false);
     /// The Spaces slide: reads are held until the workspace tells of another Space, or until
     /// `endSpaceSwitch`.
     void beginSpaceSwitch();
@@ -65,6 +67,10 @@ class WindowRefresh {
     void screensChanged();
     void checkTrash();
     void catchUp();
+    void poll();
+    bool isPointerInBarFrames() const;
+    void holdTiles(bool hold);
+    void inputHeard(const InputEvent& event);
 
     void readSoon();
     void readOnQueue();
@@ -79,6 +85,7 @@ class WindowRefresh {
     WindowServer& server_;
     DockPreferences& dock_;
     TrashFolder& trash_;
+    EventMonitors& monitors_;
     DiagnosticsLog& log_;
     const WindowServerAbilities abilities_;
     const WindowReader reader_;
@@ -92,6 +99,11 @@ class WindowRefresh {
     /// Reads are held back during a slide; its end always brings one.
     bool isSwitchingSpaces_ = false;
     std::optional<FullRead> lastFullRead_;
+    /// As the views told last; the poll finds out whether it still holds.
+    bool isPointerTold_ = false;
+    bool isMenuOpen_ = false;
+    /// The wait between a click or a Command key and the read that follows it.
+    Handle readAfterInput_;
     std::vector<Handle> observations_;
     /// Ends with this object, so that a read that comes back later finds nobody.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);

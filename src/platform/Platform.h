@@ -3,6 +3,7 @@
 #include "platform/Accessibility.h"
 #include "platform/AppNotices.h"
 #include "platform/DisplayLink.h"
+#include "platform/EventMonitor.h"
 #include "platform/EventTap.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
@@ -35,6 +36,7 @@ struct Platform {
     HostApplication& application;
     TrashFolder& trash;
     EventTaps& eventTaps;
+    EventMonitors& eventMonitors;
     DisplayLink& displayLink;
     SystemLog& systemLog;
     AppNotices& notices;

@@ -41,14 +41,14 @@ void QuickBarPanels::connectPanel(QuickBarPanel& panel) {
     connect(&scene, &BarScene::litTileChanged, this, [this, &panel] { updateLabel(panel); });
     connect(&scene, &BarScene::pointerInsideChanged, this, [this](bool isInside) {
         isPointerOnBar_ = isInside;
-        setPointer(isInside || isMenuOpen_);
+        tellPointer();
     });
     // A bar that goes from under the pointer does not tell that it left.
     connect(&scene, &QObject::destroyed, this, [this] { isPointerOnBar_ = false; });
 }
 
-void QuickBarPanels::setPointer(bool isOnBar) {
-    actions_.setPointerOnBar(isOnBar);
+void QuickBarPanels::tellPointer() {
+    actions_.setPointerOnBar(isPointerOnBar_, isMenuOpen_);
 }
 
 void QuickBarPanels::hideLabel() {
@@ -88,7 +88,7 @@ void QuickBarPanels::openMenu(QuickBarPanel& panel, const Menu& menu, const QRec
     if (!menu_) makeMenuWindow();
     menuPanel_ = &panel;
     isMenuOpen_ = true;
-    setPointer(true);
+    tellPointer();
     menu_->open(menu, anchor, panel.screenOnDesktop(), desktop_.isComposited());
     if (panel.scene().hasKeyboard() && menu_->current() < 0) menu_->lightFirst();
 }
@@ -101,7 +101,7 @@ void QuickBarPanels::makeMenuWindow() {
     connect(menu_.get(), &MenuWindow::closed, this, [this] {
         isMenuOpen_ = false;
         tileMenu_.reset();
-        setPointer(isPointerOnBar_);
+        tellPointer();
         // The menu had the keyboard in the bar's place.
         if (menuPanel_ && menuPanel_->scene().hasKeyboard()) menuPanel_->takeKeyboard();
     });

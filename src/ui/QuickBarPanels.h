@@ -35,7 +35,7 @@ class QuickBarPanels final : public QObject, public BarPanels {
     void openBarMenu(QuickBarPanel& panel, double x);
     void openMenu(QuickBarPanel& panel, const Menu& menu, const QRectF& anchor);
     void makeMenuWindow();
-    void setPointer(bool isOnBar);
+    void tellPointer();
     void hideLabel();
 
     AppController& controller_;

@@ -24,8 +24,8 @@ Handle TileActions::openMenu(const TileRow& row, const Rect& frame, ItemMenu::Sh
     return {};
 }
 
-void TileActions::setPointerOnBar(bool onBar) {
-    refresh_.setPointerOnBar(onBar);
+void TileActions::setPointerOnBar(bool onBar, bool isMenuOpen) {
+    refresh_.setPointerOnBar(onBar, isMenuOpen);
 }
 
 const DisplayGroup* TileActions::group(const TileRow& row) const {

@@ -20,7 +20,7 @@ class TileActions {
     void click(const TileRow& row, const Rect& frame, ClickModifiers modifiers = {});
     /// As `ItemMenu::open`.
     Handle openMenu(const TileRow& row, const Rect& frame, ItemMenu::Show show);
-    void setPointerOnBar(bool onBar);
+    void setPointerOnBar(bool onBar, bool isMenuOpen);
 
   private:
     const DisplayGroup* group(const TileRow& row) const;

@@ -21,7 +21,7 @@ struct BareModel {
     void start() {
         refresh.emplace(store, platform.scheduler, platform.workspace, platform.screens,
                         platform.windowServer, platform.accessibility, platform.dockPreferences,
-                        platform.trash, log);
+                        platform.trash, platform.eventMonitors, log);
     }
 
     Platform platform;

@@ -4,6 +4,8 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 namespace larkspan {
 namespace {
 
@@ -185,6 +187,76 @@ TEST_F(PolledRefresh, NoticesANewWindowWithinHalfASecond) {
     EXPECT_EQ(groups(), "notes");
     mac.scheduler.runFor(0.6);
     EXPECT_EQ(groups(), "finder notes");
+}
+
+// The next poll would come after half a second.
+TEST_F(PolledRefresh, LooksAtTheWindowsSoonAfterAClickOrACommandKey) {
+    const struct {
+        const char* name;
+        std::function<void()> act;
+        bool isSeen;
+    } cases[] = {
+        {"click",
+         [&] {
+             mac.click({700, 400});
+         },
+         true},
+        {"Command key", [&] { mac.pressKey(ModifierFlag::command); }, true},
+        {"Command and Shift", [&] { mac.pressKey(ModifierFlag::command | ModifierFlag::shift); },
+         true},
+        {"another key", [&] { mac.pressKey(ModifierFlag::shift); }, false},
+        {"a move",
+         [&] {
+             mac.movePointer({700, 400});
+         },
+         false},
+    };
+    for (const auto& each : cases) {
+        mac.scheduler.runFor(std::ceil(mac.scheduler.uptime()) + 0.02 - mac.scheduler.uptime());
+        readLines(*this);
+        each.act();
+        mac.scheduler.runFor(0.2);
+        EXPECT_EQ(readLines(*this).size(), each.isSeen ? 1U : 0U) << each.name;
+    }
+}
+
+TEST_F(PolledRefresh, AKeyThatRepeatsNeitherFloodsNorDelaysTheReads) {
+    mac.doubleEvents();
+    for (int i = 0; i < 30; ++i) {
+        mac.pressKey(ModifierFlag::command);
+        mac.scheduler.runFor(1.0 / 30);
+    }
+    EXPECT_THAT(readLines(*this), SizeIs(testing::AllOf(testing::Ge(7U), testing::Le(13U))));
+}
+
+TEST_F(PolledRefresh, FindsOutThatThePointerHasLeftTheBarWhoeverMissedIt) {
+    const auto mail = launch("mail", {.inBackground = true});
+    mac.scheduler.runFor(1);
+    store.barFrames = {{0, 0, 1440, 72}};
+    mac.movePointer({720, 36});
+    refresh->setPointerOnBar(true);
+    mac.minimize(mac.world().windows.front().id);
+    mac.openWindow(mail);
+    mac.scheduler.runFor(2);
+    EXPECT_EQ(groups(), "notes") << "held, though windows were read";
+    mac.loseEvents();
+    mac.movePointer({720, 400});
+    mac.scheduler.runFor(0.6);
+    EXPECT_FALSE(store.isPointerOnBar);
+    EXPECT_EQ(groups(), "mail");
+    mac.movePointer({720, 36});
+    mac.scheduler.runFor(0.6);
+    EXPECT_TRUE(store.isPointerOnBar) << "it is back, and no view has told otherwise";
+}
+
+TEST_F(PolledRefresh, HoldsTilesWhileAMenuOfTheBarIsOpen) {
+    store.barFrames = {{0, 0, 1440, 72}};
+    mac.movePointer({720, 400});
+    refresh->setPointerOnBar(false, true);
+    mac.scheduler.runFor(2);
+    EXPECT_TRUE(store.isPointerOnBar);
+    refresh->setPointerOnBar(false, false);
+    EXPECT_FALSE(store.isPointerOnBar);
 }
 
 TEST_F(PolledRefresh, ReadsOnceMoreForAnyNumberOfRequestsDuringARead) {

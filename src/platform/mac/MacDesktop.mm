@@ -7,6 +7,7 @@
 #include "platform/mac/MacDisplayLink.h"
 #include "platform/mac/MacDockPreferences.h"
 #include "platform/mac/MacDockStrip.h"
+#include "platform/mac/MacEventMonitors.h"
 #include "platform/mac/MacEventTaps.h"
 #include "platform/mac/MacHostApplication.h"
 #include "platform/mac/MacLoginItem.h"
@@ -51,6 +52,7 @@ struct MacDesktop::Parts {
     MacLoginItems loginItems;
     MacTrash trash;
     MacEventTaps eventTaps;
+    MacEventMonitors eventMonitors;
     MacDisplayLink displayLink;
     MacSystemLog systemLog;
     /// The Dock keeps them to itself.
@@ -83,6 +85,7 @@ Platform MacDesktop::platform() {
             .application = parts_->application,
             .trash = parts_->trash,
             .eventTaps = parts_->eventTaps,
+            .eventMonitors = parts_->eventMonitors,
             .displayLink = parts_->displayLink,
             .systemLog = parts_->systemLog,
             .notices = parts_->notices};

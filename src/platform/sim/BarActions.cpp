@@ -62,7 +62,14 @@ Outcome status(Stage& stage, const json& fields) {
 
 Outcome pointer(Stage& stage, const json& fields) {
     if (!stage.delegate()) return notRunning;
-    stage.delegate()->controller().refresh().setPointerOnBar(fields["onBar"].get<bool>());
+    AppController& controller = stage.delegate()->controller();
+    const auto& bars = controller.store().barFrames;
+    if (bars.empty()) return "no bar is shown";
+    const Rect& bar = bars.front();
+    const bool isOnBar = fields["onBar"].get<bool>();
+    stage.mac.movePointer(
+        {bar.x + bar.width / 2, bar.y + (isOnBar ? bar.height / 2 : bar.height * 2)});
+    controller.refresh().setPointerOnBar(isOnBar);
     return done;
 }
 

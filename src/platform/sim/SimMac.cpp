@@ -34,6 +34,7 @@ Platform SimMac::platform() {
             .application = application,
             .trash = trash,
             .eventTaps = eventTaps,
+            .eventMonitors = eventMonitors_,
             .displayLink = displayLink,
             .systemLog = systemLog,
             .notices = notices_};
@@ -120,6 +121,21 @@ void SimMac::focusWindow(WindowId id) {
     windows_.setMinimized(id, false);
     windows_.raise(id);
     applications_.focus(pid);
+}
+
+void SimMac::movePointer(Point place) {
+    world_.pointer = place;
+    world_.tell(InputEventType::mouseMoved);
+}
+
+void SimMac::click(Point place) {
+    movePointer(place);
+    world_.tell(InputEventType::leftMouseDown);
+    world_.tell(InputEventType::leftMouseUp);
+}
+
+void SimMac::pressKey(std::uint64_t modifierFlags) {
+    world_.tell(InputEventType::keyDown, modifierFlags);
 }
 
 void SimMac::setDock(const DockSettings& settings) {

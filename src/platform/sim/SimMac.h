@@ -11,6 +11,7 @@
 #include "platform/sim/SimCoreDock.h"
 #include "platform/sim/SimDisplayLink.h"
 #include "platform/sim/SimDockPreferences.h"
+#include "platform/sim/SimEventMonitors.h"
 #include "platform/sim/SimEventTaps.h"
 #include "platform/sim/SimHostApplication.h"
 #include "platform/sim/SimLoginItem.h"
@@ -115,6 +116,12 @@ class SimMac {
     /// What a click into the window does: it comes to the front, and its app with it.
     void focusWindow(WindowId window);
 
+    // The pointer and the keyboard; places in screen coordinates.
+    void movePointer(Point place);
+    /// The left button goes down and up again; nothing in the simulated apps happens of it.
+    void click(Point place);
+    void pressKey(std::uint64_t modifierFlags = 0);
+
     // The Dock and the Trash, as the user or another program changes them.
     void pin(std::string_view bundleIdentifier) { dock_.pin(bundleIdentifier); }
     void unpin(std::string_view bundleIdentifier) { dock_.unpin(bundleIdentifier); }
@@ -184,6 +191,7 @@ class SimMac {
     SimWindowServer windowServer_{world_, windows_};
     SimDockPreferences dockPreferences_{world_};
     SimAppNotices notices_{world_};
+    SimEventMonitors eventMonitors_{world_};
 
   public:
     // What of the interfaces a test or a scenario looks into.

@@ -145,6 +145,10 @@ void World::tell(WorkspaceEvent::Kind kind) {
     send([this, kind] { workspaceEvents.emit({kind, std::nullopt}); });
 }
 
+void World::tell(InputEventType input, std::uint64_t modifierFlags) {
+    send([this, event = InputEvent{input, modifierFlags, pointer}] { inputEvents.emit(event); });
+}
+
 void World::windowsDidChange() {
     if (!announcesChanges || windowsChangeIsPosted_) return;
     windowsChangeIsPosted_ = !events.areLost;

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/EventMonitor.h"
 #include "platform/Geometry.h"
 #include "platform/Identifiers.h"
 #include "platform/Image.h"
@@ -195,12 +196,16 @@ struct World {
     /// What the Dock was told to do, with the app in front at that time.
     std::vector<std::pair<std::string, ProcessId>> dockNotifications;
 
+    /// Where the pointer is, in screen coordinates.
+    Point pointer;
+
     Signal<const WorkspaceEvent&> workspaceEvents;
     Signal<> screensChanged;
     Signal<> windowsChanged;
     Signal<> trashChanged;
     Signal<> noticesChanged;
     Signal<> dockPreferencesChanged;
+    Signal<const InputEvent&> inputEvents;
 
     /// Whether this system has the private function of that name.
     bool has(std::string_view function) const { return !missingFunctions.contains(function); }
@@ -231,6 +236,7 @@ struct World {
     // Tell of changes that have been made: in a turn of their own, as the system does.
     void tell(WorkspaceEvent::Kind kind, const App& app);
     void tell(WorkspaceEvent::Kind kind);
+    void tell(InputEventType input, std::uint64_t modifierFlags = 0);
     void windowsDidChange();
     void noticesDidChange();
     /// Silent when no screen differs from the last time.

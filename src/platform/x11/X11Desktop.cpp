@@ -24,6 +24,7 @@
 #include "platform/x11/X11CoreDock.h"
 #include "platform/x11/X11DesktopPicture.h"
 #include "platform/x11/X11DockStrip.h"
+#include "platform/x11/X11EventMonitors.h"
 #include "platform/x11/X11EventTaps.h"
 #include "platform/x11/X11PanelDressing.h"
 #include "platform/x11/X11ScreenCapture.h"
@@ -88,6 +89,7 @@ struct X11Desktop::Parts {
     AutostartEntries loginItems{host.environment, installed};
     FreedesktopTrash trash{host.environment, [this](const std::string& path) { open(path); }};
     X11EventTaps eventTaps{*connection};
+    X11EventMonitors eventMonitors{*connection, host.scheduler, screens, scale};
     qt::QtDisplayLink displayLink{host.scheduler};
     X11PanelDressing dressing{*connection};
     X11DesktopPicture picture{*connection, scale};
@@ -199,6 +201,7 @@ Platform X11Desktop::platform() {
             .application = parts_->host.application,
             .trash = parts_->trash,
             .eventTaps = parts_->eventTaps,
+            .eventMonitors = parts_->eventMonitors,
             .displayLink = parts_->displayLink,
             .systemLog = parts_->host.systemLog,
             .notices = parts_->notices};

@@ -1,6 +1,7 @@
 #include "platform/x11/X11EventTaps.h"
 
 #include "platform/x11/TouchpadSwipe.h"
+#include "platform/x11/XInput.h"
 
 #include <utility>
 
@@ -12,9 +13,14 @@ namespace {
 
 using SwipeEvent = xcb_input_gesture_swipe_update_event_t;
 
-constexpr std::uint32_t allSwipes[] = {1U << XCB_INPUT_GESTURE_SWIPE_BEGIN |
-                                           1U << XCB_INPUT_GESTURE_SWIPE_UPDATE,
-                                       1U << (XCB_INPUT_GESTURE_SWIPE_END - 32)};
+constexpr XInputMask noEvents{0, 0};
+constexpr XInputMask allSwipes{1U << XCB_INPUT_GESTURE_SWIPE_BEGIN |
+                                   1U << XCB_INPUT_GESTURE_SWIPE_UPDATE,
+                               1U << (XCB_INPUT_GESTURE_SWIPE_END - 32)};
+
+bool select(X11Connection& connection, const XInputMask& events) {
+    return selectXInput(connection, XCB_INPUT_DEVICE_ALL_MASTER, events);
+}
 
 /// A step of a touchpad's swipe in the shape of a Mac's gesture event.
 class DockSwipe final : public TappedEvent {
@@ -48,29 +54,6 @@ double fromFixed(xcb_input_fp1616_t value) {
     return static_cast<double>(value) / 65536;
 }
 
-/// Answers whether it could be done.
-bool select(X11Connection& connection, const std::uint32_t (&events)[2]) {
-    const struct {
-        xcb_input_event_mask_t head;
-        std::uint32_t events[2];
-    } mask{{XCB_INPUT_DEVICE_ALL_MASTER, 2}, {events[0], events[1]}};
-    auto* raw = connection.raw();
-    auto* error = xcb_request_check(
-        raw, xcb_input_xi_select_events_checked(raw, connection.root(), 1, &mask.head));
-    std::free(error);
-    connection.flush();
-    return error == nullptr;
-}
-
-bool knowsGestures(X11Connection& connection) {
-    auto* raw = connection.raw();
-    const auto* extension = xcb_get_extension_data(raw, &xcb_input_id);
-    if (!extension || !extension->present) return false;
-    const auto version =
-        connection.reply(xcb_input_xi_query_version_reply, xcb_input_xi_query_version(raw, 2, 4));
-    return version && version->major_version == 2 && version->minor_version >= 4;
-}
-
 class X11EventTap final : public EventTap {
   public:
     /// `isListening` stays true as long as it lives.
@@ -78,14 +61,13 @@ class X11EventTap final : public EventTap {
         : connection_(connection)
         , callback_(std::move(callback))
         , isListening_(isListening)
-        , opcode_(xcb_get_extension_data(connection.raw(), &xcb_input_id)->major_opcode)
         , subscription_(connection.events.subscribe(
               [this](const xcb_generic_event_t& event) { handle(event); })) {
         isListening_ = true;
     }
     ~X11EventTap() override {
         isListening_ = false;
-        if (connection_.isAlive()) select(connection_, {0, 0});
+        if (connection_.isAlive()) select(connection_, noEvents);
     }
     // An X server disables nothing.
     void enable() override {}
@@ -97,17 +79,13 @@ class X11EventTap final : public EventTap {
     X11Connection& connection_;
     EventTaps::Callback callback_;
     bool& isListening_;
-    std::uint8_t opcode_;
     TouchpadSwipe swipe_;
     Handle subscription_;
 };
 
 void X11EventTap::handle(const xcb_generic_event_t& event) {
-    if ((event.response_type & 0x7f) != XCB_GE_GENERIC) return;
-    const auto& generic = reinterpret_cast<const xcb_ge_generic_event_t&>(event);
-    if (generic.extension != opcode_) return;
     const auto& swipe = reinterpret_cast<const SwipeEvent&>(event);
-    switch (generic.event_type) {
+    switch (xInputType(connection_, event)) {
     case XCB_INPUT_GESTURE_SWIPE_BEGIN:
         swipe_.begin();
         break;
@@ -131,7 +109,7 @@ void X11EventTap::handle(const xcb_generic_event_t& event) {
 
 std::unique_ptr<EventTap> X11EventTaps::listen(std::uint64_t mask, Callback callback) {
     if (isListening_ || (mask >> TapEvent::gesture & 1) == 0) return nullptr;
-    if (!knowsGestures(connection_) || !select(connection_, allSwipes)) return nullptr;
+    if (!knowsXInput(connection_, 4) || !select(connection_, allSwipes)) return nullptr;
     return std::make_unique<X11EventTap>(connection_, std::move(callback), isListening_);
 }
 

@@ -8,11 +8,12 @@
 namespace larkspan::ui {
 
 DemoBarPanels::DemoBarPanels(AppController& controller, Views& views, Appearance& appearance,
-                             QQuickItem& desktop)
+                             QQuickItem& desktop, sim::SimMac& mac)
     : controller_(controller)
     , views_(views)
     , appearance_(appearance)
     , desktop_(desktop)
+    , mac_(mac)
     , actions_(controller.store(), controller.click(), controller.itemMenu(), controller.refresh(),
                controller.trash()) {}
 
@@ -39,8 +40,15 @@ std::unique_ptr<BarPanel> DemoBarPanels::makePanel(const Screen&) {
         openMenu(barMenu(controller_), bar->placeOnDesktop(x));
     });
     connect(&scene, &BarScene::pointerInsideChanged, this,
-            [this](bool isInside) { actions_.setPointerOnBar(isInside); });
+            [this, bar = panel.get()](bool isInside) { movePointer(*bar, isInside); });
     return panel;
+}
+
+void DemoBarPanels::movePointer(const BarPanel& bar, bool isInside) {
+    const Rect frame = bar.barFrame();
+    const double height = isInside ? frame.height / 2 : frame.height * 2;
+    mac_.movePointer({frame.x + frame.width / 2, frame.y + height});
+    actions_.setPointerOnBar(isInside, false);
 }
 
 void DemoBarPanels::openMenu(const Menu& menu, const QRectF& anchor) {

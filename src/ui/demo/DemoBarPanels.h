@@ -2,6 +2,7 @@
 
 #include "app/AppController.h"
 #include "bar/BarPanel.h"
+#include "platform/sim/SimMac.h"
 #include "ui/BarScene.h"
 #include "ui/MenuWindow.h"
 #include "ui/TileActions.h"
@@ -19,19 +20,22 @@ class DemoBarPanels final : public QObject, public BarPanels {
     Q_OBJECT
 
   public:
-    /// The bars become children of `desktop`.
+    /// The bars become children of `desktop`. The pointer of `mac` goes onto a bar and away again
+    /// with the real one.
     DemoBarPanels(AppController& controller, Views& views, Appearance& appearance,
-                  QQuickItem& desktop);
+                  QQuickItem& desktop, sim::SimMac& mac);
 
     std::unique_ptr<BarPanel> makePanel(const Screen& screen) override;
 
   private:
+    void movePointer(const BarPanel& bar, bool isInside);
     void openMenu(const Menu& menu, const QRectF& anchor);
 
     AppController& controller_;
     Views& views_;
     Appearance& appearance_;
     QQuickItem& desktop_;
+    sim::SimMac& mac_;
     TileActions actions_;
     IconCache icons_;
     std::unique_ptr<MenuWindow> menu_;

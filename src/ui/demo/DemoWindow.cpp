@@ -81,7 +81,7 @@ void DemoWindow::openMenu(const Menu& menu, const QRectF& anchor) {
 }
 
 std::unique_ptr<BarPanels> DemoWindow::makeBarPanels(AppController& controller) {
-    return std::make_unique<DemoBarPanels>(controller, views_, appearance_, desktop_);
+    return std::make_unique<DemoBarPanels>(controller, views_, appearance_, desktop_, stage_.mac);
 }
 
 void DemoWindow::play(sim::Scenario scenario) {

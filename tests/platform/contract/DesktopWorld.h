@@ -45,6 +45,8 @@ class DesktopWorld {
     virtual void showSpace(std::size_t space) = 0;
     /// Takes some points away from what windows may use of the main screen.
     virtual void shrinkVisibleFrame() = 0;
+    /// To a place in screen coordinates.
+    virtual void movePointer(Point place) = 0;
     /// By how much a held strip of that height takes from the visible frames here.
     virtual double stripTakenFromScreens(double height) = 0;
 };

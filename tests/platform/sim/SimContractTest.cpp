@@ -1,6 +1,7 @@
 #include "platform/contract/AccessibilityContract.h"
 #include "platform/contract/CoreDockContract.h"
 #include "platform/contract/DockPreferencesContract.h"
+#include "platform/contract/EventMonitorsContract.h"
 #include "platform/contract/SchedulerContract.h"
 #include "platform/contract/ScreenCaptureContract.h"
 #include "platform/contract/ScreensContract.h"
@@ -164,6 +165,7 @@ INSTANTIATE_TEST_SUITE_P(Simulated, ScreensContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, WindowServerContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, AccessibilityContract, desktops);
+INSTANTIATE_TEST_SUITE_P(Simulated, EventMonitorsContract, desktops);
 
 } // namespace
 } // namespace larkspan::contract

@@ -56,6 +56,7 @@ class SimDesktopWorld : public DesktopWorld {
         settings.tileSize *= 2;
         mac_.setDock(settings);
     }
+    void movePointer(Point place) override { mac_.movePointer(place); }
     // The Dock holds it.
     double stripTakenFromScreens(double) override { return 0; }
 

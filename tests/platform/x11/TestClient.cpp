@@ -7,6 +7,7 @@
 #include <xcb/randr.h>
 #include <xcb/shape.h>
 #include <xcb/xcbext.h>
+#include <xcb/xtest.h>
 
 namespace larkspan::x11 {
 
@@ -235,6 +236,11 @@ int TestClient::answerPings() {
     }
     xcb_flush(connection_);
     return pings;
+}
+
+void TestClient::movePointer(std::int16_t x, std::int16_t y) {
+    xcb_test_fake_input(connection_, XCB_MOTION_NOTIFY, 0, 0, screen_->root, x, y, 0);
+    sync();
 }
 
 void TestClient::sync() {

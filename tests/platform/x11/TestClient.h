@@ -76,6 +76,8 @@ class TestClient {
     int answerPings();
     /// False once the window manager has ended the client.
     bool isAlive() const { return xcb_connection_has_error(connection_) == 0; }
+    /// To a place on the root window, as a mouse moves it.
+    void movePointer(std::int16_t x, std::int16_t y);
     /// Returns when the X server has taken everything sent so far.
     void sync();
 

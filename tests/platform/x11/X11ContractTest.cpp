@@ -1,4 +1,5 @@
 #include "platform/contract/AccessibilityContract.h"
+#include "platform/contract/EventMonitorsContract.h"
 #include "platform/contract/ScreensContract.h"
 #include "platform/contract/WindowServerContract.h"
 #include "platform/contract/WorkspaceContract.h"
@@ -14,6 +15,7 @@ INSTANTIATE_TEST_SUITE_P(X11, ScreensContract, desktop);
 INSTANTIATE_TEST_SUITE_P(X11, WindowServerContract, desktop);
 INSTANTIATE_TEST_SUITE_P(X11, WorkspaceContract, desktop);
 INSTANTIATE_TEST_SUITE_P(X11, AccessibilityContract, desktop);
+INSTANTIATE_TEST_SUITE_P(X11, EventMonitorsContract, desktop);
 
 } // namespace
 } // namespace larkspan::contract

@@ -69,6 +69,11 @@ class X11DesktopWorld : public DesktopWorld {
         pager_.setNumbers(panel, "_NET_WM_STRUT_PARTIAL", "CARDINAL",
                           {0, 0, 40, 0, 0, 0, 0, 0, 0, 1279, 0, 0});
     }
+    void movePointer(Point place) override {
+        const double height = platform().screens.screens().front().frame.height;
+        pager_.movePointer(static_cast<std::int16_t>(place.x),
+                           static_cast<std::int16_t>(height - place.y));
+    }
     double stripTakenFromScreens(double height) override { return height; }
 
   private:

@@ -1,0 +1,76 @@
+#pragma once
+
+#include "platform/contract/DesktopWorld.h"
+
+namespace larkspan::contract {
+
+/// What all monitors of events must do. Clicks and keys are heard on some desktops only.
+class EventMonitorsContract : public DesktopContract {
+  protected:
+    static constexpr InputEventMask moves = maskOf(InputEventType::mouseMoved);
+
+    EventMonitors& monitors_ = platform_.eventMonitors;
+};
+
+TEST_P(EventMonitorsContract, ThePointerIsWhereItWasMovedTo) {
+    for (const Point place : {Point{200, 300}, Point{0, 1}, Point{640, 40}}) {
+        world_->movePointer(place);
+        EXPECT_EQ(monitors_.mouseLocation(), place);
+    }
+}
+
+TEST_P(EventMonitorsContract, TheLastOfManyMovesIsTold) {
+    world_->movePointer({10, 10});
+    std::optional<Point> told;
+    const Handle monitor =
+        monitors_.addGlobalMonitor(moves, [&](const InputEvent& event) { told = event.location; });
+    for (int x = 20; x <= 200; x += 20)
+        world_->movePointer({double(x), 100});
+    EXPECT_TRUE(runUntil([&] { return told == Point{200, 100}; }));
+    world_->movePointer({300, 120});
+    EXPECT_TRUE(runUntil([&] { return told == Point{300, 120}; })) << "and the next after a rest";
+}
+
+TEST_P(EventMonitorsContract, AMonitorThatHasEndedHearsNothingAndOthersGoOn) {
+    int ended = 0, told = 0;
+    Handle first = monitors_.addGlobalMonitor(moves, [&](const InputEvent&) { ++ended; });
+    Handle second = monitors_.addGlobalMonitor(moves, [&](const InputEvent&) { ++told; });
+    first.reset();
+    world_->movePointer({50, 60});
+    EXPECT_TRUE(runUntil([&] { return told > 0; }));
+    second.reset();
+    const Handle third = monitors_.addGlobalMonitor(moves, [&](const InputEvent&) { ++told; });
+    const int before = told;
+    world_->movePointer({90, 60});
+    EXPECT_TRUE(runUntil([&] { return told > before; })) << "after the last one had ended";
+    EXPECT_EQ(ended, 0);
+}
+
+TEST_P(EventMonitorsContract, AMonitorMayEndWithTheEventItHears) {
+    int told = 0;
+    Handle monitor;
+    monitor = monitors_.addGlobalMonitor(moves, [&](const InputEvent&) {
+        ++told;
+        monitor.reset();
+    });
+    world_->movePointer({70, 80});
+    Point heardByAnother;
+    const Handle other = monitors_.addGlobalMonitor(
+        moves, [&](const InputEvent& event) { heardByAnother = event.location; });
+    ASSERT_TRUE(runUntil([&] { return told == 1; }));
+    world_->movePointer({95, 80});
+    EXPECT_TRUE(runUntil([&] { return heardByAnother == Point{95, 80}; }));
+    EXPECT_EQ(told, 1);
+}
+
+TEST_P(EventMonitorsContract, TypesThatWereNotAskedForAreNotTold) {
+    int keys = 0, told = 0;
+    const Handle typed = monitors_.addGlobalMonitor(maskOf(InputEventType::keyDown),
+                                                    [&](const InputEvent&) { ++keys; });
+    const Handle moved = monitors_.addGlobalMonitor(moves, [&](const InputEvent&) { ++told; });
+    world_->movePointer({30, 30});
+    EXPECT_TRUE(runUntil([&] { return told > 0; }));
+    EXPECT_EQ(keys, 0);
+}
+
+} // namespace larkspan::contract
