@@ -19,6 +19,9 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
     , permissions_(platform.scheduler, platform.accessibility, platform.screenCapture,
                    platform.applications, platform.application)
     , look_(platform.defaults, hasIslands)
+    , pointer_(platform.screens, platform.eventMonitors)
+    , fullScreenWatcher_(platform.scheduler, platform.workspace, platform.screens,
+                         platform.accessibility, log_)
     , mode_(settings_.mode())
     , animator_(platform.scheduler, platform.applications, flights_)
     , store_(platform.scheduler, platform.workspace, platform.applications, platform.screens,
@@ -47,11 +50,21 @@ void AppController::start() {
 }
 
 void AppController::wireCallbacks() {
+    pointer_.onDisplayChange = [this] {
+        if (bars_ && bars_->isShown()) bars_->updateVisibility();
+    };
     store_.onFullScreenChange = [this](const FullScreenState& fullScreen) {
         if (bars_) bars_->fullScreenChanged(fullScreen);
     };
     refresh_.onFullRead = [this](const std::set<ProcessId>& owners) {
         lostProcesses_.follow(owners);
+    };
+    fullScreenWatcher_.barHeight = [this] { return barHeight(); };
+    fullScreenWatcher_.onGrown = [this](const Rect& screenFrame) {
+        if (bars_) bars_->windowGrew(screenFrame);
+    };
+    fullScreenWatcher_.onShrunk = [this](const Rect& screenFrame) {
+        if (bars_) bars_->windowShrank(screenFrame);
     };
 }
 
@@ -123,12 +136,15 @@ void AppController::useVantrel() {
     if (!badges_)
         badges_.emplace(store_, platform_.scheduler, platform_.workspace, platform_.accessibility,
                         platform_.coreDock, platform_.notices, log_);
+    // Where every change is announced, the window list is no later than the app itself.
+    if (!platform_.windowServer.abilities().announcesChanges) fullScreenWatcher_.start();
     startFitting();
 }
 
 void AppController::useSystemDock() {
     mode_ = BarMode::systemDock;
     settings_.setMode(mode_);
+    fullScreenWatcher_.stop();
     if (bars_) bars_->hide();
     badges_.reset();
     platform_.dockStrip.release();
@@ -186,8 +202,9 @@ void AppController::startFitting() {
 BarController& AppController::makeBars() {
     if (!bars_) {
         barPanels_ = makeBarPanels_(*this);
-        bars_ = std::make_unique<BarController>(store_, platform_.screens, platform_.coreDock,
-                                                *barPanels_, log_, wantedBarHeight());
+        bars_ = std::make_unique<BarController>(platform_.scheduler, store_, platform_.screens,
+                                                platform_.coreDock, *barPanels_, log_,
+                                                wantedBarHeight());
         bars_->onBarsGone = [this] { refresh_.setPointerOnBar(false); };
         bars_->fullScreenChanged(store_.fullScreen);
         keyboardEntry_ = std::make_unique<KeyboardEntry>(platform_.scheduler, store_, *bars_, log_);

@@ -16,6 +16,8 @@
 #include "model/WindowAnimator.h"
 #include "model/WindowRefresh.h"
 #include "platform/Platform.h"
+#include "spaces/FullScreenWatcher.h"
+#include "spaces/PointerWatcher.h"
 #include "spaces/SpacePoll.h"
 #include "spaces/SpaceSlide.h"
 #include "spaces/SpaceSwitchLog.h"
@@ -109,6 +111,8 @@ class AppController {
     BarSettings settings_;
     PermissionsWindow permissions_;
     BarLook look_;
+    PointerWatcher pointer_;
+    FullScreenWatcher fullScreenWatcher_;
     BarMode mode_;
     WindowFlights flights_;
     WindowAnimator animator_;

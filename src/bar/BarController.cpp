@@ -7,6 +7,10 @@
 namespace larkspan {
 namespace {
 
+/// Seconds for which a guess stands. A window takes less to go to full screen and back, and the
+/// windows are read more often.
+constexpr double guessLifetime = 1.5;
+
 std::vector<Rect> screenFrames(const std::vector<DockBand>& bands) {
     std::vector<Rect> frames;
     for (const auto& band : bands)
@@ -16,9 +20,11 @@ std::vector<Rect> screenFrames(const std::vector<DockBand>& bands) {
 
 } // namespace
 
-BarController::BarController(DockStore& store, Screens& screens, const CoreDock& dock,
-                             BarPanels& panels, DiagnosticsLog& log, double height)
-    : store_(store)
+BarController::BarController(Scheduler& scheduler, DockStore& store, Screens& screens,
+                             const CoreDock& dock, BarPanels& panels, DiagnosticsLog& log,
+                             double height)
+    : scheduler_(scheduler)
+    , store_(store)
     , screens_(screens)
     , dock_(dock)
     , panels_(panels)
@@ -55,7 +61,45 @@ void BarController::fullScreenChanged(const FullScreenState& fullScreen) {
                                   "screen-sized windows on [{}]",
                                   describeFrames(fullScreen_.spaces),
                                   describeFrames(fullScreen_.windows)));
+    if (!fullScreen_.spaces.empty() && !guesses_.empty()) {
+        guesses_.clear();
+        log_.write("bar", fmt::format("macOS shows full-screen Spaces on [{}]; the bar's guesses "
+                                      "give way",
+                                      describeFrames(fullScreen_.spaces)));
+    }
     updateVisibility();
+}
+
+void BarController::windowGrew(const Rect& screenFrame) {
+    log_.write("bar", fmt::format("the front app's window fills [{}]; bars there slide away",
+                                  describeFrames({screenFrame})));
+    guess(screenFrame, Cover::window);
+}
+
+void BarController::windowShrank(const Rect& screenFrame) {
+    log_.write("bar", fmt::format("the front app's window on [{}] shrinks; bars there slide back",
+                                  describeFrames({screenFrame})));
+    guess(screenFrame, Cover::none);
+}
+
+void BarController::guess(const Rect& screenFrame, Cover cover) {
+    dropGuess(screenFrame);
+    guesses_.push_back({screenFrame, cover, scheduler_.after(guessLifetime, [this, screenFrame] {
+                            dropGuess(screenFrame);
+                            updateVisibility();
+                        })});
+    updateVisibility();
+}
+
+void BarController::dropGuess(const Rect& screenFrame) {
+    std::erase_if(guesses_,
+                  [&](const Guess& each) { return isSameScreen(each.screenFrame, screenFrame); });
+}
+
+Cover BarController::coverNow(const Rect& screenFrame) const {
+    const auto guess = std::ranges::find_if(
+        guesses_, [&](const Guess& each) { return isSameScreen(each.screenFrame, screenFrame); });
+    return guess == guesses_.end() ? coverOf(screenFrame, fullScreen_) : guess->cover;
 }
 
 void BarController::layout() {
@@ -74,6 +118,7 @@ void BarController::layout() {
     const auto frames = screenFrames(bands);
     const auto list = describeFrames(frames);
     const bool isSame = frames == bandScreens_ && standsOn(bands);
+    if (!isSame) guesses_.clear();
     bandScreens_ = frames;
     if (isSame) {
         log_.write("layout", fmt::format("same screens; Dock strip on [{}]; only visibility "
@@ -136,7 +181,7 @@ void BarController::updateVisibility() {
     constexpr bool isRevealed = false;
     for (auto& bar : bars_) {
         const auto display = bar.screen.display;
-        const auto cover = coverOf(bar.screen.frame, fullScreen_);
+        const auto cover = coverNow(bar.screen.frame);
         const bool isWanted = isBarShown(isShown_, cover, isRevealed);
         if (cover != std::exchange(lastCover_[display], cover))
             log_.write("bar", fmt::format("display {} cover {}, revealed {}, wanted {}", display,

@@ -5,6 +5,7 @@
 #include "diagnostics/DiagnosticsLog.h"
 #include "dock/DockBand.h"
 #include "model/DockStore.h"
+#include "platform/Scheduler.h"
 #include "platform/Screens.h"
 #include "platform/SystemDock.h"
 
@@ -29,8 +30,8 @@ class BarController {
     };
 
     /// Makes no bars yet. `height` in points.
-    BarController(DockStore& store, Screens& screens, const CoreDock& dock, BarPanels& panels,
-                  DiagnosticsLog& log, double height);
+    BarController(Scheduler& scheduler, DockStore& store, Screens& screens, const CoreDock& dock,
+                  BarPanels& panels, DiagnosticsLog& log, double height);
     BarController(const BarController&) = delete;
     BarController& operator=(const BarController&) = delete;
 
@@ -42,6 +43,12 @@ class BarController {
     void setHeight(double height);
     /// What the window inventory now says about covered screens.
     void fullScreenChanged(const FullScreenState& fullScreen);
+    /// The front app's window grew over the strip of the screen with that frame, or shrank back.
+    /// The bar believes it ahead of the window inventory, for a while.
+    void windowGrew(const Rect& screenFrame);
+    void windowShrank(const Rect& screenFrame);
+    /// Looks again which bars are shown.
+    void updateVisibility();
 
     /// Told when no bar is left that was on screen until now, so that the pointer is on none: a
     /// panel that goes from under it does not tell that it left.
@@ -54,14 +61,24 @@ class BarController {
     const std::optional<std::string>& warning() const { return warning_; }
 
   private:
+    /// What is believed to cover a screen, until its time is over.
+    struct Guess {
+        Rect screenFrame;
+        Cover cover;
+        Handle end;
+    };
+
     void layout();
     void moveBars(const std::vector<DockBand>& bands);
     void buildBars(const std::vector<DockBand>& bands);
-    void updateVisibility();
+    Cover coverNow(const Rect& screenFrame) const;
+    void guess(const Rect& screenFrame, Cover cover);
+    void dropGuess(const Rect& screenFrame);
     void setShown(Bar& bar, bool isShown);
     void updateBarFrames();
     bool standsOn(const std::vector<DockBand>& bands) const;
 
+    Scheduler& scheduler_;
     DockStore& store_;
     Screens& screens_;
     const CoreDock& dock_;
@@ -74,6 +91,7 @@ class BarController {
     /// The frames of the screens that had a strip at the last layout.
     std::vector<Rect> bandScreens_;
     FullScreenState fullScreen_;
+    std::vector<Guess> guesses_;
     std::map<DisplayId, Cover> lastCover_;
     Handle screenChanges_;
 };

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "platform/Geometry.h"
+#include "platform/Handle.h"
 #include "platform/Identifiers.h"
 
 #include <array>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <optional>
 #include <string>
@@ -83,6 +85,16 @@ class Accessibility {
     virtual std::optional<ProcessId> pid(const AXElementRef& element) const = 0;
     /// The window server's number of a window element; absent once the window has gone.
     virtual std::optional<WindowId> window(const AXElementRef& element) const = 0;
+
+    /// Tells the callback, on the main thread, whenever the app sends that notification about the
+    /// element (for an application also about any of its windows), until the handle ends, which
+    /// must be on the main thread. An empty handle when the app does not answer or the element has
+    /// gone, and where apps send no notifications: on a desktop whose window server announces every
+    /// change nobody needs them. An app that hangs or dies sends nothing.
+    virtual Handle observe(const AXElementRef& /*element*/, std::string_view /*notification*/,
+                           std::function<void()> /*callback*/) const {
+        return {};
+    }
 };
 
 /// The permission to record the screen. Main thread only.

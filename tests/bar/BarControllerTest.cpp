@@ -51,7 +51,7 @@ class BarControllerTest : public testing::Test, protected ModelOnMac {
 
     StripScreens screens;
     RecordingPanels panels;
-    BarController bars{store, screens, platform.coreDock, panels, log, 72};
+    BarController bars{mac.scheduler, store, screens, platform.coreDock, panels, log, 72};
 
   private:
     std::size_t logged_ = 0;
@@ -152,6 +152,55 @@ TEST_F(BarControllerTest, ACoveredScreenHidesItsBarAlone) {
     bars.fullScreenChanged({.spaces = {}, .windows = {right}});
     EXPECT_THAT(panels.takeCalls(), ElementsAre("in 1", "out 2"));
     EXPECT_THAT(takeLog(), Contains("bar: display 2 cover window, revealed false, wanted false"));
+}
+
+TEST_F(BarControllerTest, ABarBelievesTheFrontAppsWindowForAWhile) {
+    screens.list = {screen(1, left), screen(2, right)};
+    bars.show();
+    panels.calls.clear();
+    takeLog();
+    bars.windowGrew(left);
+    EXPECT_THAT(panels.takeCalls(), ElementsAre("out 1"));
+    EXPECT_THAT(
+        takeLog(),
+        ElementsAre("bar: the front app's window fills [(0, 0, 1440, 900)]; bars there slide away",
+                    "bar: display 1 cover window, revealed false, wanted false"));
+    mac.scheduler.runFor(1);
+    bars.windowShrank(left);
+    EXPECT_THAT(panels.takeCalls(), ElementsAre("in 1"));
+    EXPECT_THAT(takeLog(), Contains("bar: the front app's window on [(0, 0, 1440, 900)] shrinks; "
+                                    "bars there slide back"));
+    bars.windowGrew(left);
+    mac.scheduler.runFor(1);
+    EXPECT_THAT(panels.takeCalls(), ElementsAre("out 1"));
+    mac.scheduler.runFor(1);
+    EXPECT_THAT(panels.takeCalls(), ElementsAre("in 1")) << "the window list has not confirmed it";
+}
+
+TEST_F(BarControllerTest, TheGuessGivesWayToFullScreenSpacesAndIsConfirmedByAWindow) {
+    screens.list = {screen(1, left), screen(2, right)};
+    bars.show();
+    bars.windowGrew(right);
+    bars.fullScreenChanged({.spaces = {}, .windows = {right}});
+    mac.scheduler.runFor(5);
+    panels.calls.clear();
+    takeLog();
+    bars.windowShrank(right);
+    bars.fullScreenChanged({.spaces = {left, right}, .windows = {}});
+    EXPECT_THAT(panels.takeCalls(), ElementsAre("in 2", "out 1", "out 2"));
+    EXPECT_THAT(takeLog(), Contains("bar: macOS shows full-screen Spaces on [(0, 0, 1440, 900), "
+                                    "(1440, 0, 1280, 720)]; the bar's guesses give way"));
+    mac.scheduler.runFor(5);
+    EXPECT_THAT(panels.takeCalls(), IsEmpty());
+}
+
+TEST_F(BarControllerTest, GuessesEndWithTheScreensTheyWereAbout) {
+    screens.list = {screen(1, left)};
+    bars.show();
+    bars.windowGrew(left);
+    panels.calls.clear();
+    screens.set({screen(3, left)});
+    EXPECT_THAT(panels.takeCalls(), ElementsAre("place 3 at 0,0 1440x72", "in 3"));
 }
 
 TEST_F(BarControllerTest, HiddenBarsComeBackToScreensThatChangedMeanwhile) {

@@ -28,7 +28,7 @@ class KeyboardEntryTest : public testing::Test, protected ModelOnMac {
 
     FixedScreens screens;
     RecordingPanels panels;
-    BarController bars{store, screens, platform.coreDock, panels, log, 72};
+    BarController bars{mac.scheduler, store, screens, platform.coreDock, panels, log, 72};
     KeyboardEntry keyboard{platform.scheduler, store, bars, log};
 };
 

@@ -25,6 +25,8 @@ class MacAccessibility final : public Accessibility {
     AXError performAction(const AXElementRef& element, std::string_view action) const override;
     std::optional<ProcessId> pid(const AXElementRef& element) const override;
     std::optional<WindowId> window(const AXElementRef& element) const override;
+    Handle observe(const AXElementRef& element, std::string_view notification,
+                   std::function<void()> callback) const override;
 
   private:
     const PrivateFunctions& functions_;

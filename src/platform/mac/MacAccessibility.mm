@@ -3,11 +3,19 @@
 #include "platform/mac/MacElement.h"
 #include "platform/mac/text.h"
 
+#include <utility>
+
 namespace larkspan::mac {
 namespace {
 
 AXError errorOf(::AXError error) {
     return static_cast<AXError>(error);
+}
+
+// A copy: the callback may end the observation that holds it.
+void tell(AXObserverRef, AXUIElementRef, CFStringRef, void* callback) {
+    const auto copy = *static_cast<std::function<void()>*>(callback);
+    copy();
 }
 
 } // namespace
@@ -85,6 +93,27 @@ std::optional<WindowId> MacAccessibility::window(const AXElementRef& element) co
         number == 0)
         return std::nullopt;
     return number;
+}
+
+// One observer for each notification, so that its end asks the app nothing: the app learns of it
+// from the observer's port.
+Handle MacAccessibility::observe(const AXElementRef& element, std::string_view notification,
+                                 std::function<void()> callback) const {
+    const auto owner = pid(element);
+    AXObserverRef made = nullptr;
+    if (!owner || AXObserverCreate(*owner, tell, &made) != kAXErrorSuccess) return {};
+    id observer = CFBridgingRelease(made);
+    auto context = std::make_shared<std::function<void()>>(std::move(callback));
+    if (AXObserverAddNotification(made, MacElement::of(element),
+                                  (__bridge CFStringRef)nsString(notification),
+                                  context.get()) != kAXErrorSuccess)
+        return {};
+    CFRunLoopAddSource(CFRunLoopGetMain(), AXObserverGetRunLoopSource(made), kCFRunLoopCommonModes);
+    return Handle([observer, element, context] {
+        CFRunLoopRemoveSource(CFRunLoopGetMain(),
+                              AXObserverGetRunLoopSource((__bridge AXObserverRef)observer),
+                              kCFRunLoopCommonModes);
+    });
 }
 
 } // namespace larkspan::mac

@@ -341,4 +341,12 @@ std::optional<WindowId> SimAccessibility::window(const AXElementRef& ref) const 
     return window->id;
 }
 
+Handle SimAccessibility::observe(const AXElementRef& ref, std::string_view notification,
+                                 std::function<void()> callback) const {
+    const Element& element = of(ref);
+    if (call(element) != AXError::success) return {};
+    return notifications_.observe(element.pid, element.window, std::string(notification),
+                                  std::move(callback));
+}
+
 } // namespace larkspan::sim

@@ -2,6 +2,7 @@
 
 #include "platform/Accessibility.h"
 #include "platform/sim/Applications.h"
+#include "platform/sim/WindowNotifications.h"
 
 namespace larkspan::sim {
 
@@ -28,6 +29,8 @@ class SimAccessibility final : public Accessibility {
     AXError performAction(const AXElementRef& element, std::string_view action) const override;
     std::optional<ProcessId> pid(const AXElementRef& element) const override;
     std::optional<WindowId> window(const AXElementRef& element) const override;
+    Handle observe(const AXElementRef& element, std::string_view notification,
+                   std::function<void()> callback) const override;
 
     /// How often trust was asked for.
     int trustRequests() const { return trustRequests_; }
@@ -52,6 +55,7 @@ class SimAccessibility final : public Accessibility {
     World& world_;
     Applications& applications_;
     Windows& windows_;
+    mutable WindowNotifications notifications_{world_, windows_};
     mutable double systemTimeout_ = 0;
     int trustRequests_ = 0;
 };

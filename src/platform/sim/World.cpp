@@ -150,6 +150,7 @@ void World::tell(InputEventType input, std::uint64_t modifierFlags) {
 }
 
 void World::windowsDidChange() {
+    windowsTouched.emit();
     if (!announcesChanges || windowsChangeIsPosted_) return;
     windowsChangeIsPosted_ = !events.areLost;
     send([this] {

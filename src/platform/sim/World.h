@@ -206,6 +206,8 @@ struct World {
     Signal<> noticesChanged;
     Signal<> dockPreferencesChanged;
     Signal<const InputEvent&> inputEvents;
+    /// Any change of windows, within the call that makes it; nothing that the program hears.
+    Signal<> windowsTouched;
 
     /// Whether this system has the private function of that name.
     bool has(std::string_view function) const { return !missingFunctions.contains(function); }
@@ -242,9 +244,10 @@ struct World {
     /// Silent when no screen differs from the last time.
     void screensMayHaveChanged();
 
-  private:
     /// Tells news in a turn of its own, unless the world's faults have it otherwise.
     void send(std::function<void()> news);
+
+  private:
     void deliver(std::function<void()> news);
 
     std::vector<Screen> lastScreens_;

@@ -13,9 +13,9 @@ namespace {
 
 constexpr const char* convergence = "at rest the model is what a fresh read would give";
 /// The polls of windows, Spaces and badges, the housekeeping, what is still told of moves, the
-/// permissions window, the keyboard, and for each app that was launched from the bar the end of its
-/// mark.
-constexpr std::size_t mostTimers = 8 + Day::appCount;
+/// permissions window, the keyboard, the next question to a front app that hangs, and for each app
+/// that was launched from the bar the end of its mark.
+constexpr std::size_t mostTimers = 9 + Day::appCount;
 
 /// Icons are kept while their tiles are shown, and who is in front is told elsewhere.
 std::vector<RunningApplication> comparable(std::vector<RunningApplication> running) {

@@ -47,7 +47,12 @@ bool chooseLine(Day& day, int line, int) {
 
 bool movePointer(Day& day, int, int isOnBar) {
     if (!day.controller()) return false;
-    const bool isOnAnyBar = isOnBar != 0 && !day.controller()->store().barFrames.empty();
+    const auto& bars = day.controller()->store().barFrames;
+    const bool isOnAnyBar = isOnBar != 0 && !bars.empty();
+    if (isOnAnyBar)
+        day.mac.movePointer({bars.front().x + 1, bars.front().y + 1});
+    else
+        day.mac.movePointer({1, 500});
     day.controller()->refresh().setPointerOnBar(isOnAnyBar);
     return true;
 }

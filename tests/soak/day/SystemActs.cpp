@@ -14,6 +14,10 @@ bool passTime(Day& day, int kind, int) {
     return true;
 }
 
+bool isReading(Day& day) {
+    return day.controller() && !day.controller()->refresh().isAtRest();
+}
+
 /// Nobody does anything for a while, and what is slow or mute recovers. `complaintAtRest` looks
 /// then.
 bool rest(Day& day, int, int) {
@@ -27,6 +31,9 @@ bool rest(Day& day, int, int) {
     // Screens that are lit again say so; of the rest of what was lost nobody ever hears.
     if (std::exchange(world.events.areLost, false)) world.screensChanged.emit();
     day.mac.scheduler.runFor(quietSeconds);
+    // So does a question to a hung app in front, until its time is out.
+    for (int tenths = 0; tenths < 6 && isReading(day); ++tenths)
+        day.mac.scheduler.runFor(0.1);
     return true;
 }
 

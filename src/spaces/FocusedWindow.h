@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/Geometry.h"
+#include "platform/Identifiers.h"
+#include "platform/Screens.h"
+
+#include <optional>
+#include <vector>
+
+namespace larkspan {
+
+/// The focused window of the app in front, as it tells through Accessibility.
+struct FocusedWindow {
+    WindowId id = 0;
+    /// Display coordinates.
+    Rect frame;
+
+    bool operator==(const FocusedWindow&) const = default;
+};
+
+/// The screen that the window fills: it spans its width and reaches from what the menu bar leaves,
+/// or higher, down over the bar's strip. Absent when it fills none.
+std::optional<Screen> screenFilledBy(const Rect& windowFrame, const std::vector<Screen>& screens,
+                                     double barHeight);
+
+} // namespace larkspan
