@@ -1,6 +1,5 @@
 #include "model/IconClick.h"
 
-#include "model/Animation.h"
 #include "spaces/WindowPresence.h"
 
 #include <fmt/format.h>
@@ -46,16 +45,6 @@ IconClick::IconClick(DockStore& store, ItemActions& actions, Scheduler& schedule
 
 void IconClick::click(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame,
                       ClickModifiers modifiers) {
-    const auto regroupingBefore = store_.regroupingIDs;
-    clickWith(modifiers, item, group, tileFrame);
-    // Last, since the item may be one of the lists that are made anew. Nothing else may come to
-    // move the tile: its app's window may have been there for long, behind the pointer.
-    if (store_.regroupingIDs != regroupingBefore)
-        withAnimation(windowReadAnimation, [this] { store_.rebuild(); });
-}
-
-void IconClick::clickWith(ClickModifiers modifiers, const DockItem& item, const DisplayGroup* group,
-                          const Rect& tileFrame) {
     if (modifiers.newInstance) {
         actions_.openNewInstance(item, tileFrame);
         return;

@@ -45,8 +45,6 @@ class IconClick {
         bool answers = true;
     };
 
-    void clickWith(ClickModifiers modifiers, const DockItem& item, const DisplayGroup* group,
-                   const Rect& tileFrame);
     void clickRunning(Clicked clicked);
     void open(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame,
               bool onlyForward);

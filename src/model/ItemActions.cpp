@@ -1,5 +1,6 @@
 #include "model/ItemActions.h"
 
+#include "model/Animation.h"
 #include "model/PinnedSection.h"
 #include "spaces/WindowPresence.h"
 
@@ -177,7 +178,11 @@ void ItemActions::restore(const std::vector<AppWindow>& windows) {
 }
 
 void ItemActions::letTileMove(const std::string& id) {
-    if (store_.isPointerOnBar) store_.regroupingIDs.insert(id);
+    if (!store_.isPointerOnBar || !store_.regroupingIDs.insert(id).second) return;
+    // Nothing else may come to move the tile: its app's window may have been there for long, behind
+    // the pointer. In a turn of its own, since the item may be one of the lists that are made anew.
+    regroup_ = scheduler_.after(
+        0, [this] { withAnimation(windowReadAnimation, [this] { store_.rebuild(); }); });
 }
 
 } // namespace larkspan

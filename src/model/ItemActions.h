@@ -76,6 +76,8 @@ class ItemActions {
     /// While an app is on its way to the front, where its windows are to be spread out.
     Handle comingForward_;
     Handle comingForwardLimit_;
+    /// The making of the lists that moves the tile that may.
+    Handle regroup_;
 };
 
 } // namespace larkspan

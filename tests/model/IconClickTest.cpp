@@ -177,6 +177,7 @@ TEST_F(IconClickTest, LetsTheClickedTileMoveUnderThePointerAndNoOther) {
     settle();
     EXPECT_EQ(background(), "finder mail") << "held where it is, under the pointer";
     clickTile("mail");
+    settle();
     EXPECT_EQ(groups(), "notes mail") << "to its window, which was there before the click";
     clickTile("mail");
     ASSERT_TRUE(isHidden(mail));
