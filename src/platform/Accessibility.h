@@ -86,15 +86,13 @@ class Accessibility {
     /// The window server's number of a window element; absent once the window has gone.
     virtual std::optional<WindowId> window(const AXElementRef& element) const = 0;
 
-    /// Tells the callback, on the main thread, whenever the app sends that notification about the
+    /// Tells the callback, on the main thread, when the app sends that notification about the
     /// element (for an application also about any of its windows), until the handle ends, which
-    /// must be on the main thread. An empty handle when the app does not answer or the element has
-    /// gone, and where apps send no notifications: on a desktop whose window server announces every
-    /// change nobody needs them. An app that hangs or dies sends nothing.
-    virtual Handle observe(const AXElementRef& /*element*/, std::string_view /*notification*/,
-                           std::function<void()> /*callback*/) const {
-        return {};
-    }
+    /// must be on the main thread. News that come together may be told once. An empty handle when
+    /// the app does not answer or the element has gone. An app that hangs sends nothing; whether
+    /// the windows of one that dies are told of as destroyed is left to the desktop.
+    virtual Handle observe(const AXElementRef& element, std::string_view notification,
+                           std::function<void()> callback) const = 0;
 };
 
 /// The permission to record the screen. Main thread only.

@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace larkspan {
 
@@ -49,6 +50,10 @@ class WatchedAccessibility final : public Accessibility {
     }
     std::optional<WindowId> window(const AXElementRef& element) const override {
         return real_.window(element);
+    }
+    Handle observe(const AXElementRef& element, std::string_view notification,
+                   std::function<void()> callback) const override {
+        return real_.observe(element, notification, std::move(callback));
     }
 
   private:

@@ -190,4 +190,54 @@ std::optional<WindowId> X11Accessibility::window(const AXElementRef& reference) 
     return window ? std::optional(window->id) : std::nullopt;
 }
 
+bool X11Accessibility::exists(const AXElementRef& reference) const {
+    const auto owner = pid(reference);
+    return owner && !board_.newest()->windowsOf(*owner).empty();
+}
+
+Handle X11Accessibility::observe(const AXElementRef& reference, std::string_view notification,
+                                 std::function<void()> callback) const {
+    if (!exists(reference)) return {};
+    auto tellIfMeant = [name = std::string(notification), pid = pid(reference),
+                        only = window(reference),
+                        callback = std::move(callback)](const News& news) {
+        if (news.notification == name && news.pid == pid && (!only || news.window == only))
+            callback();
+    };
+    // Begun on the main thread, which may be after the handle has ended there.
+    struct Observation {
+        Handle subscription;
+        bool hasEnded = false;
+    };
+    auto observation = std::make_shared<Observation>();
+    connection_.perform([this, observation, tellIfMeant = std::move(tellIfMeant)] {
+        if (!observation->hasEnded) observation->subscription = news_.subscribe(tellIfMeant);
+    });
+    return Handle([observation] {
+        observation->hasEnded = true;
+        observation->subscription.reset();
+    });
+}
+
+void X11Accessibility::announceSince(const DesktopSnapshot& before) {
+    if (!news_.hasSubscribers()) return;
+    const auto now = board_.newest();
+    const auto tell = [this](const ClientWindow& window, std::string_view notification) {
+        news_.emit({notification, window.owner, window.id});
+    };
+    for (const auto& was : before.windows) {
+        const auto is = now->find(was->id);
+        if (is == was) continue;
+        if (!is) {
+            tell(*was, "AXUIElementDestroyed");
+            continue;
+        }
+        const Rect &from = was->bounds, &to = is->bounds;
+        if (from.x != to.x || from.y != to.y) tell(*is, "AXWindowMoved");
+        if (from.width != to.width || from.height != to.height) tell(*is, "AXWindowResized");
+    }
+    const auto active = now->find(now->activeWindow);
+    if (active && active->id != before.activeWindow) tell(*active, "AXFocusedWindowChanged");
+}
+
 } // namespace larkspan::x11

@@ -133,10 +133,12 @@ void X11Desktop::Parts::settle() {
     if (haveWindowsChanged) table.update(mirror.windows());
     const bool haveScreensChanged = screens.update() || std::exchange(areScreensStale, false);
     const bool haveApplicationsChanged = std::exchange(areApplicationsStale, false);
+    const auto before = board.newest();
     if (haveWindowsChanged || haveScreensChanged) post();
     if (haveWindowsChanged || haveApplicationsChanged) workspace.update();
     if (haveScreensChanged) screens.announce();
     if (haveWindowsChanged || haveScreensChanged) windowServer.announce();
+    if (haveWindowsChanged) accessibility.announceSince(*before);
     if (haveWindowsChanged) notices.update();
 }
 

@@ -36,6 +36,11 @@ class DesktopWorld {
     /// An app that was opened through the interfaces finishes launching and shows its window.
     virtual void finishLaunching(const std::string& app) = 0;
     virtual void closeWindow(WindowId window) = 0;
+    /// By so much; as its app or its user does it.
+    virtual void moveWindow(WindowId window, Point by) = 0;
+    virtual void resizeWindow(WindowId window, Size by) = 0;
+    /// Ends the app without a word, with all of its windows.
+    virtual void kill(const std::string& app) = 0;
     virtual void minimize(WindowId window) = 0;
     /// The app's process no longer handles events, or does again.
     virtual void hang(const std::string& app, bool hangs) = 0;

@@ -1,3 +1,4 @@
+#include "platform/contract/AXObserverContract.h"
 #include "platform/contract/AccessibilityContract.h"
 #include "platform/contract/CoreDockContract.h"
 #include "platform/contract/DockPreferencesContract.h"
@@ -165,6 +166,7 @@ INSTANTIATE_TEST_SUITE_P(Simulated, ScreensContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, WindowServerContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, AccessibilityContract, desktops);
+INSTANTIATE_TEST_SUITE_P(Simulated, AXObserverContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, EventMonitorsContract, desktops);
 
 } // namespace

@@ -35,6 +35,16 @@ class SimDesktopWorld : public DesktopWorld {
     // It does so by itself, in a while.
     void finishLaunching(const std::string&) override {}
     void closeWindow(WindowId window) override { mac_.closeWindow(window); }
+    void moveWindow(WindowId window, Point by) override {
+        const Rect frame = mac_.world().window(window)->frame;
+        mac_.moveWindow(window, {frame.x + by.x, frame.y + by.y, frame.width, frame.height});
+    }
+    void resizeWindow(WindowId window, Size by) override {
+        const Rect frame = mac_.world().window(window)->frame;
+        mac_.moveWindow(window,
+                        {frame.x, frame.y, frame.width + by.width, frame.height + by.height});
+    }
+    void kill(const std::string& app) override { mac_.kill(mac_.pidOf(identifier(app))); }
     void minimize(WindowId window) override { mac_.minimize(window); }
     void hang(const std::string& app, bool hangs) override {
         mac_.hang(mac_.pidOf(identifier(app)), hangs);

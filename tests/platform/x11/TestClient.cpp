@@ -76,6 +76,13 @@ void TestClient::move(WindowId window, int x, int y) {
     xcb_flush(connection_);
 }
 
+void TestClient::resize(WindowId window, int width, int height) {
+    const std::int32_t size[] = {width, height};
+    xcb_configure_window(connection_, window, XCB_CONFIG_WINDOW_WIDTH | XCB_CONFIG_WINDOW_HEIGHT,
+                         size);
+    xcb_flush(connection_);
+}
+
 void TestClient::iconify(WindowId window) {
     ask(window, "WM_CHANGE_STATE", {3});
 }

@@ -47,6 +47,7 @@ class TestClient {
     void map(WindowId window);
     void withdraw(WindowId window);
     void move(WindowId window, int x, int y);
+    void resize(WindowId window, int width, int height);
     void iconify(WindowId window);
 
     xcb_atom_t atom(const std::string& name);

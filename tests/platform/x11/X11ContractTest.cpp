@@ -1,3 +1,4 @@
+#include "platform/contract/AXObserverContract.h"
 #include "platform/contract/AccessibilityContract.h"
 #include "platform/contract/EventMonitorsContract.h"
 #include "platform/contract/ScreensContract.h"
@@ -15,6 +16,7 @@ INSTANTIATE_TEST_SUITE_P(X11, ScreensContract, desktop);
 INSTANTIATE_TEST_SUITE_P(X11, WindowServerContract, desktop);
 INSTANTIATE_TEST_SUITE_P(X11, WorkspaceContract, desktop);
 INSTANTIATE_TEST_SUITE_P(X11, AccessibilityContract, desktop);
+INSTANTIATE_TEST_SUITE_P(X11, AXObserverContract, desktop);
 INSTANTIATE_TEST_SUITE_P(X11, EventMonitorsContract, desktop);
 
 } // namespace

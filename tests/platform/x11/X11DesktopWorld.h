@@ -46,6 +46,18 @@ class X11DesktopWorld : public DesktopWorld {
     }
     void finishLaunching(const std::string& app) override { openWindow(app, {}); }
     void closeWindow(WindowId window) override { owners_.at(window)->destroy(window); }
+    void moveWindow(WindowId window, Point by) override {
+        auto& client = *owners_.at(window);
+        const Rect area = client.areaOf(window);
+        client.move(window, static_cast<int>(area.x + by.x), static_cast<int>(area.y + by.y));
+    }
+    void resizeWindow(WindowId window, Size by) override {
+        auto& client = *owners_.at(window);
+        const Rect area = client.areaOf(window);
+        client.resize(window, static_cast<int>(area.width + by.width),
+                      static_cast<int>(area.height + by.height));
+    }
+    void kill(const std::string& app) override { clients_.erase(app); }
     void minimize(WindowId window) override { owners_.at(window)->iconify(window); }
     void hang(const std::string& app, bool hangs) override {
         if (hangs)

@@ -1,0 +1,123 @@
+#pragma once
+
+#include "platform/contract/DesktopWorld.h"
+
+#include <gmock/gmock.h>
+#include <set>
+#include <utility>
+
+namespace larkspan::contract {
+
+/// What every adapter must tell of windows that are observed through Accessibility.
+class AXObserverContract : public DesktopContract {
+  protected:
+    /// Writes down each notification that comes, under that label.
+    void observe(const AXElementRef& element, const std::string& label = "") {
+        for (const char* name : {"AXFocusedWindowChanged", "AXWindowMoved", "AXWindowResized",
+                                 "AXUIElementDestroyed"}) {
+            auto handle =
+                ax_.observe(element, name, [this, line = label + name] { told_.insert(line); });
+            EXPECT_TRUE(handle) << name;
+            handles_.push_back(std::move(handle));
+        }
+        // An observation may begin with the next turn.
+        runUntil([] { return true; });
+    }
+    AXElementRef app(WindowId window) const { return ax_.createApplication(owner(window)); }
+    AXElementRef element(WindowId window) const {
+        const auto windows = ax_.attribute(app(window), "AXWindows");
+        for (const auto& each : *windows.as<std::vector<AXElementRef>>())
+            if (ax_.window(each) == window) return each;
+        ADD_FAILURE() << "no element of window " << window;
+        return nullptr;
+    }
+    /// What was told by the time that this was.
+    std::set<std::string> toldWith(const std::string& line) {
+        EXPECT_TRUE(runUntil([&] { return told_.contains(line); })) << line;
+        return std::exchange(told_, {});
+    }
+
+    Accessibility& ax_ = platform_.accessibility;
+    std::vector<Handle> handles_;
+    std::set<std::string> told_;
+};
+
+TEST_P(AXObserverContract, AnAppTellsOfAnyOfItsWindowsAndOfWhatHappenedOnly) {
+    const auto first = world_->openWindow("writer");
+    observe(app(first));
+    const auto second = world_->openWindow("writer");
+    toldWith("AXFocusedWindowChanged");
+    for (const auto window : {first, second}) {
+        world_->moveWindow(window, {30, 20});
+        EXPECT_THAT(toldWith("AXWindowMoved"), testing::ElementsAre("AXWindowMoved"));
+        world_->resizeWindow(window, {40, 50});
+        EXPECT_THAT(toldWith("AXWindowResized"), testing::ElementsAre("AXWindowResized"));
+    }
+    world_->closeWindow(second);
+    EXPECT_THAT(toldWith("AXUIElementDestroyed"), testing::Contains("AXUIElementDestroyed"));
+}
+
+TEST_P(AXObserverContract, TheNewsIsThereToBeReadWhenItIsTold) {
+    const auto window = world_->openWindow("writer");
+    const auto ax = element(window);
+    const double width = ax_.attribute(ax, "AXSize").as<Size>()->width;
+    std::optional<double> read;
+    const Handle observer = ax_.observe(app(window), "AXWindowResized", [&] {
+        read = ax_.attribute(ax, "AXSize").as<Size>()->width;
+    });
+    world_->resizeWindow(window, {40, 0});
+    ASSERT_TRUE(runUntil([&] { return read.has_value(); }));
+    EXPECT_EQ(read, width + 40);
+}
+
+TEST_P(AXObserverContract, AWindowTellsOfItselfOnly) {
+    const auto first = world_->openWindow("writer");
+    const auto second = world_->openWindow("writer");
+    const auto other = world_->openWindow("painter");
+    observe(element(first), "first ");
+    observe(app(other), "painter ");
+    world_->moveWindow(second, {30, 20});
+    world_->closeWindow(second);
+    ASSERT_TRUE(runUntil([&] { return !entry(second); }));
+    told_.erase("first AXFocusedWindowChanged");
+    EXPECT_THAT(told_, testing::IsEmpty()) << "but for the focus, which may go to the first";
+    world_->closeWindow(first);
+    EXPECT_THAT(toldWith("first AXUIElementDestroyed"),
+                testing::ElementsAre("first AXUIElementDestroyed"));
+}
+
+TEST_P(AXObserverContract, WhatHasEndedHearsNothingAndMayEndWithItsNews) {
+    const auto window = world_->openWindow("writer");
+    int ended = 0, once = 0, told = 0;
+    Handle first = ax_.observe(app(window), "AXWindowMoved", [&] { ++ended; });
+    Handle second;
+    second = ax_.observe(app(window), "AXWindowMoved", [&] {
+        ++once;
+        second.reset();
+    });
+    const Handle third = ax_.observe(element(window), "AXWindowMoved", [&] { ++told; });
+    first.reset();
+    world_->moveWindow(window, {30, 20});
+    ASSERT_TRUE(runUntil([&] { return told == 1; }));
+    world_->moveWindow(window, {30, 20});
+    ASSERT_TRUE(runUntil([&] { return told == 2; }));
+    EXPECT_EQ(once, 1);
+    EXPECT_EQ(ended, 0);
+}
+
+TEST_P(AXObserverContract, AnAppThatDiesSaysNothingMoreOfItsPlaceAndFocus) {
+    const auto window = world_->openWindow("writer");
+    const auto second = world_->openWindow("writer");
+    const auto observed = app(window);
+    const auto gone = element(window);
+    observe(observed);
+    world_->kill("writer");
+    ASSERT_TRUE(runUntil([&] { return !entry(window) && !entry(second); }));
+    EXPECT_FALSE(ax_.observe(observed, "AXWindowMoved", [] {}));
+    EXPECT_FALSE(ax_.observe(gone, "AXUIElementDestroyed", [] {}));
+    world_->openWindow("painter");
+    told_.erase("AXUIElementDestroyed");
+    EXPECT_THAT(told_, testing::IsEmpty());
+}
+
+} // namespace larkspan::contract
