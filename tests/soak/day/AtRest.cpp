@@ -159,6 +159,11 @@ Verdict panelsComplaint(Day& day) {
         return Complaint{"the frames of the bars are known", {}};
     if (shown.empty() && controller.store().isPointerOnBar)
         return Complaint{"the pointer is on no bar where none shows", {}};
+    // Where windows are polled the pointer is looked for too; elsewhere the views alone tell.
+    if (!day.mac.world().announcesChanges && controller.store().isPointerOnBar &&
+        std::ranges::none_of(
+            known, [&](const Rect& bar) { return bar.contains(day.mac.world().pointer); }))
+        return Complaint{"at rest no tile is held for a pointer that is elsewhere", {}};
     if (controller.mode() == BarMode::systemDock)
         return require(shown.empty(), "no bar shows while the Dock is in use");
     const auto platform = day.mac.platform();

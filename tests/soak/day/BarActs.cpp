@@ -45,6 +45,7 @@ bool chooseLine(Day& day, int line, int) {
     return true;
 }
 
+/// And the views hear of it.
 bool movePointer(Day& day, int, int isOnBar) {
     if (!day.controller()) return false;
     const auto& bars = day.controller()->store().barFrames;
@@ -54,6 +55,29 @@ bool movePointer(Day& day, int, int isOnBar) {
     else
         day.mac.movePointer({1, 500});
     day.controller()->refresh().setPointerOnBar(isOnAnyBar);
+    return true;
+}
+
+/// To the bottom, the middle or the top of a display; no view hears of it.
+bool movePointerUnheard(Day& day, int display, int height) {
+    const auto id = day.display(display);
+    for (const auto& screen : day.mac.platform().screens.screens()) {
+        if (screen.display != id) continue;
+        const Rect& frame = screen.frame;
+        day.mac.movePointer({frame.x + frame.width / 2, frame.y + frame.height * height / 2});
+        return true;
+    }
+    return false;
+}
+
+/// Wherever the pointer is, in another program.
+bool releaseMouse(Day& day, int, int) {
+    day.mac.click(day.mac.world().pointer);
+    return true;
+}
+
+bool pressKey(Day& day, int, int isCommand) {
+    day.mac.pressKey(isCommand != 0 ? ModifierFlag::command : 0);
     return true;
 }
 
@@ -126,6 +150,9 @@ std::vector<Act> barActs() {
         {"openMenu", 14, Day::appCount, 6, openMenu},
         {"chooseLine", 14, 8, 1, chooseLine},
         {"movePointer", 20, 1, 2, movePointer},
+        {"movePointerUnheard", 12, 4, 3, movePointerUnheard},
+        {"releaseMouse", 8, 1, 1, releaseMouse},
+        {"pressKey", 6, 1, 2, pressKey},
         {"focusBar", 3, 1, 1, focusBar},
         {"dragPinned", 3, 4, 4, dragPinned},
         {"setBarHeight", 2, 6, 1, setBarHeight},

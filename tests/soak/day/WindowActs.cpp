@@ -80,6 +80,20 @@ bool resizeWindow(Day& day, int app, int kind) {
     return true;
 }
 
+/// Over the whole screen, or what the menu bar leaves of it, without a Space of its own; or small
+/// again.
+bool fillScreen(Day& day, int app, int kind) {
+    const auto id = day.window(app, kind % 2);
+    const auto* window = day.mac.world().window(id);
+    if (!window || day.mac.world().displays.empty()) return false;
+    const Rect bounds = day.mac.world().displayOf(*window).bounds;
+    const Rect frames[] = {bounds,
+                           {bounds.x, bounds.y + 25, bounds.width, bounds.height - 25},
+                           {bounds.x + 50, bounds.y + 50, 600, 400}};
+    day.mac.moveWindow(id, frames[kind / 2]);
+    return true;
+}
+
 bool fadeWindow(Day& day, int app, int percent) {
     auto* window = day.mac.world().window(day.window(app, 0));
     if (!window) return false;
@@ -106,6 +120,7 @@ std::vector<Act> windowActs() {
         {"focusWindow", 14, Day::appCount, windowsCounted, toWindow<&SimMac::focusWindow>},
         {"moveWindow", 16, Day::appCount, 20, moveWindow},
         {"resizeWindow", 8, Day::appCount, 8, resizeWindow},
+        {"fillScreen", 12, Day::appCount, 6, fillScreen},
         {"fadeWindow", 3, Day::appCount, 3, fadeWindow},
         {"renameWindow", 3, Day::appCount, 3, renameWindow},
         {"enterFullScreen", 6, Day::appCount, windowsCounted, toWindow<&SimMac::enterFullScreen>},
