@@ -55,6 +55,7 @@ TEST_F(TilePlacesTest, AWindowIsWrittenOnOnlyWhenItsTileMoves) {
     const auto letter = open("Writer");
     const std::uint32_t properties = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(client.raw(), letter, XCB_CW_EVENT_MASK, &properties);
+    client.sync();
     const auto pid = ownerOf(letter);
     setTiles({{pid, {500, 660, 52, 60}}});
     ASSERT_TRUE(isAt(letter, {500, 660, 52, 60}));
