@@ -45,6 +45,8 @@ class WindowRefresh {
     /// The Spaces stand still again, whether or not another one shows now.
     void endSpaceSwitch();
 
+    /// Windows that the window server still lists on Spaces out of view, and their apps no longer.
+    std::set<WindowId> closedWindows() const { return reach_.closed(); }
     /// No read is in flight, asked for or held back.
     bool isAtRest() const {
         return !isReadingWindows_ && !readAgain_ && !rebuildAfterRead_ && !isSwitchingSpaces_;

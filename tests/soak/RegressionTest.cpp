@@ -57,6 +57,17 @@ const PastDay pastDays[] = {
       {"switchSpace", 0, 0},
       {"passTime", 0, 0},
       {"chooseLine", 0, 0}}},
+    {"WhatAnAppDoesNotConfirmStaysLeftOut",
+     {{"launch", 7, 3},
+      {"launch", 4, 1},
+      {"passTime", 9, 0},
+      {"passTime", 9, 0},
+      {"openOddWindow", 5, 8},
+      {"openOddWindow", 8, 0},
+      {"openWindow", 5, 0},
+      {"enterFullScreen", 5, 0},
+      {"passTime", 7, 0},
+      {"renameWindow", 5, 1}}},
 };
 
 INSTANTIATE_TEST_SUITE_P(Steps, PastDays, testing::ValuesIn(pastDays),

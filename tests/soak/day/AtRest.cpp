@@ -113,18 +113,41 @@ Verdict rebuildChangesNothing(const DockStore& store, DockStore& fresh) {
                    fmt::format("{}\nbecomes {}", layoutOf(store), layoutOf(fresh)));
 }
 
+/// Windows on Spaces out of view that their apps were asked about, and do not count as windows.
+Verdict closedComplaint(const sim::World& world, const std::set<WindowId>& closed) {
+    const auto isOrdinary = [&](const sim::Window& window) {
+        return closed.contains(window.id) &&
+               (window.subrole == "AXStandardWindow" || window.subrole == "AXDialog");
+    };
+    return require(std::ranges::none_of(world.windows, isOrdinary),
+                   "no window that its app would confirm counts as closed");
+}
+
+/// An app that has been asked may hang by now, so what came of it is told the fresh model.
+void leaveOut(const std::set<WindowId>& closed, BareModel& fresh) {
+    if (closed.empty()) return;
+    const WindowReader reader(fresh.platform.windowServer);
+    auto read = reader.read(fresh.platform.screens.screens(), closed);
+    if (!read) return;
+    fresh.store.applyWindowRead(*std::move(read));
+    fresh.store.rebuild();
+}
+
 Verdict modelComplaint(Day& day) {
     const auto& world = day.mac.world();
     const auto& store = day.controller()->store();
+    const auto closed = day.controller()->refresh().closedWindows();
     for (const auto& [pid, slots] : store.seenSlots)
         if (!world.app(pid)) return Complaint{"the memory of an app ends with it", {}};
     if (!day.controller()->refresh().isAtRest())
         return Complaint{"every flag of the reads is back at rest", {}};
+    if (auto complaint = closedComplaint(world, closed)) return complaint;
     // Nobody can know more than before.
     if (!world.windowListAnswers) return std::nullopt;
     BareModel fresh(day.mac.platform());
     fresh.store.showsEmptyDesktops.set(*store.showsEmptyDesktops);
     fresh.start();
+    leaveOut(closed, fresh);
     if (auto complaint = sameFacts(store, fresh.store)) return complaint;
     if (auto complaint = samePlaces(store, fresh.store)) return complaint;
     return rebuildChangesNothing(store, fresh.store);
