@@ -25,9 +25,13 @@ bool rest(Day& day, int, int) {
     world.windowListSeconds = 0;
     world.displaysAfterRead.reset();
     day.mac.scheduler.queueLatency = 0;
-    // The simulated queues share one thread: an app asked on one keeps a read on another waiting.
-    for (auto& app : world.apps)
+    for (auto& app : world.apps) {
+        // The simulated queues share one thread: an app asked on one keeps a read on another
+        // waiting.
         app.answerSeconds = 0;
+        // A hung app in front is asked again and again; that shall not be its end just now.
+        app.callsUntilDeath.reset();
+    }
     // Screens that are lit again say so; of the rest of what was lost nobody ever hears.
     if (std::exchange(world.events.areLost, false)) world.screensChanged.emit();
     day.mac.scheduler.runFor(quietSeconds);
