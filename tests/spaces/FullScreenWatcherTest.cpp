@@ -154,6 +154,16 @@ TEST_F(FullScreenWatcherTest, ALateAnswerAboutAnEarlierAppIsForgotten) {
     EXPECT_THAT(takeTold(), ElementsAre("grown 0"));
 }
 
+TEST_F(FullScreenWatcherTest, AnAppThatComesForwardDuringTheQuestionToAnotherIsFollowed) {
+    mac.scheduler.queueLatency = 0.1;
+    mac.activate(notes);
+    mac.scheduler.runFor(0.05);
+    mac.activate(movie);
+    takeTold();
+    grow();
+    EXPECT_THAT(takeTold(), ElementsAre("grown 0"));
+}
+
 TEST_F(FullScreenWatcherTest, DoubledNewsTellsOnceAndLostNewsIsMadeUpForByTheNext) {
     mac.doubleEvents();
     grow();
