@@ -12,12 +12,12 @@ namespace {
 
 /// As "2026-05-01 12:34:56.789Z".
 std::string timeText(double secondsSince1970) {
-    using namespace std::chrono;
-    const sys_time<milliseconds> time(
-        milliseconds(static_cast<std::int64_t>(secondsSince1970 * 1000)));
-    const auto day = floor<days>(time);
-    const year_month_day date(day);
-    const hh_mm_ss clock(time - day);
+    namespace chrono = std::chrono;
+    const chrono::sys_time<chrono::milliseconds> time(
+        chrono::milliseconds(static_cast<std::int64_t>(secondsSince1970 * 1000)));
+    const auto day = chrono::floor<chrono::days>(time);
+    const chrono::year_month_day date(day);
+    const chrono::hh_mm_ss clock(time - day);
     return fmt::format("{:04}-{:02}-{:02} {:02}:{:02}:{:02}.{:03}Z", static_cast<int>(date.year()),
                        static_cast<unsigned>(date.month()), static_cast<unsigned>(date.day()),
                        clock.hours().count(), clock.minutes().count(), clock.seconds().count(),

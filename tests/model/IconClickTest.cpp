@@ -186,6 +186,9 @@ TEST_F(IconClickTest, LetsTheClickedTileMoveUnderThePointerAndNoOther) {
     settle();
     EXPECT_EQ(groups(), "notes mail");
     EXPECT_TRUE(store.regroupingIDs.empty());
+    clickTile("mail");
+    EXPECT_FALSE(isHidden(mail));
+    EXPECT_TRUE(store.regroupingIDs.empty()) << "by keyboard nothing is held, nor let go";
 }
 
 TEST_F(IconClickTest, GivesUpTheMarkOfAnAppThatNeverComes) {

@@ -7,7 +7,6 @@
 namespace larkspan::x11 {
 
 void TilePlaces::setTiles(DisplayId display, const std::map<ProcessId, Rect>& tiles) {
-    if (tiles_[display] == tiles) return;
     tiles_[display] = tiles;
     write();
 }
