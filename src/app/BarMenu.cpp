@@ -53,8 +53,18 @@ void addLook(Menu& menu, BarLook& look) {
     menu.push_back(choice("Frosted", look.glass, GlassKind::regular));
 }
 
+bool hasSystemDock(const CoreDock& dock) {
+    return DockProfile::current(dock).has_value();
+}
+
 void addHeights(Menu& menu, AppController& controller) {
     menu.push_back(heading("Height"));
+    const auto& dock = controller.platform().coreDock;
+    // A higher bar would lie over windows when the Dock below cannot grow with it.
+    if (const auto why = whyNoResize(dock); why && hasSystemDock(dock)) {
+        menu.push_back({.title = std::string(*why), .isEnabled = false});
+        return;
+    }
     const auto current = controller.barHeight();
     for (const auto& step : heightSteps)
         menu.push_back(
@@ -77,8 +87,7 @@ void addProgram(Menu& menu, AppController& controller) {
                            platform.loginItem.status() == LoginItem::Status::enabled,
                            [&controller] { controller.toggleLoginItem(); }));
     // Where no Dock takes the bar's place, all that is left to say is that the bar goes.
-    const bool hasSystemDock = DockProfile::current(platform.coreDock).has_value();
-    menu.push_back(action(hasSystemDock ? "Use the macOS Dock" : "Hide the bar",
+    menu.push_back(action(hasSystemDock(platform.coreDock) ? "Use the macOS Dock" : "Hide the bar",
                           [&controller] { controller.useSystemDock(); }));
     menu.push_back(
         action("Quit Larkspan", [&controller] { controller.platform().application.terminate(); }));

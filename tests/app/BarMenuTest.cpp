@@ -2,6 +2,7 @@
 
 #include "app/LaunchedApp.h"
 
+#include <algorithm>
 #include <gmock/gmock.h>
 
 namespace larkspan {
@@ -68,6 +69,17 @@ TEST_F(BarMenuTest, EachChoiceIsMadeAtOnce) {
 TEST_F(BarMenuTest, AHeightOfTheUsersOwnIsNoneOfTheSteps) {
     app.controller.setBarHeight(60);
     EXPECT_THAT(checked(), ElementsAre("Island", "Clear", "Show Trash"));
+}
+
+TEST_F(BarMenuTest, OffersNoHeightThatTheDockCannotFollow) {
+    mac.removeFunction("CoreDockSetTileSize");
+    const auto menu = barMenu(app.controller);
+    const auto height = std::ranges::find(menu, "Height", &MenuItem::title);
+    ASSERT_NE(height, menu.end());
+    EXPECT_EQ(height[1].title,
+              "Larkspan cannot resize the Dock on this Mac, so the height stays as it is.");
+    EXPECT_FALSE(height[1].isEnabled);
+    EXPECT_EQ(height[2].kind, MenuItem::Kind::separator);
 }
 
 TEST_F(BarMenuTest, LeadsToTheDockAndOut) {
