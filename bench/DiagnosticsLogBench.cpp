@@ -1,8 +1,8 @@
 // What a line of the diagnostics costs whoever writes it, once the log is full and each new line
 // pushes out the oldest.
 
+#include "adapters/sim/VirtualScheduler.h"
 #include "diagnostics/DiagnosticsLog.h"
-#include "platform/sim/VirtualScheduler.h"
 
 #include <benchmark/benchmark.h>
 #include <fmt/format.h>

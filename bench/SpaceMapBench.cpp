@@ -1,8 +1,8 @@
 // What the Space map costs on a desk of 20 displays with 30 Spaces each, as the window server's
 // answers are written down here.
 
-#include "platform/mac/PropertyView.h"
-#include "platform/mac/decode/managedSpaces.h"
+#include "adapters/mac/PropertyView.h"
+#include "adapters/mac/decode/managedSpaces.h"
 #include "spaces/RecordedWindowServer.h"
 #include "spaces/SpaceMapReader.h"
 

@@ -2,8 +2,8 @@
 // Spaces each. The window server answers what was written down; its answer is a copy, whose price
 // stands beside.
 
-#include "platform/mac/PropertyView.h"
-#include "platform/mac/decode/windowList.h"
+#include "adapters/mac/PropertyView.h"
+#include "adapters/mac/decode/windowList.h"
 #include "spaces/RecordedWindowServer.h"
 #include "spaces/WindowPresence.h"
 #include "spaces/WindowReader.h"

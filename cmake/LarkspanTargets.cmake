@@ -19,12 +19,18 @@ function(larkspan_options target)
     endif()
 endfunction()
 
-# larkspan_library(folder [DEPENDS targets…]): the static library of one folder under src/, made of every
-# source directly inside it (.mm is Objective-C++, in the Mac's folder only). `platform/x11` becomes larkspan_x11.
+# larkspan_library(folder [ROOMS folders…] [DEPENDS targets…]): the static library of one folder under src/, made of
+# every source directly inside it and inside its rooms (.mm is Objective-C++, in the Mac's folder only).
+# `adapters/x11` becomes larkspan_x11.
 function(larkspan_library folder)
-    cmake_parse_arguments(ARG "" "" "DEPENDS" ${ARGN})
+    cmake_parse_arguments(ARG "" "" "ROOMS;DEPENDS" ${ARGN})
     get_filename_component(name ${folder} NAME)
-    file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/*.cpp ${CMAKE_SOURCE_DIR}/src/${folder}/*.mm)
+    set(sources)
+    foreach(room IN LISTS ARG_ROOMS ITEMS .)
+        file(GLOB found CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/src/${folder}/${room}/*.cpp
+            ${CMAKE_SOURCE_DIR}/src/${folder}/${room}/*.mm)
+        list(APPEND sources ${found})
+    endforeach()
     if(sources)
         add_library(larkspan_${name} STATIC ${sources})
         larkspan_options(larkspan_${name})

@@ -1,20 +1,20 @@
+#include "adapters/qt/ControlSocket.h"
+#include "adapters/qt/QtScheduler.h"
+#include "adapters/qt/WholeFile.h"
 #include "app/AppDelegate.h"
-#include "app/CommandLine.h"
-#include "app/Control.h"
+#include "control/CommandLine.h"
+#include "control/Control.h"
 #include "platform/Desktop.h"
-#include "platform/qt/ControlSocket.h"
-#include "platform/qt/QtScheduler.h"
-#include "platform/qt/WholeFile.h"
-#include "ui/AppearanceWatch.h"
-#include "ui/Environment.h"
-#include "ui/PermissionsPanel.h"
-#include "ui/QuickBarPanels.h"
-#include "ui/Views.h"
+#include "ui/bar/QuickBarPanels.h"
 #include "ui/demo/Demo.h"
+#include "ui/parts/AppearanceWatch.h"
+#include "ui/parts/Environment.h"
+#include "ui/parts/Views.h"
+#include "ui/permissions/PermissionsPanel.h"
 #ifdef __APPLE__
-#include "platform/mac/MacStart.h"
+#include "adapters/mac/MacStart.h"
 #else
-#include "platform/x11/X11Start.h"
+#include "adapters/x11/X11Start.h"
 #endif
 
 #include <QGuiApplication>

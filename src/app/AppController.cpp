@@ -28,7 +28,9 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
              platform.dockPreferences, animator_, log_)
     , refresh_(store_, platform.scheduler, platform.workspace, platform.screens,
                platform.windowServer, platform.accessibility, platform.dockPreferences,
-               platform.trash, platform.eventMonitors, log_)
+               platform.eventMonitors, log_)
+    , trashWatch_(platform.scheduler, platform.trash,
+                  [this](bool isEmpty) { store_.isTrashEmpty.set(isEmpty); })
     , mover_(platform.scheduler, platform.windowServer)
     , actions_(store_, platform.scheduler, platform.workspace, platform.applications,
                platform.accessibility, platform.coreDock, platform.loginItems)

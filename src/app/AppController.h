@@ -1,7 +1,5 @@
 #pragma once
 
-#include "app/BarLook.h"
-#include "app/BarSettings.h"
 #include "app/PermissionsWindow.h"
 #include "bar/BarController.h"
 #include "bar/KeyboardEntry.h"
@@ -16,6 +14,8 @@
 #include "model/WindowAnimator.h"
 #include "model/WindowRefresh.h"
 #include "platform/Platform.h"
+#include "settings/BarLook.h"
+#include "settings/BarSettings.h"
 #include "spaces/FullScreenWatcher.h"
 #include "spaces/PointerWatcher.h"
 #include "spaces/SpacePoll.h"
@@ -23,6 +23,7 @@
 #include "spaces/SpaceSwitchLog.h"
 #include "spaces/SwipeListener.h"
 #include "spaces/WindowMover.h"
+#include "tools/trash/TrashWatch.h"
 
 #include <functional>
 #include <memory>
@@ -118,6 +119,7 @@ class AppController {
     WindowAnimator animator_;
     DockStore store_;
     WindowRefresh refresh_;
+    TrashWatch trashWatch_;
     WindowMover mover_;
     ItemActions actions_;
     IconClick click_;

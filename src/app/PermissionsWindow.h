@@ -1,10 +1,11 @@
 #pragma once
 
 #include "platform/Accessibility.h"
+#include "platform/ApplicationControl.h"
+#include "platform/HostApplication.h"
 #include "platform/Observed.h"
 #include "platform/Scheduler.h"
-#include "platform/Shell.h"
-#include "platform/Workspace.h"
+#include "platform/ScreenCapture.h"
 
 namespace larkspan {
 

@@ -5,9 +5,9 @@
 #include "diagnostics/DiagnosticsLog.h"
 #include "dock/DockBand.h"
 #include "model/DockStore.h"
+#include "platform/CoreDock.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
-#include "platform/SystemDock.h"
 
 #include <functional>
 #include <map>

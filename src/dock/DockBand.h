@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/CoreDock.h"
 #include "platform/Geometry.h"
 #include "platform/Screens.h"
-#include "platform/SystemDock.h"
 
 #include <optional>
 #include <string_view>

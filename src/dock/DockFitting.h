@@ -1,8 +1,8 @@
 #pragma once
 
+#include "platform/CoreDock.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
-#include "platform/SystemDock.h"
 
 #include <functional>
 

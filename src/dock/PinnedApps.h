@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/SystemDock.h"
+#include "platform/ApplicationControl.h"
+#include "platform/DockPreferences.h"
 #include "platform/Workspace.h"
 
 #include <string>

@@ -5,8 +5,8 @@
 #include "model/DockStore.h"
 #include "platform/Accessibility.h"
 #include "platform/AppNotices.h"
+#include "platform/CoreDock.h"
 #include "platform/Scheduler.h"
-#include "platform/SystemDock.h"
 #include "platform/Workspace.h"
 
 #include <cstddef>

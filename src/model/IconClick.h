@@ -5,6 +5,7 @@
 #include "model/DockStore.h"
 #include "model/ItemActions.h"
 #include "platform/Accessibility.h"
+#include "platform/ApplicationControl.h"
 #include "platform/Geometry.h"
 #include "platform/Scheduler.h"
 #include "platform/Workspace.h"

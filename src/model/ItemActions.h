@@ -2,9 +2,10 @@
 
 #include "model/DockStore.h"
 #include "platform/Accessibility.h"
+#include "platform/ApplicationControl.h"
+#include "platform/CoreDock.h"
+#include "platform/LoginItems.h"
 #include "platform/Scheduler.h"
-#include "platform/Shell.h"
-#include "platform/SystemDock.h"
 #include "platform/Workspace.h"
 #include "spaces/AppWindow.h"
 

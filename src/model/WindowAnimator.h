@@ -1,10 +1,10 @@
 #pragma once
 
 #include "model/WindowFlights.h"
+#include "platform/ApplicationControl.h"
 #include "platform/Geometry.h"
 #include "platform/Identifiers.h"
 #include "platform/Scheduler.h"
-#include "platform/Workspace.h"
 
 #include <cstdint>
 #include <functional>

@@ -1,7 +1,6 @@
 #include "model/WindowRefresh.h"
 
 #include "model/Animation.h"
-#include "tools/Trash.h"
 
 #include <fmt/format.h>
 
@@ -33,14 +32,13 @@ std::int64_t milliseconds(double from, double to) {
 WindowRefresh::WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace,
                              Screens& screens, WindowServer& server,
                              const Accessibility& accessibility, DockPreferences& dock,
-                             TrashFolder& trash, EventMonitors& monitors, DiagnosticsLog& log)
+                             EventMonitors& monitors, DiagnosticsLog& log)
     : store_(store)
     , scheduler_(scheduler)
     , workspace_(workspace)
     , screens_(screens)
     , server_(server)
     , dock_(dock)
-    , trash_(trash)
     , monitors_(monitors)
     , log_(log)
     , abilities_(server.abilities())
@@ -52,7 +50,6 @@ WindowRefresh::WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& 
 
 void WindowRefresh::readAtStart() {
     followFront();
-    checkTrash();
     store_.refreshRunning();
     if (auto read = reader_.read(screens_.screens())) store_.applyWindowRead(*std::move(read));
     store_.rebuild();
@@ -71,13 +68,10 @@ void WindowRefresh::observe() {
             [this](const InputEvent& event) { inputHeard(event); }));
     }
 
-    if (trash_.announcesChanges())
-        observations_.push_back(trash_.subscribe([this] { checkTrash(); }));
     if (dock_.announcesChanges())
         observations_.push_back(dock_.subscribe([this] { store_.reloadPinned(); }));
-    if (!abilities_.announcesChanges || !trash_.announcesChanges() || !dock_.announcesChanges())
+    if (!abilities_.announcesChanges || !dock_.announcesChanges())
         observations_.push_back(scheduler_.every(housekeepingInterval, [this] {
-            if (!trash_.announcesChanges()) checkTrash();
             if (!dock_.announcesChanges()) store_.reloadPinned();
             if (!abilities_.announcesChanges) catchUp();
         }));
@@ -89,10 +83,6 @@ void WindowRefresh::catchUp() {
     followFront();
     if (store_.refreshRunning()) requestRead(true);
     store_.refreshPinned();
-}
-
-void WindowRefresh::checkTrash() {
-    store_.isTrashEmpty.set(isTrashEmpty(trash_));
 }
 
 void WindowRefresh::workspaceChanged(const WorkspaceEvent& event) {

@@ -3,11 +3,10 @@
 #include "diagnostics/DiagnosticsLog.h"
 #include "model/DockStore.h"
 #include "model/WindowReach.h"
+#include "platform/DockPreferences.h"
 #include "platform/EventMonitor.h"
 #include "platform/Scheduler.h"
 #include "platform/Screens.h"
-#include "platform/Shell.h"
-#include "platform/SystemDock.h"
 #include "platform/WindowServer.h"
 #include "platform/Workspace.h"
 #include "spaces/WindowReader.h"
@@ -28,7 +27,7 @@ class WindowRefresh {
     /// Reads the windows once, before it returns.
     WindowRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace, Screens& screens,
                   WindowServer& server, const Accessibility& accessibility, DockPreferences& dock,
-                  TrashFolder& trash, EventMonitors& monitors, DiagnosticsLog& log);
+                  EventMonitors& monitors, DiagnosticsLog& log);
 
     /// Told of each read that was made in full: the owners of the windows that count.
     std::function<void(const std::set<ProcessId>& owners)> onFullRead;
@@ -67,7 +66,6 @@ class WindowRefresh {
     std::optional<RunningApplication> followFront();
     void frontmostChanged();
     void screensChanged();
-    void checkTrash();
     void catchUp();
     void poll();
     bool isPointerInBarFrames() const;
@@ -86,7 +84,6 @@ class WindowRefresh {
     Screens& screens_;
     WindowServer& server_;
     DockPreferences& dock_;
-    TrashFolder& trash_;
     EventMonitors& monitors_;
     DiagnosticsLog& log_;
     const WindowServerAbilities abilities_;

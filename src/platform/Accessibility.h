@@ -95,12 +95,4 @@ class Accessibility {
                            std::function<void()> callback) const = 0;
 };
 
-/// The permission to record the screen. Main thread only.
-class ScreenCapture {
-  public:
-    virtual ~ScreenCapture() = default;
-    virtual bool preflightAccess() const = 0;
-    virtual bool requestAccess() = 0;
-};
-
 } // namespace larkspan

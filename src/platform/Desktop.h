@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/Panels.h"
+#include "platform/DesktopPicture.h"
+#include "platform/PanelDressing.h"
 #include "platform/Platform.h"
 
 #include <functional>

@@ -1,7 +1,7 @@
+#include "adapters/sim/world/PrivateFunctions.h"
 #include "app/LaunchedApp.h"
 #include "dock/DockBand.h"
 #include "dock/DockProfile.h"
-#include "platform/sim/PrivateFunctions.h"
 
 #include <gmock/gmock.h>
 #include <nlohmann/json.hpp>

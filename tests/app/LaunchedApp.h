@@ -1,9 +1,9 @@
 #pragma once
 
+#include "adapters/sim/SimMac.h"
 #include "app/AppDelegate.h"
-#include "app/Control.h"
 #include "bar/RecordingPanels.h"
-#include "platform/sim/SimMac.h"
+#include "control/Control.h"
 
 #include <memory>
 #include <optional>

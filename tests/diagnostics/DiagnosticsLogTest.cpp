@@ -1,6 +1,6 @@
 #include "diagnostics/DiagnosticsLog.h"
 
-#include "platform/sim/VirtualScheduler.h"
+#include "adapters/sim/VirtualScheduler.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "diagnostics/LostProcesses.h"
 
-#include "platform/sim/SimMac.h"
+#include "adapters/sim/SimMac.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>

@@ -1,8 +1,8 @@
 #include "dock/DockFitting.h"
 
+#include "adapters/sim/VirtualScheduler.h"
 #include "dock/FixedScreens.h"
 #include "dock/RecordingDock.h"
-#include "platform/sim/VirtualScheduler.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SystemDock.h"
+#include "platform/CoreDock.h"
 
 #include <fmt/format.h>
 #include <set>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "RunningBar.h"
-#include "platform/x11/TestClient.h"
+#include "adapters/x11/TestClient.h"
 
 #include <set>
 #include <string>

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "PrivateDesktop.h"
-#include "platform/x11/TestClient.h"
+#include "adapters/x11/TestClient.h"
 
 #include <cstdint>
 #include <memory>

@@ -45,37 +45,41 @@ std::vector<std::string> operator+(std::vector<std::string> left,
 }
 
 const std::map<std::string, Arrows>& arrows() {
-    static const std::set<std::string> system = {"platform", "diagnostics", "spaces", "dock",
-                                                 "model",    "bar",         "tools",  "app"};
-    static const auto with = [](std::set<std::string> folders, const std::string& other) {
-        folders.insert(other);
+    static const std::set<std::string> system = {
+        "platform", "settings", "diagnostics", "spaces", "dock", "model", "bar", "tools", "app"};
+    static const auto with = [](std::set<std::string> folders,
+                                const std::set<std::string>& others) {
+        folders.insert(others.begin(), others.end());
         return folders;
     };
+    static const auto qt = plain + std::vector<std::string>{"Q"};
     static const std::map<std::string, Arrows> table = {
         {"platform", {{}, plain}},
+        {"settings", {{"platform"}, plain}},
         {"diagnostics", {{"platform"}, plain}},
         {"spaces", {{"platform", "diagnostics"}, plain}},
         {"dock", {{"platform", "diagnostics"}, plain}},
-        {"tools", {{"platform"}, plain}},
-        {"model", {{"platform", "diagnostics", "spaces", "dock", "tools"}, plain}},
-        {"bar", {{"platform", "diagnostics", "spaces", "dock", "model"}, plain}},
-        {"app", {{"platform", "diagnostics", "spaces", "dock", "model", "bar", "tools"}, plain}},
-        {"platform/sim", {system, plain}},
-        {"platform/qt", {{"platform"}, plain + posix + std::vector<std::string>{"Q"}}},
-        {"platform/x11",
-         {{"platform", "platform/qt"},
-          plain + posix + std::vector<std::string>{"Q", "xcb/", "X11/"}}},
-        {"platform/mac",
-         {{"platform", "platform/qt"}, plain + posix + frameworks + std::vector<std::string>{"Q"}}},
-        {"ui", {system, plain + std::vector<std::string>{"Q"}}},
-        {"ui/demo",
-         {with(with(system, "platform/sim"), "ui"), plain + std::vector<std::string>{"Q"}}},
+        {"model", {{"platform", "diagnostics", "spaces", "dock"}, plain}},
+        {"tools", {{"platform", "diagnostics", "settings"}, plain}},
+        {"bar", {{"platform", "settings", "diagnostics", "spaces", "dock", "model"}, plain}},
+        {"app", {system, plain}},
+        {"control", {system, plain}},
+        {"adapters/sim", {{"platform"}, plain}},
+        {"scenario", {with(system, {"control", "adapters/sim"}), plain}},
+        {"adapters/qt", {{"platform"}, qt + posix}},
+        {"adapters/freedesktop", {{"platform", "adapters/qt"}, qt + posix}},
+        {"adapters/x11",
+         {{"platform", "adapters/qt", "adapters/freedesktop"},
+          qt + posix + std::vector<std::string>{"xcb/", "X11/"}}},
+        {"adapters/mac", {{"platform", "adapters/qt"}, qt + posix + frameworks}},
+        {"ui", {system, qt}},
+        {"ui/demo", {with(system, {"control", "adapters/sim", "scenario", "ui"}), qt}},
     };
     return table;
 }
 
-/// "src/platform/x11/Atoms.h" is in "platform/x11"; a deeper folder without arrows of its own
-/// belongs to the one above it.
+/// "src/adapters/x11/connection/Atoms.h" is in "adapters/x11"; a deeper folder without arrows of
+/// its own belongs to the one above it.
 std::string folderOf(std::string path) {
     while (!path.empty()) {
         const auto slash = path.rfind('/');
@@ -151,17 +155,24 @@ TEST(Arrows, WhatIsForbiddenIsFound) {
         {"model", "unistd.h", false, false},
         {"model", "fmt/format.h", false, true},
         {"model", "platform/Scheduler.h", true, true},
-        {"model", "platform/x11/X11Desktop.h", true, false},
+        {"model", "adapters/x11/X11Desktop.h", true, false},
         {"model", "app/AppController.h", true, false},
+        {"model", "tools/trash/TrashWatch.h", true, false},
         {"tools", "model/DockStore.h", true, false},
-        {"platform/x11", "platform/qt/QtScheduler.h", true, true},
-        {"platform/x11", "model/DockStore.h", true, false},
-        {"platform/qt", "platform/x11/X11Desktop.h", true, false},
-        {"platform/sim", "QImage", false, false},
-        {"platform/mac", "AppKit/AppKit.h", false, true},
-        {"platform/mac", "model/DockStore.h", true, false},
+        {"app", "control/Control.h", true, false},
+        {"scenario", "ui/parts/Views.h", true, false},
+        {"adapters/x11", "adapters/qt/QtScheduler.h", true, true},
+        {"adapters/x11", "adapters/freedesktop/Environment.h", true, true},
+        {"adapters/x11", "model/DockStore.h", true, false},
+        {"adapters/freedesktop", "xcb/xcb.h", false, false},
+        {"adapters/freedesktop", "adapters/x11/X11Desktop.h", true, false},
+        {"adapters/qt", "adapters/x11/X11Desktop.h", true, false},
+        {"adapters/sim", "QImage", false, false},
+        {"adapters/sim", "app/AppController.h", true, false},
+        {"adapters/mac", "AppKit/AppKit.h", false, true},
+        {"adapters/mac", "model/DockStore.h", true, false},
         {"spaces", "CoreGraphics/CoreGraphics.h", false, false},
-        {"ui", "platform/x11/X11Desktop.h", true, false},
+        {"ui", "adapters/x11/X11Desktop.h", true, false},
     };
     for (const auto& each : cases) {
         const auto complaint = complaintAbout(each.folder, each.header, each.isQuoted);

@@ -25,7 +25,7 @@ std::set<std::string> documentedNames() {
 
 // What no header declares cannot be checked by a compiler, so the page says where its type is from.
 TEST(MacCalls, EveryPrivateFunctionStandsInThePageWithItsSource) {
-    const auto names = namesIn({"src/platform/mac/PrivateFunctions.h"},
+    const auto names = namesIn({"src/adapters/mac/PrivateFunctions.h"},
                                std::regex(R"re("(_?(?:SLS|CGS|CoreDock|AX)\w+)")re"));
     EXPECT_GT(names.size(), 15U) << "hardly any name was found in the table of private functions";
     const auto documented = documentedNames();
@@ -34,7 +34,7 @@ TEST(MacCalls, EveryPrivateFunctionStandsInThePageWithItsSource) {
 }
 
 TEST(MacCalls, EveryClassFoundByNameStandsInThePage) {
-    const auto names = namesIn(filesUnder({"src/platform/mac"}, {".h", ".mm"}),
+    const auto names = namesIn(filesUnder({"src/adapters/mac"}, {".h", ".mm"}),
                                std::regex(R"re(NSClassFromString\(@"(\w+)"\))re"));
     EXPECT_FALSE(names.empty());
     const auto documented = documentedNames();
@@ -47,7 +47,7 @@ TEST(MacCalls, PrivateFunctionsAreLookedUpInTheirTableOnly) {
     for (const auto& path : filesUnder({"src"}, {".h", ".cpp", ".mm"}))
         for (const auto& line : linesOf(path))
             EXPECT_TRUE(line.text.find("dlsym(") == std::string::npos ||
-                        path == "src/platform/mac/PrivateFunctions.mm")
+                        path == "src/adapters/mac/PrivateFunctions.mm")
                 << at(line, "add it to PrivateFunctions.h");
 }
 

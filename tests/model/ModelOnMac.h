@@ -1,11 +1,11 @@
 #pragma once
 
+#include "adapters/sim/SimMac.h"
 #include "diagnostics/DiagnosticsLog.h"
 #include "model/DockStore.h"
 #include "model/PlannedFlights.h"
 #include "model/WindowAnimator.h"
 #include "model/WindowRefresh.h"
-#include "platform/sim/SimMac.h"
 
 #include <optional>
 #include <string_view>
@@ -21,7 +21,7 @@ struct BareModel {
     void start() {
         refresh.emplace(store, platform.scheduler, platform.workspace, platform.screens,
                         platform.windowServer, platform.accessibility, platform.dockPreferences,
-                        platform.trash, platform.eventMonitors, log);
+                        platform.eventMonitors, log);
     }
 
     Platform platform;

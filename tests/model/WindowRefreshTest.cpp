@@ -94,13 +94,11 @@ TEST_F(AnnouncedRefresh, FollowsTheAppInFront) {
     EXPECT_EQ(store.frontmostPID.get(), mac.finder());
 }
 
-TEST_F(AnnouncedRefresh, FollowsTrashAndPinnedList) {
+TEST_F(AnnouncedRefresh, FollowsThePinnedList) {
     start();
-    mac.setTrash(3);
     mac.install("com.example.mail", "mail");
     mac.pin("com.example.mail");
     settle();
-    EXPECT_FALSE(*store.isTrashEmpty);
     EXPECT_EQ(pinned(), "finder mail");
 }
 
@@ -310,14 +308,12 @@ TEST_F(PolledRefresh, WritesWhatAReadFound) {
                         "for 0.35 s");
 }
 
-TEST_F(PolledRefresh, ChecksTrashAndPinnedListEveryTwoSeconds) {
+TEST_F(PolledRefresh, ChecksThePinnedListEveryTwoSeconds) {
     mac.install("com.example.mail", "mail");
     mac.pin("com.example.mail");
-    mac.setTrash(1);
     settle();
-    EXPECT_TRUE(*store.isTrashEmpty);
+    EXPECT_EQ(pinned(), "finder");
     mac.scheduler.runFor(2.1);
-    EXPECT_FALSE(*store.isTrashEmpty);
     EXPECT_EQ(pinned(), "finder mail");
 }
 

@@ -1,6 +1,6 @@
 #include "spaces/FullScreenWatcher.h"
 
-#include "platform/sim/SimMac.h"
+#include "adapters/sim/SimMac.h"
 
 #include <fmt/format.h>
 #include <gmock/gmock.h>

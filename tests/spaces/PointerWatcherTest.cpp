@@ -1,6 +1,6 @@
 #include "spaces/PointerWatcher.h"
 
-#include "platform/sim/SimMac.h"
+#include "adapters/sim/SimMac.h"
 
 #include <gtest/gtest.h>
 

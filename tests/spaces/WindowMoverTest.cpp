@@ -1,6 +1,6 @@
 #include "spaces/WindowMover.h"
 
-#include "platform/sim/SimMac.h"
+#include "adapters/sim/SimMac.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "spaces/WindowPresence.h"
 
-#include "platform/sim/SimMac.h"
+#include "adapters/sim/SimMac.h"
 #include "spaces/RecordedWindowServer.h"
 
 #include <gmock/gmock.h>

@@ -1,6 +1,6 @@
 #include "spaces/WindowReader.h"
 
-#include "platform/sim/SimMac.h"
+#include "adapters/sim/SimMac.h"
 #include "spaces/RecordedWindowServer.h"
 #include "spaces/SlotWindows.h"
 

@@ -1,6 +1,6 @@
 // The windows that Accessibility does not list: those of other Spaces, and those that are gone.
 
-#include "platform/sim/SimMac.h"
+#include "adapters/sim/SimMac.h"
 #include "spaces/WatchedAccessibility.h"
 #include "spaces/WindowPresence.h"
 

@@ -1,4 +1,4 @@
-#include "ui/AppearanceWatch.h"
+#include "ui/parts/AppearanceWatch.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "ui/BarLayout.h"
+#include "ui/bar/BarLayout.h"
 
 #include <gtest/gtest.h>
 

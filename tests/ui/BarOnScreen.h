@@ -1,9 +1,9 @@
 #pragma once
 
+#include "adapters/sim/SimMac.h"
 #include "app/AppController.h"
-#include "platform/sim/SimMac.h"
 #include "ui/DesktopFakes.h"
-#include "ui/QuickBarPanels.h"
+#include "ui/bar/QuickBarPanels.h"
 
 #include <QImage>
 

@@ -1,5 +1,5 @@
 #include "ui/BarOnScreen.h"
-#include "ui/TileItem.h"
+#include "ui/bar/TileItem.h"
 
 #include <QGuiApplication>
 #include <QSignalSpy>

@@ -1,4 +1,4 @@
-#include "ui/DesktopAppearance.h"
+#include "ui/parts/DesktopAppearance.h"
 
 #include <QDir>
 #include <QFile>

@@ -1,4 +1,4 @@
-#include "ui/ListChanges.h"
+#include "ui/bar/ListChanges.h"
 
 #include <gtest/gtest.h>
 

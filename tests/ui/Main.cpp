@@ -1,4 +1,4 @@
-#include "ui/Environment.h"
+#include "ui/parts/Environment.h"
 
 #include <QGuiApplication>
 

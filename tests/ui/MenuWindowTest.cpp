@@ -1,4 +1,4 @@
-#include "ui/MenuWindow.h"
+#include "ui/menu/MenuWindow.h"
 
 #include <QFontMetricsF>
 #include <QGuiApplication>

@@ -1,8 +1,8 @@
-#include "ui/PermissionsPanel.h"
+#include "ui/permissions/PermissionsPanel.h"
 
-#include "platform/sim/SimMac.h"
-#include "ui/SymbolItem.h"
+#include "adapters/sim/SimMac.h"
 #include "ui/keepPicture.h"
+#include "ui/parts/SymbolItem.h"
 
 #include <QGuiApplication>
 #include <QScreen>

@@ -1,4 +1,4 @@
-#include "ui/TileModel.h"
+#include "ui/bar/TileModel.h"
 
 #include <QAbstractItemModelTester>
 #include <QSignalSpy>

@@ -1,4 +1,4 @@
-#include "ui/TileRow.h"
+#include "ui/bar/TileRow.h"
 #include "model/ModelWorld.h"
 
 #include <gtest/gtest.h>

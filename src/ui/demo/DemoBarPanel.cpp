@@ -1,8 +1,8 @@
 #include "ui/demo/DemoBarPanel.h"
 
-#include "ui/Pictures.h"
 #include "ui/demo/DemoLayer.h"
 #include "ui/demo/Scenery.h"
+#include "ui/parts/Pictures.h"
 
 #include <QImage>
 #include <QPainter>

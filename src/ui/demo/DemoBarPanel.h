@@ -1,8 +1,8 @@
 #pragma once
 
 #include "bar/BarPanel.h"
-#include "ui/BarScene.h"
-#include "ui/Views.h"
+#include "ui/bar/BarScene.h"
+#include "ui/parts/Views.h"
 
 #include <QObject>
 #include <QQuickItem>

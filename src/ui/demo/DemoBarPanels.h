@@ -1,12 +1,12 @@
 #pragma once
 
+#include "adapters/sim/SimMac.h"
 #include "app/AppController.h"
 #include "bar/BarPanel.h"
-#include "platform/sim/SimMac.h"
-#include "ui/BarScene.h"
-#include "ui/MenuWindow.h"
-#include "ui/TileActions.h"
-#include "ui/Views.h"
+#include "ui/bar/BarScene.h"
+#include "ui/bar/TileActions.h"
+#include "ui/menu/MenuWindow.h"
+#include "ui/parts/Views.h"
 
 #include <QObject>
 #include <QQuickItem>

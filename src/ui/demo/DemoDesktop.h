@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/sim/SimMac.h"
+#include "adapters/sim/SimMac.h"
 
 #include <QQuickPaintedItem>
 

@@ -1,7 +1,7 @@
 #include "ui/demo/DemoDock.h"
 
-#include "ui/Pictures.h"
 #include "ui/demo/DemoLayer.h"
+#include "ui/parts/Pictures.h"
 
 #include <QMouseEvent>
 #include <QPainter>

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "platform/sim/SimMac.h"
-#include "ui/PermissionsScene.h"
-#include "ui/Views.h"
+#include "adapters/sim/SimMac.h"
+#include "ui/parts/Views.h"
+#include "ui/permissions/PermissionsScene.h"
 
 #include <QQuickPaintedItem>
 

@@ -1,14 +1,14 @@
 #pragma once
 
-#include "platform/sim/ScenarioRunner.h"
-#include "platform/sim/Stage.h"
-#include "ui/Appearance.h"
-#include "ui/MenuWindow.h"
-#include "ui/Views.h"
+#include "scenario/ScenarioRunner.h"
+#include "scenario/Stage.h"
 #include "ui/demo/DemoDesktop.h"
 #include "ui/demo/DemoDock.h"
 #include "ui/demo/DemoPermissions.h"
 #include "ui/demo/DemoPrivacy.h"
+#include "ui/menu/MenuWindow.h"
+#include "ui/parts/Appearance.h"
+#include "ui/parts/Views.h"
 
 #include <QElapsedTimer>
 #include <QImage>

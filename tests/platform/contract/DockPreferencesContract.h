@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/SystemDock.h"
+#include "platform/DockPreferences.h"
 #include "platform/contract/Adapter.h"
 
 #include <functional>

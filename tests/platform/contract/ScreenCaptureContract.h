@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Accessibility.h"
+#include "platform/ScreenCapture.h"
 #include "platform/contract/Adapter.h"
 
 #include <gtest/gtest.h>

@@ -1,6 +1,7 @@
 #pragma once
 
-#include "platform/Shell.h"
+#include "platform/LoginItem.h"
+#include "platform/TrashFolder.h"
 #include "platform/contract/Adapter.h"
 
 #include <functional>

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/Shell.h"
+#include "platform/StatusBar.h"
 #include "platform/contract/Adapter.h"
 
 #include <functional>

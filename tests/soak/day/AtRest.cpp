@@ -2,6 +2,7 @@
 
 #include "bar/BarCover.h"
 #include "model/ModelOnMac.h"
+#include "tools/trash/TrashWatch.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -12,10 +13,10 @@ namespace larkspan::soak {
 namespace {
 
 constexpr const char* convergence = "at rest the model is what a fresh read would give";
-/// The polls of windows, Spaces and badges, the housekeeping, what is still told of moves, the
-/// permissions window, the keyboard, the next question to a front app that hangs, and for each app
-/// that was launched from the bar the end of its mark.
-constexpr std::size_t mostTimers = 9 + Day::appCount;
+/// The polls of windows, Spaces and badges, the housekeeping, the Trash, what is still told of
+/// moves, the permissions window, the keyboard, the next question to a front app that hangs, and
+/// for each app that was launched from the bar the end of its mark.
+constexpr std::size_t mostTimers = 10 + Day::appCount;
 
 /// Icons are kept while their tiles are shown, and who is in front is told elsewhere.
 std::vector<RunningApplication> comparable(std::vector<RunningApplication> running) {
@@ -72,7 +73,6 @@ Verdict sameFacts(const DockStore& store, const DockStore& fresh) {
         {"the process in front", *store.frontmostPID == *fresh.frontmostPID},
         {"the fronts of displays", *store.frontDisplays == *fresh.frontDisplays},
         {"the Spaces in front", *store.frontSpaces == *fresh.frontSpaces},
-        {"the Trash", *store.isTrashEmpty == *fresh.isTrashEmpty},
         {"the pinned list", store.pinnedIDs == fresh.pinnedIDs},
         {"what is full screen", store.fullScreen == fresh.fullScreen},
         {"the Space map", store.spaceMap == fresh.spaceMap},
@@ -141,6 +141,8 @@ Verdict modelComplaint(Day& day) {
         if (!world.app(pid)) return Complaint{"the memory of an app ends with it", {}};
     if (!day.controller()->refresh().isAtRest())
         return Complaint{"every flag of the reads is back at rest", {}};
+    if (*store.isTrashEmpty != isTrashEmpty(day.mac.trash))
+        return Complaint{"at rest the Trash tile shows what is in the Trash", {}};
     if (auto complaint = closedComplaint(world, closed)) return complaint;
     // Nobody can know more than before.
     if (!world.windowListAnswers) return std::nullopt;

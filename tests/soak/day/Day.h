@@ -1,6 +1,6 @@
 #pragma once
 
-#include "platform/sim/Stage.h"
+#include "scenario/Stage.h"
 #include "soak/day/LivePanels.h"
 #include "soak/day/Step.h"
 

@@ -1,7 +1,7 @@
 #include "ui/demo/Demo.h"
 
-#include "ui/Environment.h"
 #include "ui/demo/DemoWindow.h"
+#include "ui/parts/Environment.h"
 
 #include <QDeadlineTimer>
 #include <QGuiApplication>

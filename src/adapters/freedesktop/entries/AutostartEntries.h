@@ -1,0 +1,35 @@
+#pragma once
+
+#include "adapters/freedesktop/XdgFolders.h"
+#include "adapters/freedesktop/entries/InstalledApplications.h"
+#include "platform/LoginItems.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace larkspan::freedesktop {
+
+/// Whether the desktop starts the application of this autostart file at login; not that of an
+/// empty text.
+bool isStartedAtLogin(std::string_view autostartFile);
+
+/// The applications opened at login: copies of their desktop files in the user's autostart folder.
+/// One that everybody's folders open is closed by a file of the user's that says so.
+class AutostartEntries : public LoginItems {
+  public:
+    AutostartEntries(const Environment& environment, const InstalledApplications& installed);
+
+    std::optional<bool> opensAtLogin(std::string_view application) const override;
+    bool setOpensAtLogin(std::string_view application, bool opens) override;
+
+  private:
+    std::string ownPath(const DesktopEntry& entry) const;
+    bool isStartedForEverybody(const DesktopEntry& entry) const;
+    bool isStarted(const DesktopEntry& entry) const;
+
+    XdgFolders folders_;
+    const InstalledApplications& installed_;
+};
+
+} // namespace larkspan::freedesktop

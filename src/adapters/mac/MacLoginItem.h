@@ -1,0 +1,19 @@
+#pragma once
+
+#include "platform/LoginItem.h"
+
+namespace larkspan::mac {
+
+/// The system's login service of the program's own bundle. Where the program is none, such as when
+/// it is started from a build folder, the status is `notFound` and nothing can be registered.
+class MacLoginItem final : public LoginItem {
+  public:
+    MacLoginItem();
+
+    Status status() const override;
+    bool registerItem() override;
+    bool unregisterItem() override;
+    void openSystemSettings() override;
+};
+
+} // namespace larkspan::mac

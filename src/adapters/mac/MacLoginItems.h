@@ -1,0 +1,15 @@
+#pragma once
+
+#include "platform/LoginItems.h"
+
+namespace larkspan::mac {
+
+/// The system lets no program read or change which other apps it opens at login: the calls that
+/// did are "no longer supported" since macOS 10.11.
+class MacLoginItems final : public LoginItems {
+  public:
+    std::optional<bool> opensAtLogin(std::string_view) const override { return std::nullopt; }
+    bool setOpensAtLogin(std::string_view, bool) override { return false; }
+};
+
+} // namespace larkspan::mac

@@ -1,0 +1,22 @@
+#include "adapters/mac/MacStart.h"
+
+#include "adapters/mac/MacDesktop.h"
+
+#import <CoreGraphics/CoreGraphics.h>
+
+#include <utility>
+
+namespace larkspan::mac {
+
+std::optional<std::string> MacStart::complaint() const {
+    CFDictionaryRef session = CGSessionCopyCurrentDictionary();
+    if (!session) return "there is no window server: this session has no screen";
+    CFRelease(session);
+    return std::nullopt;
+}
+
+DesktopStart::Opened MacStart::open(Scheduler& scheduler, DesktopCallbacks callbacks) const {
+    return std::make_unique<MacDesktop>(scheduler, std::move(callbacks));
+}
+
+} // namespace larkspan::mac

@@ -1,0 +1,58 @@
+#pragma once
+
+#include "adapters/mac/decode/ValueView.h"
+#include "platform/WindowServer.h"
+
+namespace larkspan::mac {
+
+/// A rectangle as the platform writes it into dictionaries; absent unless all four numbers are
+/// there and finite.
+template <ValueView View>
+std::optional<Rect> rectOf(const View& view) {
+    const auto x = numberOf(view["X"]);
+    const auto y = numberOf(view["Y"]);
+    const auto width = numberOf(view["Width"]);
+    const auto height = numberOf(view["Height"]);
+    if (!x || !y || !width || !height) return std::nullopt;
+    return Rect{*x, *y, *width, *height};
+}
+
+template <ValueView View>
+WindowListEntry windowListEntry(const View& view) {
+    return {
+        .layer = integerOf<int>(view["kCGWindowLayer"]),
+        .ownerPID = integerOf<ProcessId>(view["kCGWindowOwnerPID"]),
+        .alpha = numberOf(view["kCGWindowAlpha"]),
+        .bounds = rectOf(view["kCGWindowBounds"]),
+        .number = unsignedOf<WindowId>(view["kCGWindowNumber"]),
+        .isOnScreen = flagOf(view["kCGWindowIsOnscreen"]),
+        .name = view["kCGWindowName"].string(),
+    };
+}
+
+/// The window list in its order; an entry of a wrong shape stays, with nothing in it. Absent when
+/// this is no list.
+template <ValueView View>
+std::optional<std::vector<WindowListEntry>> windowList(const View& view) {
+    const auto entries = view.array();
+    if (!entries) return std::nullopt;
+    std::vector<WindowListEntry> list;
+    list.reserve(entries->size());
+    for (const auto& entry : *entries)
+        list.push_back(windowListEntry(entry));
+    return list;
+}
+
+/// Window numbers; what is no number is left out. Absent when this is no list.
+template <ValueView View>
+std::optional<std::vector<WindowId>> windowNumbers(const View& view) {
+    const auto entries = view.array();
+    if (!entries) return std::nullopt;
+    std::vector<WindowId> numbers;
+    numbers.reserve(entries->size());
+    for (const auto& entry : *entries)
+        if (const auto number = unsignedOf<WindowId>(entry)) numbers.push_back(*number);
+    return numbers;
+}
+
+} // namespace larkspan::mac

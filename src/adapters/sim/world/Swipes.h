@@ -1,0 +1,53 @@
+#pragma once
+
+#include "adapters/sim/SimEventTaps.h"
+#include "adapters/sim/VirtualScheduler.h"
+#include "platform/Identifiers.h"
+
+#include <functional>
+#include <list>
+#include <utility>
+#include <vector>
+
+namespace larkspan::sim {
+
+struct SwipeOptions {
+    /// Where the fingers lift: 1 is a whole Space to the right, -1 one to the left.
+    double progress = 1;
+    /// Progress per second at the lift.
+    double velocity = 0;
+    /// From the first touch to the lift.
+    double seconds = 0.25;
+    /// The system takes the gesture for something else after all.
+    bool isCancelled = false;
+    /// Whether the neighbouring Space shows in the end; otherwise the Spaces slide back.
+    bool switches = true;
+};
+
+/// The fingers on the trackpad: raw events sixty times a second, and what becomes of the Spaces
+/// when they lift.
+class Swipes {
+  public:
+    /// From the lift until the Spaces stand still, in seconds.
+    static constexpr double landingSeconds = 0.4;
+    /// Shows the Space beside the display's current one; to the right for +1, to the left for -1.
+    using Move = std::function<void(DisplayId display, int step)>;
+
+    Swipes(VirtualScheduler& scheduler, SimEventTaps& taps, Move move)
+        : scheduler_(scheduler)
+        , taps_(taps)
+        , move_(std::move(move)) {}
+
+    void swipe(DisplayId display, const SwipeOptions& options);
+
+  private:
+    using Timers = std::vector<Handle>;
+
+    VirtualScheduler& scheduler_;
+    SimEventTaps& taps_;
+    Move move_;
+    /// What is still to come of each swipe.
+    std::list<Timers> underWay_;
+};
+
+} // namespace larkspan::sim

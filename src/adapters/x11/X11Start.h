@@ -1,0 +1,24 @@
+#pragma once
+
+#include "adapters/freedesktop/Environment.h"
+#include "platform/Desktop.h"
+
+namespace larkspan::x11 {
+
+/// The X11 desktop of $DISPLAY, with its settings in the user's config folder.
+class X11Start final : public DesktopStart {
+  public:
+    /// Keeps the variables of this moment: launched applications get these, not the ones that are
+    /// set for our own toolkit later.
+    X11Start()
+        : environment_(freedesktop::Environment::ofProcess()) {}
+
+    std::string instanceName() const override;
+    std::optional<std::string> complaint() const override;
+    Opened open(Scheduler& scheduler, DesktopCallbacks callbacks) const override;
+
+  private:
+    freedesktop::Environment environment_;
+};
+
+} // namespace larkspan::x11

@@ -1,0 +1,57 @@
+#include "adapters/x11/input/TouchpadSwipe.h"
+
+#include <algorithm>
+#include <cmath>
+
+namespace larkspan::x11 {
+
+namespace {
+
+constexpr std::int64_t horizontal = 1;
+constexpr std::int64_t vertical = 2;
+constexpr std::int64_t began = 1;
+constexpr std::int64_t changed = 2;
+constexpr std::int64_t ended = 4;
+constexpr std::int64_t cancelled = 8;
+/// The speed at the lift is that of the last motions within this many milliseconds.
+constexpr std::uint32_t speedSpan = 100;
+
+} // namespace
+
+void TouchpadSwipe::begin() {
+    *this = {};
+}
+
+std::vector<SwipeStep> TouchpadSwipe::move(double x, double y, std::uint32_t time) {
+    std::vector<SwipeStep> steps;
+    if (motion_ == 0) {
+        if (x == 0 && y == 0) return steps;
+        motion_ = std::abs(x) >= std::abs(y) ? horizontal : vertical;
+        steps.push_back({.phase = began, .motion = motion_});
+    }
+    // Fingers that go left pull the right-hand Space in.
+    progress_ -= (motion_ == horizontal ? x : y) / unitsPerSpace;
+    // Unsigned, so that it holds when the server's time starts again at 0.
+    std::erase_if(samples_, [time](const Sample& each) { return time - each.time > speedSpan; });
+    samples_.push_back({time, progress_});
+    steps.push_back({.phase = changed, .motion = motion_, .progress = progress_});
+    return steps;
+}
+
+std::optional<SwipeStep> TouchpadSwipe::lift(bool isCancelled, std::uint32_t time) {
+    if (motion_ == 0) return std::nullopt;
+    const SwipeStep step{isCancelled ? cancelled : ended, motion_, progress_, velocity(time)};
+    begin();
+    return step;
+}
+
+double TouchpadSwipe::velocity(std::uint32_t time) const {
+    const auto first = std::find_if(samples_.begin(), samples_.end(), [time](const Sample& each) {
+        return time - each.time <= speedSpan;
+    });
+    // Fingers that came to rest, or one single motion at the lift.
+    if (first == samples_.end() || first->time == time) return 0;
+    return (progress_ - first->progress) * 1000 / (time - first->time);
+}
+
+} // namespace larkspan::x11

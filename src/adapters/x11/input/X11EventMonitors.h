@@ -1,0 +1,38 @@
+#pragma once
+
+#include "adapters/x11/connection/X11Connection.h"
+#include "platform/EventMonitor.h"
+#include "platform/Screens.h"
+#include "platform/Signal.h"
+
+namespace larkspan::x11 {
+
+/// Where the pointer is, and its moves; clicks and keys that go to other programs are not heard,
+/// since every change of a window is announced anyway. The X server is asked for moves only while a
+/// monitor wants them, and not again for a moment after each, so that a moving mouse wakes the
+/// program a few times a second.
+class X11EventMonitors final : public EventMonitors {
+  public:
+    X11EventMonitors(X11Connection& connection, Scheduler& scheduler, const Screens& screens,
+                     double scale);
+
+    Point mouseLocation() const override;
+    Handle addGlobalMonitor(InputEventMask mask, Callback callback) override;
+
+  private:
+    void listen(bool isWanted);
+    void tellMove();
+    void listenAgain();
+
+    X11Connection& connection_;
+    Scheduler& scheduler_;
+    const Screens& screens_;
+    double scale_;
+    Signal<const InputEvent&> moves_;
+    /// The events of the connection; only while the server is asked for moves.
+    Handle motions_;
+    Handle pause_;
+    Point lastTold_;
+};
+
+} // namespace larkspan::x11

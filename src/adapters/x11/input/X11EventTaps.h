@@ -1,0 +1,25 @@
+#pragma once
+
+#include "adapters/x11/connection/X11Connection.h"
+#include "platform/EventTap.h"
+
+namespace larkspan::x11 {
+
+/// Gestures of touchpads, as X servers tell of them since XInput 2.4, and no other events. They are
+/// selected on the root window and never grabbed: a window beneath the pointer that wants them, and
+/// a program that grabs them, come first. Callbacks run on the main thread.
+class X11EventTaps final : public EventTaps {
+  public:
+    explicit X11EventTaps(X11Connection& connection)
+        : connection_(connection) {}
+
+    /// Refused where the server knows no gestures, where another program listens to those of the
+    /// root window, which only one may, and while an earlier tap lives.
+    std::unique_ptr<EventTap> listen(std::uint64_t mask, Callback callback) override;
+
+  private:
+    X11Connection& connection_;
+    bool isListening_ = false;
+};
+
+} // namespace larkspan::x11

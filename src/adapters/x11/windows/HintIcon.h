@@ -1,0 +1,13 @@
+#pragma once
+
+#include "adapters/x11/connection/X11Connection.h"
+#include "platform/Identifiers.h"
+#include "platform/Image.h"
+
+namespace larkspan::x11 {
+
+/// The icon that an old program names in its `WM_HINTS`: a pixmap of the X server's, and what of it
+/// is to be seen. One of two colours is black on white. Empty when there is none. Any thread.
+Bitmap hintIcon(X11Connection& connection, WindowId window);
+
+} // namespace larkspan::x11

@@ -1,0 +1,321 @@
+#include "control/Control.h"
+
+#include "control/DiagnosticsReport.h"
+#include "control/MenuReport.h"
+#include "control/NamedSettings.h"
+#include "control/StateReport.h"
+#include "settings/RawValues.h"
+
+#include <algorithm>
+#include <charconv>
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+#include <optional>
+#include <utility>
+
+namespace larkspan {
+namespace {
+
+using nlohmann::json;
+using Words = std::vector<std::string>;
+
+constexpr int senseless = 2;
+
+/// A tile as a click means it: the item and, for a window app, the group it stands in.
+struct Tile {
+    const DockItem* item = nullptr;
+    const DisplayGroup* group = nullptr;
+};
+
+const DockItem* find(const std::vector<DockItem>& items, const std::string& id) {
+    const auto found =
+        std::find_if(items.begin(), items.end(), [&](const auto& item) { return item.id == id; });
+    return found == items.end() ? nullptr : &*found;
+}
+
+Tile findInGroups(const DockStore& store, const std::string& id) {
+    Tile tile;
+    for (const auto& group : *store.windowAppGroups) {
+        const auto* item = find(group.items, id);
+        // A group on a shown Space counts before one that is elsewhere.
+        if (item && (!tile.item || (tile.group->isRing && !group.isRing))) tile = {item, &group};
+    }
+    return tile;
+}
+
+Tile findTile(const DockStore& store, const std::string& id) {
+    if (const auto tile = findInGroups(store, id); tile.item) return tile;
+    if (const auto* item = find(*store.pinnedItems, id)) return {item};
+    return {find(*store.backgroundItems, id)};
+}
+
+/// Where the tile stands, as far as is known here: the bar of its display.
+Rect barFrame(const BarController* bars, const DisplayGroup* group) {
+    if (!bars || bars->bars().empty()) return {};
+    const auto& all = bars->bars();
+    const auto own = std::find_if(all.begin(), all.end(), [&](const auto& bar) {
+        return group && group->display == bar.screen.display;
+    });
+    return (own == all.end() ? all.front() : *own).panel->barFrame();
+}
+
+/// Answers whether the word is one.
+bool addModifier(ClickModifiers& modifiers, std::string_view word) {
+    if (word == "--option") return modifiers.option = true;
+    if (word == "--command") return modifiers.command = true;
+    if (word == "--new-instance") return modifiers.newInstance = true;
+    return false;
+}
+
+ControlAnswer noSuchItem(const std::string& id) {
+    return {senseless, fmt::format("there is no item {} on the bar", id)};
+}
+
+/// A whole number as people write it: tools of the X server give those of windows as 0x1400003.
+template <typename Number>
+std::optional<Number> wholeNumber(std::string_view text) {
+    const bool isHexadecimal = text.starts_with("0x");
+    if (isHexadecimal) text.remove_prefix(2);
+    Number number = 0;
+    const auto* end = text.data() + text.size();
+    const auto [rest, error] = std::from_chars(text.data(), end, number, isHexadecimal ? 16 : 10);
+    return error == std::errc() && rest == end ? std::optional(number) : std::nullopt;
+}
+
+/// Why the window cannot go to the Space; absent when it may be asked for. What is in full screen
+/// stays where it is, which would look as if no window could be moved.
+std::optional<std::string> whyItStays(const AppController& controller, WindowId window,
+                                      SpaceId space) {
+    const auto& store = controller.store();
+    if (!store.spaceMap || !controller.canMoveWindows())
+        return "windows cannot be moved between Spaces here";
+    const auto& map = *store.spaceMap;
+    const auto isFullScreen = [&](SpaceId each) { return map.fullScreen.contains(each); };
+    const auto spaces = map.windowSpaces.find(window);
+    if (spaces == map.windowSpaces.end() ||
+        std::ranges::find(store.latestWindows, window, &WindowInfo::id) ==
+            store.latestWindows.end())
+        return fmt::format("no Space has a window {} (a minimised or hidden one is on none)",
+                           window);
+    if (!map.owners.contains(space)) return fmt::format("there is no Space {}", space);
+    if (isFullScreen(space)) return fmt::format("Space {} is a full-screen window's own", space);
+    if (std::ranges::any_of(spaces->second, isFullScreen))
+        return fmt::format("window {} is in full screen", window);
+    return std::nullopt;
+}
+
+ControlAnswer answerFor(WindowMover::Outcome outcome, WindowId window, SpaceId space) {
+    switch (outcome) {
+    case WindowMover::Outcome::moved:
+        return {};
+    case WindowMover::Outcome::refused:
+        return {senseless, fmt::format("window {} cannot be moved to Space {}", window, space)};
+    case WindowMover::Outcome::stayed:
+        break;
+    }
+    return {senseless, fmt::format("window {} did not move to Space {}", window, space)};
+}
+
+std::string dump(const json& value, int indent) {
+    // Titles and names may hold bytes that are no UTF-8.
+    return value.dump(indent, ' ', false, json::error_handler_t::replace);
+}
+
+std::optional<Words> parseWords(std::string_view line) {
+    const auto request = json::parse(line, nullptr, false);
+    if (!request.is_array()) return std::nullopt;
+    Words words;
+    for (const auto& word : request) {
+        if (!word.is_string()) return std::nullopt;
+        words.push_back(word.get<std::string>());
+    }
+    return words;
+}
+
+} // namespace
+
+struct Control::Command {
+    std::string_view name;
+    /// Its arguments as the help writes them; words in brackets may be left out.
+    std::string_view usage;
+    std::size_t fewest;
+    std::size_t most;
+    void (Control::*run)(const Words& arguments, const Reply& reply);
+};
+
+const std::vector<Control::Command>& Control::commands() {
+    static const std::vector<Command> all{
+        {"state", "", 0, 0, &Control::state},
+        {"mode", "[vantrel|systemDock]", 0, 1, &Control::mode},
+        {"click", "ID [--option] [--command] [--new-instance]", 1, 4, &Control::click},
+        {"menu", "ID [LINE]", 1, 2, &Control::menu},
+        {"open", "ID FILE...", 2, 1000, &Control::open},
+        {"move-window", "NUMBER SPACE", 2, 2, &Control::moveWindow},
+        {"focus", "", 0, 0, &Control::focus},
+        {"get", "[KEY]", 0, 1, &Control::get},
+        {"set", "KEY VALUE", 2, 2, &Control::set},
+        {"reset-appearance", "", 0, 0, &Control::resetAppearance},
+        {"keep", "ID", 1, 1, &Control::keep},
+        {"remove", "ID", 1, 1, &Control::remove},
+        {"log", "[FILE]", 0, 0, &Control::log},
+        {"reopen", "", 0, 0, &Control::reopen},
+        {"quit", "", 0, 0, &Control::quit},
+    };
+    return all;
+}
+
+std::string ControlAnswer::toLine() const {
+    return dump({{"code", code}, {"text", text}}, -1);
+}
+
+ControlAnswer ControlAnswer::fromLine(std::string_view line) {
+    const auto answer = json::parse(line, nullptr, false);
+    const bool isAnswer = answer.is_object() && answer.contains("code") &&
+                          answer["code"].is_number_integer() && answer.contains("text") &&
+                          answer["text"].is_string();
+    if (!isAnswer) return {1, "the running instance gave no answer"};
+    return {answer["code"].get<int>(), answer["text"].get<std::string>()};
+}
+
+std::string Control::requestLine(const Words& words) {
+    return dump(words, -1);
+}
+
+void Control::answerLine(std::string_view line, std::function<void(std::string)> reply) {
+    const auto words = parseWords(line);
+    if (!words) return reply(ControlAnswer{senseless, "a request is a list of words"}.toLine());
+    answer(*words,
+           [reply = std::move(reply)](const ControlAnswer& given) { reply(given.toLine()); });
+}
+
+void Control::answer(const Words& words, const Reply& reply) {
+    if (words.empty()) return reply({senseless, "a request names a command"});
+    for (const auto& command : commands()) {
+        if (command.name != words.front()) continue;
+        const Words arguments(words.begin() + 1, words.end());
+        if (arguments.size() < command.fewest || arguments.size() > command.most)
+            return reply(
+                {senseless, fmt::format("usage: larkspan {} {}", command.name, command.usage)});
+        return (this->*command.run)(arguments, reply);
+    }
+    reply({senseless, fmt::format("there is no command {}", words.front())});
+}
+
+void Control::state(const Words&, const Reply& reply) {
+    reply({0, dump(stateReport(controller_), 2)});
+}
+
+void Control::mode(const Words& words, const Reply& reply) {
+    if (words.empty()) return reply({0, std::string(rawValue(controller_.mode()))});
+    const auto mode = fromRawValue<BarMode>(words[0]);
+    if (!mode) return reply({senseless, "mode is vantrel or systemDock"});
+    if (*mode == BarMode::vantrel)
+        controller_.useVantrel();
+    else
+        controller_.useSystemDock();
+    reply({});
+}
+
+void Control::click(const Words& words, const Reply& reply) {
+    const auto tile = findTile(controller_.store(), words[0]);
+    if (!tile.item) return reply(noSuchItem(words[0]));
+    ClickModifiers modifiers;
+    for (const auto& word : Words(words.begin() + 1, words.end()))
+        if (!addModifier(modifiers, word))
+            return reply({senseless, fmt::format("a click has no option {}", word)});
+    // Copies: the click may regroup the very lists it was found in.
+    const DockItem item = *tile.item;
+    const auto group = tile.group ? std::optional(*tile.group) : std::nullopt;
+    const auto frame = barFrame(controller_.bars(), tile.group);
+    controller_.click().click(item, group ? &*group : nullptr, frame, modifiers);
+    reply({});
+}
+
+void Control::menu(const Words& words, const Reply& reply) {
+    const auto tile = findTile(controller_.store(), words[0]);
+    if (!tile.item) return reply(noSuchItem(words[0]));
+    const auto frame = barFrame(controller_.bars(), tile.group);
+    const Menu menu = controller_.itemMenu().menu(*tile.item, tile.group, frame);
+    if (words.size() == 1) return reply({0, dump(menuReport(menu), 2)});
+    const auto* line = findLine(menu, words[1]);
+    if (!line) return reply({senseless, fmt::format("the menu has no \"{}\"", words[1])});
+    if (!line->isEnabled || !line->action)
+        return reply({senseless, fmt::format("\"{}\" is not enabled", words[1])});
+    line->action();
+    reply({});
+}
+
+void Control::open(const Words& words, const Reply& reply) {
+    const auto item = controller_.store().makePinnedItem(words[0]);
+    if (!item || !item->url)
+        return reply({senseless, fmt::format("there is no application {}", words[0])});
+    const Words files(words.begin() + 1, words.end());
+    for (const auto& file : files)
+        // The running instance is in another folder than whoever asks.
+        if (!file.starts_with('/') && file.find(':') == std::string::npos)
+            return reply({senseless, fmt::format("{} is no whole path and no address", file)});
+    if (controller_.actions().openFiles(files, *item)) return reply({});
+    reply({senseless, fmt::format("{} could not be opened", item->name)});
+}
+
+void Control::moveWindow(const Words& words, const Reply& reply) {
+    const auto window = wholeNumber<WindowId>(words[0]);
+    const auto space = wholeNumber<SpaceId>(words[1]);
+    if (!window || !space) return reply({senseless, "a window and a Space are whole numbers"});
+    if (const auto why = whyItStays(controller_, *window, *space)) return reply({senseless, *why});
+    controller_.moveWindow(*window, *space,
+                           [reply, window = *window, space = *space](WindowMover::Outcome outcome) {
+                               reply(answerFor(outcome, window, space));
+                           });
+}
+
+void Control::focus(const Words&, const Reply& reply) {
+    if (!controller_.focusBar())
+        return reply({senseless, "no bar is shown that could take the keyboard"});
+    reply({});
+}
+
+void Control::get(const Words& words, const Reply& reply) {
+    if (words.empty()) return reply({0, dump(allSettings(controller_), 2)});
+    const auto value = namedSetting(controller_, words[0]);
+    if (!value) return reply({senseless, fmt::format("there is no setting named {}", words[0])});
+    reply({0, value->is_string() ? value->get<std::string>() : dump(*value, -1)});
+}
+
+void Control::set(const Words& words, const Reply& reply) {
+    const auto complaint = setNamedSetting(controller_, words[0], words[1]);
+    reply(complaint ? ControlAnswer{senseless, *complaint} : ControlAnswer{});
+}
+
+void Control::resetAppearance(const Words&, const Reply& reply) {
+    controller_.look().resetAppearance();
+    reply({});
+}
+
+void Control::keep(const Words& words, const Reply& reply) {
+    if (controller_.actions().keep(words[0])) return reply({});
+    reply({senseless, fmt::format("there is no application {}", words[0])});
+}
+
+void Control::remove(const Words& words, const Reply& reply) {
+    if (words[0] == finderIdentifier) return reply({senseless, "Finder always stays on the bar"});
+    if (controller_.actions().remove(words[0])) return reply({});
+    reply({senseless, fmt::format("{} is not kept on the bar", words[0])});
+}
+
+/// Into a file it is written by whoever asks: the running instance is in another folder.
+void Control::log(const Words&, const Reply& reply) {
+    reply({0, diagnosticsReport(controller_)});
+}
+
+void Control::reopen(const Words&, const Reply& reply) {
+    delegate_.shouldHandleReopen();
+    reply({});
+}
+
+void Control::quit(const Words&, const Reply& reply) {
+    controller_.platform().application.terminate();
+    reply({});
+}
+
+} // namespace larkspan

@@ -1,0 +1,50 @@
+#include "control/MenuReport.h"
+
+#include <nlohmann/json.hpp>
+
+namespace larkspan {
+namespace {
+
+using nlohmann::json;
+
+json markJson(MenuItem::Mark mark) {
+    switch (mark) {
+    case MenuItem::Mark::check:
+        return "check";
+    case MenuItem::Mark::diamond:
+        return "diamond";
+    case MenuItem::Mark::none:
+        break;
+    }
+    return nullptr;
+}
+
+json lineJson(const MenuItem& line) {
+    if (line.kind == MenuItem::Kind::separator) return nullptr;
+    json object{{"title", line.title},
+                {"enabled", line.isEnabled && line.kind != MenuItem::Kind::heading},
+                {"mark", markJson(line.mark)}};
+    if (line.alternate) object["option"] = line.alternate->title;
+    if (!line.submenu.empty()) object["lines"] = menuReport(line.submenu);
+    return object;
+}
+
+} // namespace
+
+json menuReport(const Menu& menu) {
+    json lines = json::array();
+    for (const auto& line : menu)
+        lines.push_back(lineJson(line));
+    return lines;
+}
+
+const MenuItem* findLine(const Menu& menu, std::string_view title) {
+    for (const auto& line : menu) {
+        if (line.title == title) return &line;
+        if (line.alternate && line.alternate->title == title) return line.alternate.get();
+        if (const auto* found = findLine(line.submenu, title)) return found;
+    }
+    return nullptr;
+}
+
+} // namespace larkspan

@@ -1,0 +1,26 @@
+#pragma once
+
+#include "platform/Handle.h"
+#include "platform/Menu.h"
+
+#include <string>
+
+namespace larkspan {
+
+/// An icon in the system's status bar.
+struct StatusItem {
+    /// The name of a system symbol, such as "dock.rectangle".
+    std::string symbol;
+    std::string accessibilityDescription;
+    Menu menu;
+};
+
+/// The part of the screen in which programs show icons of their own. Main thread only.
+class StatusBar {
+  public:
+    virtual ~StatusBar() = default;
+    /// Shows the item until its handle ends.
+    virtual Handle show(StatusItem item) = 0;
+};
+
+} // namespace larkspan

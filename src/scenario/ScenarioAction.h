@@ -1,0 +1,38 @@
+#pragma once
+
+#include "scenario/ScenarioFields.h"
+#include "scenario/Stage.h"
+
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace larkspan::sim {
+
+/// Something a scenario can do, by its name.
+struct ScenarioAction {
+    std::string_view name;
+    std::vector<Field> fields;
+    /// Answers why it could not be done, such as a window that is not there.
+    std::optional<std::string> (*act)(Stage& stage, const nlohmann::json& fields);
+};
+
+/// The names of all actions.
+std::vector<std::string_view> scenarioActionNames();
+
+/// Nullptr for a name that means nothing.
+const ScenarioAction* scenarioAction(std::string_view name);
+
+/// What is missing, refused, slow or wrong.
+const std::vector<ScenarioAction>& faultActions();
+/// What apps, windows, displays and the system do.
+const std::vector<ScenarioAction>& macActions();
+/// What the user does about the program's permissions.
+const std::vector<ScenarioAction>& permissionActions();
+/// What the user does with the program.
+const std::vector<ScenarioAction>& barActions();
+
+} // namespace larkspan::sim

@@ -1,0 +1,90 @@
+#pragma once
+
+#include "platform/numberFromText.h"
+#include "scenario/Stage.h"
+
+#include <fmt/format.h>
+#include <nlohmann/json.hpp>
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace larkspan::sim {
+
+// Finding what a step of a scenario names.
+
+/// Why it could not be done; absent when it is done.
+using Outcome = std::optional<std::string>;
+inline constexpr Outcome done = std::nullopt;
+
+inline std::string text(const nlohmann::json& fields, const char* name) {
+    return fields.value(name, std::string());
+}
+
+/// The process that "IDENTIFIER" or, for a further process of the app, "IDENTIFIER#2" names; 0 when
+/// there is none.
+inline ProcessId processNamed(const SimMac& mac, std::string_view name) {
+    const auto mark = name.rfind('#');
+    const auto number = mark == std::string_view::npos ? 1 : numberFromText(name.substr(mark + 1));
+    double count = 0;
+    for (const App& app : mac.world().apps) {
+        if (app.bundleIdentifier == name.substr(0, mark) && ++count == number) return app.pid;
+    }
+    return 0;
+}
+
+/// Does something with the running app that "app" names.
+template <typename Act>
+Outcome withApp(Stage& stage, const nlohmann::json& fields, Act act) {
+    const std::string app = text(fields, "app");
+    const ProcessId pid = processNamed(stage.mac, app);
+    if (pid == 0) return fmt::format("no app {} runs", app);
+    act(stage.mac, pid);
+    return done;
+}
+
+/// Does something with the app on the disk that "app" names.
+template <typename Act>
+Outcome withInstalled(Stage& stage, const nlohmann::json& fields, Act act) {
+    const auto& installed = stage.mac.world().installed;
+    const auto found = installed.find(text(fields, "app"));
+    if (found == installed.end()) return fmt::format("{} is not installed", text(fields, "app"));
+    return act(stage.mac, found->second);
+}
+
+/// Does something with the frontmost window of the title that "window" names.
+template <typename Act>
+Outcome withWindow(Stage& stage, const nlohmann::json& fields, Act act) {
+    const std::string title = text(fields, "window");
+    for (const Window& window : stage.mac.world().windows) {
+        if (window.title != title) continue;
+        act(stage.mac, WindowId{window.id});
+        return done;
+    }
+    return fmt::format("there is no window \"{}\"", title);
+}
+
+/// Does something that can be taken back, and is with `false`.
+template <void (SimMac::*method)(bool)>
+Outcome onFlag(Stage& stage, const nlohmann::json& fields) {
+    (stage.mac.*method)(fields.value("refuse", true));
+    return done;
+}
+
+template <void (SimMac::*method)()>
+Outcome onMac(Stage& stage, const nlohmann::json&) {
+    (stage.mac.*method)();
+    return done;
+}
+
+/// Does something with the display whose place in the row "display" names, the main one by default.
+template <typename Act>
+Outcome withDisplay(Stage& stage, const nlohmann::json& fields, Act act) {
+    const auto index = fields.value("display", std::size_t{0});
+    const DisplayId display = stage.mac.displayAt(index);
+    if (display == 0) return fmt::format("there is no display {}", index);
+    return act(stage.mac, display);
+}
+
+} // namespace larkspan::sim

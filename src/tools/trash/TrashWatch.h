@@ -1,0 +1,29 @@
+#pragma once
+
+#include "platform/Handle.h"
+#include "platform/Menu.h"
+#include "platform/Scheduler.h"
+#include "platform/TrashFolder.h"
+
+#include <functional>
+
+namespace larkspan {
+
+/// Whether the Trash shows its empty picture. A folder that cannot be read counts as empty. Main
+/// thread only.
+bool isTrashEmpty(const TrashFolder& trash);
+
+/// The menu above the Trash tile. `trash` must outlive it.
+Menu trashMenu(TrashFolder& trash);
+
+/// Tells whether the Trash is empty: at once, and whenever that may have changed. A folder that
+/// does not announce its changes is looked at every two seconds. Main thread only.
+class TrashWatch {
+  public:
+    TrashWatch(Scheduler& scheduler, TrashFolder& trash, std::function<void(bool isEmpty)> tell);
+
+  private:
+    Handle changes_;
+};
+
+} // namespace larkspan
