@@ -29,8 +29,8 @@ DemoPermissions::~DemoPermissions() {
 void DemoPermissions::show() {
     setVisible(*permissions_.isShown);
     if (view_ || !isVisible()) return;
-    view_ = views_.make("PermissionsView", {{"scene", QVariant::fromValue(&scene_)},
-                                            {"cornerRadius", windowCornerRadius}});
+    view_ = views_.make("permissions/PermissionsView", {{"scene", QVariant::fromValue(&scene_)},
+                                                        {"cornerRadius", windowCornerRadius}});
     view_->setParentItem(this);
     view_->setPosition({windowShadow, windowShadow + titleBarHeight});
     setSize(

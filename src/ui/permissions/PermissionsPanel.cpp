@@ -27,7 +27,7 @@ void PermissionsPanel::update() {
 }
 
 void PermissionsPanel::makeWindow() {
-    view_ = views_.make("PermissionsView", {{"scene", QVariant::fromValue(&scene_)}});
+    view_ = views_.make("permissions/PermissionsView", {{"scene", QVariant::fromValue(&scene_)}});
     window_ = std::make_unique<QQuickWindow>();
     window_->setTitle("Larkspan");
     window_->setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
