@@ -2,7 +2,9 @@
 
 #include "app/PermissionsWindow.h"
 #include "bar/BarController.h"
+#include "bar/BarOverlay.h"
 #include "bar/KeyboardEntry.h"
+#include "bar/TileActions.h"
 #include "diagnostics/DiagnosticsLog.h"
 #include "diagnostics/LostProcesses.h"
 #include "dock/DockFitting.h"
@@ -84,13 +86,12 @@ class AppController {
     const LostProcesses& lostProcesses() const { return lostProcesses_; }
     WindowRefresh& refresh() { return refresh_; }
     ItemActions& actions() { return actions_; }
-    IconClick& click() { return click_; }
-    ItemMenu& itemMenu() { return itemMenu_; }
+    TileActions& tileActions() { return tileActions_; }
     SpaceSlide& slide() { return slide_; }
-    TrashFolder& trash() { return platform_.trash; }
     const Platform& platform() const { return platform_; }
-    /// Nullptr before the first bars were needed.
+    // Nullptr before the first bars were needed.
     const BarController* bars() const { return bars_.get(); }
+    BarOverlay* overlay() { return overlay_.get(); }
 
   private:
     double wantedBarHeight() const;
@@ -124,7 +125,9 @@ class AppController {
     ItemActions actions_;
     IconClick click_;
     ItemMenu itemMenu_;
+    TileActions tileActions_;
     std::unique_ptr<BarPanels> barPanels_;
+    std::unique_ptr<BarOverlay> overlay_;
     std::unique_ptr<BarController> bars_;
     std::unique_ptr<KeyboardEntry> keyboardEntry_;
     /// Present only while the system Dock is in use.

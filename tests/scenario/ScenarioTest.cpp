@@ -179,7 +179,7 @@ TEST(ScenarioTest, SaysWhatIsNotAsExpected) {
         {R"({"at": 0, "do": "closeWindow", "window": "None"})", R"(there is no window "None")"},
         {R"({"at": 0, "do": "hide", "app": "org.example.maps"})", "no app org.example.maps runs"},
         {R"({"at": 0, "do": "switchSpace", "space": 3})", "there is no such Space"},
-        {R"({"at": 0, "do": "click", "app": "org.example.maps"})", "no item org.example.maps"},
+        {R"({"at": 0, "do": "click", "app": "org.example.maps"})", "no bar has a tile org.example.maps"},
         {R"({"at": 0, "do": "launch", "app": "org.example.fly"})", "fly is not installed"},
         {R"({"at": 0, "do": "hide", "app": "com.apple.finder#2"})", "no app com.apple.finder#2"},
         {R"({"at": 0, "do": "pin", "app": "org.example.mail"})", "is in the Dock already"},
