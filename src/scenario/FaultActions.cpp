@@ -94,7 +94,7 @@ Outcome reportFrontLate(Stage& stage, const json& fields) {
 
 Outcome dieBefore(Stage& stage, const json& fields) {
     if (!stage.delegate()) return "Larkspan does not run";
-    stage.mac.killPoint().dieBefore(fields["deed"].get<int>());
+    stage.mac.killPoint().dieBefore(fields["write"].get<int>());
     return done;
 }
 
@@ -140,7 +140,7 @@ const std::vector<ScenarioAction>& faultActions() {
         {"refuseDockSizes", {refuse}, onFlag<&SimMac::refuseDockSizes>},
         {"refuseLoginItem", {refuse}, onFlag<&SimMac::refuseLoginItem>},
         {"refuseToStore", {refuse}, onFlag<&SimMac::refuseToStore>},
-        {"dieBefore", {{"deed", FieldKind::index, true, 0, 10'000}}, dieBefore},
+        {"dieBefore", {{"write", FieldKind::index, true, 0, 10'000}}, dieBefore},
         {"changeDisplaysAfterRead", {{"displays", FieldKind::text, true}}, changeDisplaysAfterRead},
     };
     return actions;
