@@ -49,7 +49,7 @@ class DesktopStart {
     virtual std::string instanceName() const = 0;
     /// Why nothing can be shown here, in one line; absent when it can. To be asked before the
     /// toolkit starts, which may abort the program.
-    virtual std::optional<std::string> complaint() const = 0;
+    virtual std::optional<std::string> unavailableReason() const = 0;
     /// Reads the desktop as it is, or says in one line why it cannot. Once, after the toolkit has
     /// started; the desktop ends before the toolkit and the scheduler do.
     virtual Opened open(Scheduler& scheduler, DesktopCallbacks callbacks) const = 0;

@@ -67,7 +67,7 @@ constexpr Story stories[] = {
      [](Mac& mac) {
          LaunchedApp app(mac);
          mac.scheduler.runFor(1);
-         app.answer({"keep", film});
+         app.answer({"pin", film});
          mac.scheduler.runFor(0.1);
          app.delegate.willTerminate();
      }},

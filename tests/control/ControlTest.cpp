@@ -200,14 +200,14 @@ TEST_F(ControlTest, WhatMakesNoSenseChangesNothing) {
         {"move-window", "0x", "2"},
         {"move-window", "1", "2nd"},
         {"log", "/tmp/log", "again"},
-        {"keep", "com.example.nowhere"},
-        {"remove", "com.example.notes"},
-        {"remove", "com.apple.finder"},
+        {"pin", "com.example.nowhere"},
+        {"unpin", "com.example.notes"},
+        {"unpin", "com.apple.finder"},
     };
     const auto before = state();
     for (const auto& words : cases) {
         const auto refused = answer(words);
-        EXPECT_EQ(refused.code, 2) << testing::PrintToString(words);
+        EXPECT_EQ(refused.code, ExitCode::rejected) << testing::PrintToString(words);
         EXPECT_NE(refused.text, "") << testing::PrintToString(words);
     }
     EXPECT_EQ(state(), before);
@@ -222,10 +222,10 @@ TEST_F(ControlTest, KeepAndRemoveChangeThePinnedApps) {
             ids += item["id"].get<std::string>() + " ";
         return ids;
     };
-    EXPECT_EQ(answer({"keep", "com.example.notes"}), ControlAnswer{});
-    EXPECT_EQ(answer({"keep", "com.example.notes"}), ControlAnswer{});
+    EXPECT_EQ(answer({"pin", "com.example.notes"}), ControlAnswer{});
+    EXPECT_EQ(answer({"pin", "com.example.notes"}), ControlAnswer{});
     EXPECT_EQ(pinned(), "com.apple.finder com.example.chess com.example.notes ");
-    EXPECT_EQ(answer({"remove", "com.example.chess"}), ControlAnswer{});
+    EXPECT_EQ(answer({"unpin", "com.example.chess"}), ControlAnswer{});
     EXPECT_EQ(pinned(), "com.apple.finder com.example.notes ");
 }
 
@@ -246,18 +246,19 @@ TEST_F(ControlTest, FocusNeedsABarThatShows) {
     EXPECT_EQ(answer({"focus"}), ControlAnswer{});
     EXPECT_THAT(app->takeCalls(), testing::ElementsAre("keyboard 1"));
     answer({"mode", "systemDock"});
-    EXPECT_EQ(answer({"focus"}).code, 2);
+    EXPECT_EQ(answer({"focus"}).code, ExitCode::rejected);
 }
 
 TEST_F(ControlTest, LinesCarryRequestsAndAnswers) {
     launch();
     const auto line = Control::requestLine({"set", "tools", "a\nb \"c\""});
     EXPECT_EQ(line.find('\n'), std::string::npos);
-    EXPECT_EQ(answerTo(line), (ControlAnswer{2, "there is no tool named a\nb \"c\""}));
+    EXPECT_EQ(answerTo(line),
+              (ControlAnswer{ExitCode::rejected, "there is no tool named a\nb \"c\""}));
     for (const auto* nonsense : {"", "state", "{}", "[1]", "[\"state\""})
-        EXPECT_EQ(answerTo(nonsense).code, 2) << nonsense;
-    EXPECT_EQ(ControlAnswer::fromLine("").code, 1);
-    EXPECT_EQ(ControlAnswer::fromLine(R"({"code":"0","text":""})").code, 1);
+        EXPECT_EQ(answerTo(nonsense).code, ExitCode::rejected) << nonsense;
+    EXPECT_EQ(ControlAnswer::fromLine("").code, ExitCode::failed);
+    EXPECT_EQ(ControlAnswer::fromLine(R"({"code":"0","text":""})").code, ExitCode::failed);
 }
 
 TEST_F(ControlTest, ANameThatIsNoTextDoesNotBreakTheReport) {

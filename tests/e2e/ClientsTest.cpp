@@ -137,7 +137,7 @@ TEST_F(Clients, MinimizedByTheWindowManagerComeBackByAClick) {
 }
 
 TEST_F(Clients, PinnedOnesAreLaunchedByAClick) {
-    EXPECT_EQ(bar.command({"keep", xcalc.id}).exitCode, 0);
+    EXPECT_EQ(bar.command({"pin", xcalc.id}).exitCode, 0);
     ASSERT_TRUE(screen().eventually([&] { return bar.tile(xcalc).has_value(); }));
     EXPECT_FALSE(bar.item(xcalc.id)->value<bool>("running"));
 

@@ -80,7 +80,7 @@ TEST_F(RandomDesktop, TheReportAtRestIsWhatTheServerSays) {
     std::cout << "seed " << seed << ", " << seconds << " s" << std::endl;
     // One that is kept and runs, and one that is kept and does not.
     for (const auto* id : {"test-xterm", "test-xeyes"})
-        ASSERT_EQ(bar.command({"keep", id}).exitCode, 0);
+        ASSERT_EQ(bar.command({"pin", id}).exitCode, 0);
 
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::duration<double>(seconds);

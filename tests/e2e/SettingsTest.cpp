@@ -27,7 +27,7 @@ TEST_F(Settings, SurviveARestart) {
         RunningBar bar(desktop);
         EXPECT_EQ(bar.command({"set", "barHeight", "90"}).exitCode, 0);
         EXPECT_EQ(bar.command({"set", "style", "bar"}).exitCode, 0);
-        EXPECT_EQ(bar.command({"keep", "test-xclock"}).exitCode, 0);
+        EXPECT_EQ(bar.command({"pin", "test-xclock"}).exitCode, 0);
         EXPECT_TRUE(desktop.screen().eventually([&] { return bar.area().height == 90; }))
             << bar.state().dump(1);
         EXPECT_EQ(bar.quit(), 0);

@@ -8,7 +8,7 @@ namespace larkspan::mac {
 class MacStart final : public DesktopStart {
   public:
     std::string instanceName() const override { return "mac"; }
-    std::optional<std::string> complaint() const override;
+    std::optional<std::string> unavailableReason() const override;
     Opened open(Scheduler& scheduler, DesktopCallbacks callbacks) const override;
 };
 

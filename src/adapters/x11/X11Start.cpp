@@ -35,7 +35,7 @@ class X11Session final : public Desktop {
                                         .program = program.string(),
                                         .report = callbacks_.report,
                                         .gone = callbacks_.gone});
-        if (auto* complaint = std::get_if<std::string>(&opened)) return std::move(*complaint);
+        if (auto* error = std::get_if<std::string>(&opened)) return std::move(*error);
         desktop_ = std::move(std::get<std::unique_ptr<X11Desktop>>(opened));
         return std::nullopt;
     }
@@ -66,13 +66,13 @@ std::string X11Start::instanceName() const {
     return "x11" + display;
 }
 
-std::optional<std::string> X11Start::complaint() const {
+std::optional<std::string> X11Start::unavailableReason() const {
     return displayError();
 }
 
 DesktopStart::Opened X11Start::open(Scheduler& scheduler, DesktopCallbacks callbacks) const {
     auto session = std::make_unique<X11Session>(environment_, std::move(callbacks));
-    if (auto complaint = session->open(scheduler, environment_)) return std::move(*complaint);
+    if (auto error = session->open(scheduler, environment_)) return std::move(*error);
     return session;
 }
 

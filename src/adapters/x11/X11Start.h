@@ -14,7 +14,7 @@ class X11Start final : public DesktopStart {
         : environment_(freedesktop::Environment::ofProcess()) {}
 
     std::string instanceName() const override;
-    std::optional<std::string> complaint() const override;
+    std::optional<std::string> unavailableReason() const override;
     Opened open(Scheduler& scheduler, DesktopCallbacks callbacks) const override;
 
   private:
