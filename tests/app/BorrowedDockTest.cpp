@@ -96,8 +96,8 @@ void expectPutBack(const Mac& mac) {
 }
 
 /// Answers whether the program was killed before it came to the end.
-bool playUntilKilled(Mac& mac, void (*play)(Mac&), int deed, std::size_t survivors) {
-    mac.killPoint().dieBefore(deed);
+bool playUntilKilled(Mac& mac, void (*play)(Mac&), int action, std::size_t survivors) {
+    mac.killPoint().dieBefore(action);
     play(mac);
     const bool isKilled = mac.killPoint().isDead();
     mac.programKilled(survivors);

@@ -19,10 +19,10 @@ class SimScreenCapture final : public ScreenCapture {
         if (!world_.mayRecordScreen) world_.privacy.ask(Permission::screenRecording);
         return preflightAccess();
     }
-    /// How often access was asked for.
+    /// How often access was requested.
     int requests() const { return requests_; }
 
-    /// The program starts anew, and is told anew.
+    /// The program starts again, and reads the permission again.
     void forget() { told_.reset(); }
 
   private:

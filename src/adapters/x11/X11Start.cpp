@@ -14,7 +14,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-/// The desktop with what the program brings along, which it needs to its end.
+/// The desktop and what it needs until the program ends.
 class X11Session final : public Desktop {
   public:
     X11Session(const freedesktop::Environment& environment, DesktopCallbacks callbacks)
@@ -22,7 +22,7 @@ class X11Session final : public Desktop {
         , folders_(environment)
         , defaults_(folders_.ownConfigFolder() + "/settings.json", callbacks_.report) {}
 
-    /// Why it could not be opened, in one line.
+    /// Returns the error in one line if the desktop could not be opened.
     std::optional<std::string> open(Scheduler& scheduler,
                                     const freedesktop::Environment& environment) {
         std::error_code error;
@@ -56,8 +56,7 @@ class X11Session final : public Desktop {
 
 } // namespace
 
-/// The screen's number at the end of the display's name is left out: one instance serves all
-/// screens.
+/// Without the screen number at the end of the display's name: one instance serves all screens.
 std::string X11Start::instanceName() const {
     std::string display = environment_.value("DISPLAY");
     const auto colon = display.rfind(':');

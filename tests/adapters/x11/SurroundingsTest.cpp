@@ -11,17 +11,18 @@ TEST(SurroundingsTest, NoDisplayIsOneLine) {
     qt::QtScheduler scheduler;
     const auto opened = X11Connection::open(":9876", scheduler);
     ASSERT_TRUE(std::holds_alternative<std::string>(opened));
-    EXPECT_EQ(std::get<std::string>(opened),
-              "larkspan: cannot open display \":9876\": no X server answers there, or it refuses "
-              "this user");
+    EXPECT_EQ(
+        std::get<std::string>(opened),
+        "larkspan: cannot open display \":9876\": there is no X server, or access was denied");
 }
 
 TEST(SurroundingsTest, WithoutAWindowManagerTheShownWindowsStandIn) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
-    EXPECT_EQ(desktop.reports,
-              std::vector<std::string>{
-                  "larkspan: no window manager runs, so windows cannot be hidden or minimised"});
+    EXPECT_EQ(
+        desktop.reports,
+        std::vector<std::string>{
+            "larkspan: no window manager is running, so windows cannot be hidden or minimised"});
     TestClient client(server.display());
     const auto window = client.open({.title = "Alone", .className = "Alone"});
     const auto menu = client.open({.isOverrideRedirect = true});
@@ -80,7 +81,8 @@ TEST(SurroundingsTest, ServerThatGoesAwayIsOneLineAndNothingHangs) {
     const auto element = desktop.element(window);
     server.kill();
     ASSERT_TRUE(runUntil([&] { return !desktop.gone.empty(); }));
-    EXPECT_EQ(desktop.gone, std::vector<std::string>{"larkspan: the X server has gone away"});
+    EXPECT_EQ(desktop.gone,
+              std::vector<std::string>{"larkspan: the connection to the X server was lost"});
     // What is asked now finds the last state, and what is requested does nothing.
     EXPECT_TRUE(desktop.isListed(window));
     desktop.platform().accessibility.performAction(element, "AXRaise");

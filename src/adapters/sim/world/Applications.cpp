@@ -28,7 +28,7 @@ void Applications::uninstall(std::string_view bundleIdentifier) {
 }
 
 void Applications::tellOfInstalled() {
-    // A Mac keeps it to itself.
+    // A Mac sends no notification for it.
     if (world_.announcesChanges) world_.tell(Kind::runningApplicationsDidChange);
 }
 
@@ -74,7 +74,7 @@ bool Applications::open(std::string_view path) {
     if (world_.privacy.open(path)) return true;
     const InstalledApp* bundle = installedAt(path);
     if (!bundle) {
-        // A folder opens in the Finder; addresses are only noted.
+        // A folder opens in the Finder; URLs are only recorded.
         if (path.starts_with('/')) openFolder(path);
         return true;
     }
@@ -132,7 +132,7 @@ ProcessId Applications::launchUsually(const InstalledApp& bundle, bool opensWind
 }
 
 void Applications::bringBack(App& app) {
-    // One that is still launching shows itself when it is there.
+    // An app that is still launching comes forward when it has finished.
     if (!app.finishedLaunching) return;
     const ProcessId pid = app.pid;
     activate(pid);
@@ -173,7 +173,7 @@ void Applications::activate(ProcessId pid) {
     unhide(pid);
     windows_.raiseAll(pid);
     setFrontmost(pid);
-    // An app whose windows are all on other Spaces is followed to the frontmost of them.
+    // If all windows of the app are on other Spaces, the frontmost one's Space is shown.
     if (windows_.front(pid)) return;
     const auto elsewhere =
         std::find_if(world_.windows.begin(), world_.windows.end(), [pid](const Window& window) {
@@ -233,7 +233,8 @@ void Applications::settleFrontmost() {
         setFrontmost(owner);
         return;
     }
-    // Nothing on screen: an app without windows keeps the menu bar; else it is the Finder's.
+    // Nothing is on screen: an app without windows keeps the menu bar; otherwise the Finder gets
+    // it.
     if (front && !front->hidden) return;
     const App* finder = world_.appOf(finderIdentifier);
     setFrontmost(finder ? finder->pid : 0);

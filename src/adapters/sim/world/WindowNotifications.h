@@ -10,8 +10,8 @@
 
 namespace larkspan::sim {
 
-/// What apps tell of their windows to those that observe them through Accessibility. A hung app
-/// tells nothing until it is let go and something changes; one that dies tells nothing any more.
+/// The notifications of apps about their windows to Accessibility observers. A hung app sends none
+/// until it responds again and something changes; a dead one sends none any more.
 class WindowNotifications {
   public:
     WindowNotifications(World& world, Windows& windows);
@@ -22,7 +22,7 @@ class WindowNotifications {
 
   private:
     struct Facts {
-        /// 0 without one.
+        /// 0 if there is none.
         WindowId focused = 0;
         std::map<WindowId, Rect> frames;
     };
@@ -39,7 +39,7 @@ class WindowNotifications {
 
     World& world_;
     Windows& windows_;
-    /// Of the apps that are observed.
+    /// For the observed apps.
     std::map<ProcessId, Facts> known_;
     Signal<const Observer&> told_;
     Handle changes_;

@@ -110,7 +110,7 @@ std::vector<Screen> World::screens() const {
         const Rect& bounds = display.bounds;
         const double mainHeight = displays.front().bounds.height;
         const Rect frame{bounds.x, mainHeight - bounds.maxY(), bounds.width, bounds.height};
-        // Only the display with the Dock gives up a strip for it.
+        // Only the display with the Dock has a strip for it.
         const double strip = screens.empty() ? stripHeight() : 0;
         const Rect visible{frame.x, frame.y + strip, frame.width,
                            frame.height - strip - menuBarHeight};

@@ -11,7 +11,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-/// Seconds without listening after each move that was told.
+/// Seconds without listening after each reported move.
 constexpr double pauseAfterMove = 0.05;
 
 constexpr XInputMask noEvents{0, 0};
@@ -46,7 +46,7 @@ Handle X11EventMonitors::addGlobalMonitor(InputEventMask mask, Callback callback
     });
 }
 
-// For all devices: what is selected for the master devices belongs to the swipes.
+// For all devices: the selection for the master devices belongs to the swipes.
 void X11EventMonitors::listen(bool isWanted) {
     motions_.reset();
     if (!connection_.isAlive()) return;

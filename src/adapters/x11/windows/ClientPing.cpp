@@ -28,7 +28,7 @@ void ping(xcb_connection_t* connection, const Atoms& atoms, WindowId window) {
                    reinterpret_cast<const char*>(&event));
 }
 
-/// Takes what has arrived; answers whether one of the windows' answers is among it.
+/// Reads what has arrived; returns whether one of the windows has replied.
 bool takeAnswer(xcb_connection_t* connection, const Atoms& atoms,
                 const std::vector<WindowId>& windows) {
     while (const Event event{xcb_poll_for_event(connection)}) {

@@ -12,13 +12,13 @@ namespace larkspan::x11 {
 
 namespace {
 
-// A title may be a megabyte long; no one reads more of it than this. In 32-bit units.
+// A title may be a megabyte long; only this much is read. In 32-bit units.
 constexpr std::uint32_t longestText = 512;
 constexpr std::uint32_t inputHint = 1u << 0;
 constexpr std::uint32_t iconPixmapHint = 1u << 2;
 constexpr std::uint32_t urgencyHint = 1u << 8;
 
-/// The answer to a property request; without a reply, the property is absent.
+/// The reply to a property request; without a reply, the property is absent.
 class PropertyAnswer {
   public:
     PropertyAnswer(const xcb_get_property_reply_t* reply, const Atoms& atoms)
@@ -60,13 +60,13 @@ using Take = void (*)(ClientProperties&, const PropertyAnswer&);
 
 struct Property {
     xcb_atom_t Atoms::*named;
-    /// For a name that the X server knows from birth.
+    /// For an atom that is predefined in the X server.
     xcb_atom_t predefined;
     std::uint32_t length;
     Take take;
 };
 
-// The instance and the class, each ended by a NUL.
+// The instance and the class, each terminated by NUL.
 void takeClass(ClientProperties& facts, const PropertyAnswer& answer) {
     const auto bytes = answer.bytes();
     const auto end = bytes.find('\0');
@@ -101,7 +101,7 @@ void takeHints(ClientProperties& facts, const PropertyAnswer& answer) {
 Edges edgesFrom(const PropertyAnswer& answer) {
     const auto numbers = answer.numbers();
     if (numbers.size() < 4) return {};
-    // A frame thicker than any screen is a lie (or a negative number).
+    // A frame thicker than any screen is wrong (or a negative number).
     const auto sane = [&](std::size_t i) { return numbers[i] < 0x8000 ? numbers[i] : 0; };
     return {sane(0), sane(1), sane(2), sane(3)};
 }
@@ -117,7 +117,7 @@ void takeStrut(ClientProperties& facts, const PropertyAnswer& answer) {
     facts.strut.bottom = {numbers[10], numbers[11]};
 }
 
-// The older strut comes first in the table, the partial one replaces it.
+// The old strut comes first in the table; the partial one replaces it.
 const Property properties[ClientPropertyReader::propertyCount] = {
     {nullptr, XCB_ATOM_WM_CLASS, longestText, takeClass},
     {&Atoms::netWmName, 0, longestText,
@@ -163,7 +163,7 @@ const Property properties[ClientPropertyReader::propertyCount] = {
          takeStrut(facts, answer);
      }},
     {&Atoms::netWmStrutPartial, 0, 12, takeStrut},
-    // Of the icon only whether there is one: the pictures are large and seldom needed.
+    // Only whether there is an icon: the images are large and seldom needed.
     {&Atoms::netWmIcon, 0, 0,
      [](ClientProperties& facts, const PropertyAnswer& answer) {
          facts.hasIcon = answer.hasValue();
@@ -195,7 +195,7 @@ ClientPropertyReader::Facets ClientPropertyReader::facetsOf(xcb_atom_t name) con
     Facets facets = 0;
     for (std::size_t i = 0; i < propertyCount; ++i)
         if (atomOf(properties[i], atoms) == name) facets |= bit(i);
-    // The two struts are one fact: which of them counts shows only when both are read.
+    // The two struts are one facet: only reading both shows which one counts.
     if (name == atoms.netWmStrut || name == atoms.netWmStrutPartial)
         for (std::size_t i = 0; i < propertyCount; ++i)
             if (properties[i].named == &Atoms::netWmStrut ||
@@ -213,22 +213,22 @@ ClientPropertyReader::Pending ClientPropertyReader::request(WindowId window, Fac
             xcb_get_property(raw, 0, window, atomOf(properties[i], connection_.atoms()),
                              XCB_GET_PROPERTY_TYPE_ANY, 0, properties[i].length);
     }
-    // Always asked for, since the answer tells whether the window still is.
+    // Always requested, since the reply shows whether the window still exists.
     pending.geometry = xcb_get_geometry(raw, window);
     if (facets & geometryFacet)
         pending.origin = xcb_translate_coordinates(raw, window, connection_.root(), 0, 0);
     return pending;
 }
 
-// Every answer is taken even when the window is gone: an answer left behind stays in memory.
+// All replies are read even if the window is gone: xcb keeps unread ones in memory.
 bool ClientPropertyReader::collect(const Pending& pending, ClientProperties& facts) const {
     for (std::size_t i = 0; i < propertyCount; ++i) {
         if ((pending.facets & bit(i)) == 0) continue;
         const auto reply = connection_.reply(xcb_get_property_reply, pending.properties[i]);
         properties[i].take(facts, {reply.get(), connection_.atoms()});
     }
-    // A process number means something only on its own machine. A client from elsewhere has to name
-    // that.
+    // A process number is valid only on its own machine. A client on another one must state its
+    // name.
     const bool isFromHere = facts.machine.empty() || facts.machine == machine_;
     facts.pid = isFromHere ? facts.namedPid : std::nullopt;
 

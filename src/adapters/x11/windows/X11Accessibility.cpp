@@ -15,7 +15,7 @@ class Element : public AXElement {
         , number(elementNumber) {}
 
     const Role role;
-    /// Of the application or the window.
+    /// The number of the application or the window.
     const std::uint32_t number;
 };
 
@@ -108,12 +108,12 @@ AXAttribute X11Accessibility::applicationAttribute(ProcessId pid, std::string_vi
     return failed(AXError::attributeUnsupported);
 }
 
-/// The processes of one application are one to its user: it answers when any of its windows does.
+/// For the user, the processes of one application are one: it responds if any of its windows does.
 bool X11Accessibility::isAnswering(const std::vector<ClientWindowRef>& windows) const {
     std::vector<WindowId> asked;
     for (const auto& window : windows)
         if (window->answersPings) asked.push_back(window->id);
-    // A window that cannot be asked may well be of a process that answers.
+    // A window that cannot be pinged may belong to a process that responds.
     if (asked.size() < windows.size()) return true;
     return ping_.isAnswered(asked, messagingTimeout_);
 }
@@ -204,7 +204,7 @@ Handle X11Accessibility::observe(const AXElementRef& reference, std::string_view
         if (news.notification == name && news.pid == pid && (!only || news.window == only))
             callback();
     };
-    // Begun on the main thread, which may be after the handle has ended there.
+    // Created on the main thread, maybe after the handle has ended there.
     struct Observation {
         Handle subscription;
         bool hasEnded = false;
