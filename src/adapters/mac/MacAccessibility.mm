@@ -95,8 +95,8 @@ std::optional<WindowId> MacAccessibility::window(const AXElementRef& element) co
     return number;
 }
 
-// One observer for each notification, so that its end asks the app nothing: the app learns of it
-// from the observer's port.
+// One observer for each notification, so that ending it does not call the app: the app notices when
+// the observer's port closes.
 Handle MacAccessibility::observe(const AXElementRef& element, std::string_view notification,
                                  std::function<void()> callback) const {
     const auto owner = pid(element);

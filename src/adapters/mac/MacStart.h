@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-/// The Mac this program was started on, in the session of this user.
+/// The Mac that the program was started on, in the session of this user.
 class MacStart final : public DesktopStart {
   public:
     std::string instanceName() const override { return "mac"; }

@@ -23,7 +23,7 @@ void DefaultsFile::load() {
         sayOnce("cannot be read");
         return;
     }
-    // Nothing is lost with a file that holds nothing.
+    // An empty file contains nothing that could be lost.
     if (contents.text.find_first_not_of(" \t\r\n") == std::string::npos) {
         values_.clear();
         return;
@@ -42,7 +42,7 @@ void DefaultsFile::load() {
 
 void DefaultsFile::sayOnce(const std::string& trouble) {
     if (std::exchange(saidTrouble_, true)) return;
-    report_(fmt::format("{} {}; changes are kept until quitting only", file_.path(), trouble));
+    report_(fmt::format("{} {}; changes are lost when Larkspan quits", file_.path(), trouble));
 }
 
 std::optional<PropertyValue> DefaultsFile::value(std::string_view key) const {
@@ -69,8 +69,8 @@ bool DefaultsFile::synchronize() {
     return !isUnsaved_;
 }
 
-/// What an editor or an instance on another display wrote meanwhile is kept: only the key being set
-/// is ours to change.
+/// Keeps what an editor or an instance on another display has written: only the key being set is
+/// changed.
 void DefaultsFile::followOutsideChange() {
     if (!isUnsaved_ && file_.stamp() != stamp_) load();
 }
