@@ -9,6 +9,7 @@ namespace larkspan::x11 {
 
 /// The bits of XInput's events 0 to 31 and 32 to 63.
 using XInputMask = std::array<std::uint32_t, 2>;
+inline constexpr XInputMask noEvents{0, 0};
 
 /// Whether the X server supports XInput 2 in at least that minor version.
 bool knowsXInput(X11Connection& connection, int minor);

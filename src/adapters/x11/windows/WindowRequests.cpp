@@ -7,7 +7,6 @@ namespace {
 // Window managers accept requests from a pager that they would refuse from an application.
 constexpr std::uint32_t fromPager = 2;
 constexpr std::uint32_t normalState = 1;
-constexpr std::uint32_t iconicState = 3;
 
 } // namespace
 
