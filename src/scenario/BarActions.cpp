@@ -12,7 +12,7 @@ namespace {
 using nlohmann::json;
 using Words = std::vector<std::string>;
 
-constexpr const char* notRunning = "Larkspan does not run";
+constexpr const char* notRunning = "Larkspan is not running";
 
 /// Goes the road of the command line. An answer that takes its time is not waited for: what came of
 /// it is for an expectation.

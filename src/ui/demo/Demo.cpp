@@ -70,7 +70,7 @@ ExitCode runScenario(const std::string& path, const std::string& picturesFolder,
         runner.takePicture = [&](const std::string& name) {
             const std::string file = picturesFolder + "/" + name + ".png";
             if (window.picture().save(QString::fromStdString(file))) return;
-            printError(file + ": the picture cannot be written");
+            printError("cannot write " + file);
             allWritten = false;
         };
     }
@@ -78,7 +78,7 @@ ExitCode runScenario(const std::string& path, const std::string& picturesFolder,
     for (const std::string& failure : runner.failures())
         printError(path + ": " + failure);
     if (!stateFile.empty() && !writeState(runner, stateFile)) {
-        printError(stateFile + ": the state cannot be written");
+        printError("cannot write " + stateFile);
         allWritten = false;
     }
     if (!allWritten) return ExitCode::rejected;
