@@ -20,7 +20,7 @@ Outcome request(Stage& stage, const Words& words) {
     if (!stage.delegate()) return notRunning;
     const auto outcome = std::make_shared<Outcome>(done);
     Control(*stage.delegate()).answer(words, [outcome](const ControlAnswer& answer) {
-        if (answer.code != 0) *outcome = answer.text;
+        if (answer.code != ExitCode::succeeded) *outcome = answer.text;
     });
     return *outcome;
 }

@@ -81,7 +81,7 @@ TEST_F(Clients, AppearWithTheirWindowsAndGoWithThem) {
     expectWindows(xclock, 1);
 }
 
-TEST_F(Clients, AreBroughtForwardSentAwayAndShownByClicks) {
+TEST_F(Clients, AreBroughtForwardHiddenAndShownByClicks) {
     // One after the other, so that it is known which of them stands in front.
     const auto terminal = desktop.open(xterm);
     expectWindows(xterm, 1);

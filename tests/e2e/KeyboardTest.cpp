@@ -39,7 +39,7 @@ class Keyboard : public testing::Test {
     std::unique_ptr<ChildProcess> terminal;
 };
 
-TEST_F(Keyboard, WalksToATileAndOpensItThenIsGivenBack) {
+TEST_F(Keyboard, SelectsATileAndOpensItAndGivesTheFocusBack) {
     EXPECT_EQ(bar.command({"focus"}).exitCode, 0);
     EXPECT_TRUE(isKeyboardTaken());
     EXPECT_TRUE(isFront(terminalApp)) << "the window worked in stays the active one";
@@ -51,7 +51,7 @@ TEST_F(Keyboard, WalksToATileAndOpensItThenIsGivenBack) {
     EXPECT_FALSE(isKeyboardTaken());
 }
 
-TEST_F(Keyboard, EscapeGivesItBackFromTheMenuAndFromTheTiles) {
+TEST_F(Keyboard, EscapeReturnsFromTheMenuAndFromTheTiles) {
     EXPECT_EQ(bar.command({"focus"}).exitCode, 0);
     screen().tapKey(XK_Up);
     screen().tapKey(XK_Escape);
@@ -62,7 +62,7 @@ TEST_F(Keyboard, EscapeGivesItBackFromTheMenuAndFromTheTiles) {
     EXPECT_TRUE(isFront(terminalApp));
 }
 
-TEST_F(Keyboard, ComesWhenWhoeverHoldsItLetsGo) {
+TEST_F(Keyboard, ComesWhenTheOtherGrabEnds) {
     ASSERT_TRUE(screen().grabKeyboard());
     EXPECT_EQ(bar.command({"focus"}).exitCode, 0);
     screen().letKeyboardGo();

@@ -12,7 +12,7 @@ class Life : public testing::Test {
     PrivateDesktop desktop;
 };
 
-TEST_F(Life, QuittingGivesTheStripBack) {
+TEST_F(Life, QuittingReleasesTheStrip) {
     const auto before = desktop.screen().workArea();
     RunningBar bar(desktop);
     EXPECT_TRUE(desktop.screen().eventually([&] {
@@ -42,7 +42,7 @@ TEST_F(Life, AKilledBarLeavesNoStripAndStartsAgain) {
     EXPECT_EQ(again.quit(), 0);
 }
 
-TEST_F(Life, TheBarIsNoWindowOfTheDesktop) {
+TEST_F(Life, TheBarIsNotListedAsAWindow) {
     RunningBar bar(desktop);
     const auto terminal = desktop.open(testApp("test-xterm"));
     const auto isTerminalActive = [&] {
@@ -59,7 +59,7 @@ TEST_F(Life, TheBarIsNoWindowOfTheDesktop) {
     EXPECT_TRUE(isTerminalActive());
 }
 
-TEST_F(Life, ModesSwitchAndASecondStartIsAReopen) {
+TEST_F(Life, ModesSwitchAndASecondStartReopens) {
     const auto before = desktop.screen().workArea();
     RunningBar bar(desktop);
     EXPECT_EQ(bar.command({"mode", "systemDock"}).exitCode, 0);
@@ -73,7 +73,7 @@ TEST_F(Life, ModesSwitchAndASecondStartIsAReopen) {
     EXPECT_TRUE(bar.process().isRunning());
 }
 
-TEST_F(Life, CommandsWithoutARunningBarSaySoAndFail) {
+TEST_F(Life, CommandsWithoutARunningBarFail) {
     const std::vector<std::vector<std::string>> commands = {
         {"state"}, {"mode", "vantrel"}, {"click", "test-xclock"}, {"quit"}};
     for (const auto& command : commands) {
@@ -83,7 +83,7 @@ TEST_F(Life, CommandsWithoutARunningBarSaySoAndFail) {
     }
 }
 
-TEST_F(Life, WithoutADisplayItSaysSoInOneLineAndFails) {
+TEST_F(Life, WithoutADisplayItFailsWithOneLine) {
     auto environment = desktop.environment();
     environment["DISPLAY"] = ":9999";
     const auto result =
@@ -93,7 +93,7 @@ TEST_F(Life, WithoutADisplayItSaysSoInOneLineAndFails) {
     EXPECT_EQ(std::ranges::count(result.output, '\n'), 1) << result.output;
 }
 
-TEST_F(Life, AServerThatGoesAwayEndsItInOrder) {
+TEST_F(Life, ALostServerEndsItCleanly) {
     RunningBar bar(desktop);
     desktop.endServer();
     const auto exitCode = bar.process().waitForExit(10);

@@ -23,7 +23,7 @@ class Log : public testing::Test {
     PrivateDesktop desktop;
 };
 
-TEST_F(Log, IsPrintedAndSavedWhereTheCommandIsGiven) {
+TEST_F(Log, IsPrintedAndSavedInTheWorkingDirectory) {
     RunningBar bar(desktop);
     const auto printed = bar.command({"log"});
     EXPECT_EQ(printed.exitCode, 0);
@@ -40,7 +40,7 @@ TEST_F(Log, IsPrintedAndSavedWhereTheCommandIsGiven) {
     EXPECT_EQ(save("bar.txt").exitCode, 0) << "an older one is replaced";
 }
 
-TEST_F(Log, SaysWhyItCannotBeSaved) {
+TEST_F(Log, ReportsWhyItCannotBeSaved) {
     struct Case {
         std::string file;
         std::string complaint;

@@ -75,7 +75,7 @@ class RandomDesktop : public testing::Test {
     std::pair<DesktopReading, DesktopReading> readings_;
 };
 
-TEST_F(RandomDesktop, TheReportAtRestIsWhatTheServerSays) {
+TEST_F(RandomDesktop, TheReportAtRestMatchesTheServer) {
     const double seconds = numberFrom("LARKSPAN_DESKTOP_SECONDS", secondsInTheSuite);
     std::cout << "seed " << seed << ", " << seconds << " s" << std::endl;
     // One that is kept and runs, and one that is kept and does not.

@@ -88,7 +88,7 @@ TEST_F(Settings, AreReadableAfterAKillAtAnyMoment) {
         << "no kill came after a write: the moments are too early to prove anything";
 }
 
-TEST_F(Settings, DamagedAreSetAsideAndTheBarStartsWithoutThem) {
+TEST_F(Settings, DamagedOnesAreRenamedAndTheBarStartsWithoutThem) {
     const std::string damaged = "{\"barHeight\": 60, \"style\"";
     std::filesystem::create_directories(desktop.settingsFile().parent_path());
     std::ofstream(desktop.settingsFile()) << damaged;

@@ -112,7 +112,7 @@ std::string complaintAbout(const std::string& folder, const std::string& header,
            target;
 }
 
-TEST(Arrows, EveryIncludeFollowsThem) {
+TEST(Arrows, EveryIncludeIsAllowed) {
     const std::regex include(R"(^\s*#\s*(?:include|import)\s+(["<])([^">]+)[">])");
     std::vector<std::string> complaints;
     int includes = 0;
@@ -141,7 +141,7 @@ TEST(Arrows, EveryFolderUnderSrcHasArrows) {
 }
 
 // The rule itself, so that a slip in it does not let everything pass.
-TEST(Arrows, WhatIsForbiddenIsFound) {
+TEST(Arrows, ForbiddenIncludesAreFound) {
     struct Case {
         const char* folder;
         const char* header;

@@ -24,7 +24,7 @@ std::set<std::string> documentedNames() {
 }
 
 // What no header declares cannot be checked by a compiler, so the page says where its type is from.
-TEST(MacCalls, EveryPrivateFunctionStandsInThePageWithItsSource) {
+TEST(MacCalls, EveryPrivateFunctionIsDocumented) {
     const auto names = namesIn({"src/adapters/mac/PrivateFunctions.h"},
                                std::regex(R"re("(_?(?:SLS|CGS|CoreDock|AX)\w+)")re"));
     EXPECT_GT(names.size(), 15U) << "hardly any name was found in the table of private functions";
@@ -33,7 +33,7 @@ TEST(MacCalls, EveryPrivateFunctionStandsInThePageWithItsSource) {
         EXPECT_TRUE(documented.contains(name)) << name << " is missing in docs/macos.md";
 }
 
-TEST(MacCalls, EveryClassFoundByNameStandsInThePage) {
+TEST(MacCalls, EveryClassFoundByNameIsDocumented) {
     const auto names = namesIn(filesUnder({"src/adapters/mac"}, {".h", ".mm"}),
                                std::regex(R"re(NSClassFromString\(@"(\w+)"\))re"));
     EXPECT_FALSE(names.empty());

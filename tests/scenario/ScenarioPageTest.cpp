@@ -109,12 +109,12 @@ TEST(ScenarioPageTest, ListsEveryActionWithItsFields) {
         ADD_FAILURE() << "there is no action " << name;
 }
 
-TEST(ScenarioPageTest, ListsWhatAWorldAndAnExpectationMayHold) {
+TEST(ScenarioPageTest, ListsTheFieldsOfAWorldAndAnExpectation) {
     EXPECT_THAT(namedUnder("The world"), testing::ContainerEq(namesOf(worldFields())));
     EXPECT_THAT(namedUnder("Expectations"), testing::ContainerEq(namesOf(expectationConditions())));
 }
 
-TEST(ScenarioPageTest, NamesWhatCanBeExpectedOfTheMac) {
+TEST(ScenarioPageTest, ListsTheReportOfTheMac) {
     std::string text;
     for (const auto& line : linesUnder("Expectations"))
         text += line + '\n';
@@ -132,7 +132,7 @@ TEST(ScenarioPageTest, NamesWhatCanBeExpectedOfTheMac) {
     check(report.at("dock"));
 }
 
-TEST(ScenarioPageTest, NamesEveryStory) {
+TEST(ScenarioPageTest, ListsEveryScenario) {
     Names stories;
     for (const auto& file : std::filesystem::directory_iterator(LARKSPAN_DEMO_FOLDER))
         stories.insert(file.path().filename());

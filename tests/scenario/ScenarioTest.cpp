@@ -11,7 +11,7 @@ using testing::HasSubstr;
 using testing::IsEmpty;
 using testing::StartsWith;
 
-TEST(ScenarioTest, EveryScenarioOfTheDemoHolds) {
+TEST(ScenarioTest, EveryDemoScenarioPasses) {
     int played = 0;
     for (const auto& file : std::filesystem::directory_iterator(LARKSPAN_DEMO_FOLDER)) {
         SCOPED_TRACE(file.path());
@@ -40,7 +40,7 @@ void expectRefused(const std::vector<Refusal>& cases) {
     }
 }
 
-TEST(ScenarioTest, RefusesAFileThatIsNoScenario) {
+TEST(ScenarioTest, RejectsInvalidFiles) {
     expectRefused({
         {R"({"steps": [)", "a.json: "},
         {R"([])", "a.json: a scenario must be an object"},
@@ -55,7 +55,7 @@ TEST(ScenarioTest, RefusesAFileThatIsNoScenario) {
                 HasSubstr("cannot read no-such-file.json"));
 }
 
-TEST(ScenarioTest, RefusesStepsThatMakeNoSenseWithTheirReason) {
+TEST(ScenarioTest, RejectsInvalidStepsWithAReason) {
     const std::pair<const char*, const char*> cases[] = {
         {R"(1)", "a step must be an object"},
         {R"({"do": "launch", "app": "a"})", R"("at" is missing)"},
@@ -110,7 +110,7 @@ TEST(ScenarioTest, RefusesStepsThatMakeNoSenseWithTheirReason) {
                 .scenario);
 }
 
-TEST(ScenarioTest, RefusesWorldsThatCannotBe) {
+TEST(ScenarioTest, RejectsInvalidWorlds) {
     const std::pair<const char*, const char*> cases[] = {
         {R"([])", "not an object"},
         {R"({"display": "1440x900"})", R"(unknown field "display")"},
@@ -167,7 +167,7 @@ std::vector<std::string> failuresOf(const std::string& steps) {
     return runner.failures();
 }
 
-TEST(ScenarioTest, SaysWhatIsNotAsExpected) {
+TEST(ScenarioTest, ReportsFailedExpectations) {
     const std::pair<const char*, const char*> cases[] = {
         {R"({"at": 1, "expect": "/mode", "equals": "systemDock"})",
          R"(step 1 at 1 s: /mode is "vantrel", expected equals "systemDock")"},
@@ -198,7 +198,7 @@ TEST(ScenarioTest, SaysWhatIsNotAsExpected) {
         EXPECT_THAT(failuresOf(steps), testing::ElementsAre(HasSubstr(failure))) << steps;
 }
 
-TEST(ScenarioTest, AStepWhoseMomentHasPassedSaysSo) {
+TEST(ScenarioTest, AStepThatComesTooLateFails) {
     const std::string hung = R"(
         {"at": 1, "do": "launch", "app": "org.example.mail", "window": true},
         {"at": 2, "do": "answerAfter", "app": "org.example.mail", "seconds": 0.4},
@@ -208,7 +208,7 @@ TEST(ScenarioTest, AStepWhoseMomentHasPassedSaysSo) {
     EXPECT_THAT(failuresOf(hung + R"({"at": 9, "expect": "/running", "equals": true})"), IsEmpty());
 }
 
-TEST(ScenarioTest, LookingOnTakesNoTime) {
+TEST(ScenarioTest, ObservingTakesNoTime) {
     // The report asks each app for its windows, and one that hangs is waited for.
     std::string steps = R"(
         {"at": 1, "do": "launch", "app": "org.example.mail", "window": true},
@@ -218,7 +218,7 @@ TEST(ScenarioTest, LookingOnTakesNoTime) {
     EXPECT_THAT(failuresOf(steps), IsEmpty());
 }
 
-TEST(ScenarioTest, AKillLosesWhatWasNotStoredAndTheNextStartStillKnowsTheUsersDock) {
+TEST(ScenarioTest, AfterAKillTheNextStartStillKnowsTheUsersDock) {
     EXPECT_THAT(failuresOf(R"(
         {"at": 2, "do": "killLarkspan"},
         {"at": 3, "expect": "/mac/settings", "contains": "savedDockProfile"},

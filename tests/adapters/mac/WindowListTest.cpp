@@ -18,7 +18,7 @@ WindowListEntry decoded(Dictionary entry) {
     return windowListEntry(PropertyView(&value));
 }
 
-// As a Mac writes an ordinary window in front, with the keys nobody reads.
+// An ordinary window in front, as on a real Mac, with keys that are not used.
 TEST(WindowList, AnOrdinaryWindowHasEveryField) {
     const auto entry = decoded({{"kCGWindowLayer", 0},
                                 {"kCGWindowName", "Inbox"},
@@ -40,7 +40,7 @@ TEST(WindowList, AnOrdinaryWindowHasEveryField) {
                                       .name = "Inbox"}));
 }
 
-TEST(WindowList, AMissingOrMisshapenFieldIsAbsentAndCostsNoOther) {
+TEST(WindowList, AMissingOrMalformedFieldIsAbsent) {
     const auto nan = std::numeric_limits<double>::quiet_NaN();
     const auto infinity = std::numeric_limits<double>::infinity();
     const auto large = std::int64_t{1} << 40;
@@ -90,14 +90,14 @@ TEST(WindowList, AMissingOrMisshapenFieldIsAbsentAndCostsNoOther) {
         EXPECT_EQ(decoded(each.entry), each.expected) << each.what;
 }
 
-TEST(WindowList, KeepsItsOrderAndItsMisshapenEntries) {
+TEST(WindowList, KeepsItsOrderAndItsMalformedEntries) {
     const PropertyValue list(Array{Dictionary{{"kCGWindowNumber", 3}}, "no entry", Array{},
                                    Dictionary{{"kCGWindowNumber", 1}}});
     EXPECT_EQ(windowList(PropertyView(&list)),
               (std::vector<WindowListEntry>{{.number = 3}, {}, {}, {.number = 1}}));
 }
 
-TEST(WindowList, ALostListIsNotAnEmptyOne) {
+TEST(WindowList, AFailedCallIsNotAnEmptyWindowList) {
     const PropertyValue empty(Array{});
     const PropertyValue dictionary(Dictionary{});
     EXPECT_EQ(windowList(PropertyView(&empty)), std::vector<WindowListEntry>{});
@@ -107,7 +107,7 @@ TEST(WindowList, ALostListIsNotAnEmptyOne) {
     EXPECT_EQ(windowNumbers(PropertyView(nullptr)), std::nullopt);
 }
 
-TEST(WindowList, NumbersAloneLeaveOutWhatIsNone) {
+TEST(WindowList, NumbersSkipOtherTypes) {
     const PropertyValue list(Array{7, -1, "8", true, 9.0, std::int64_t{1} << 33, 10});
     EXPECT_EQ(windowNumbers(PropertyView(&list)), (std::vector<WindowId>{7, 4294967295U, 9, 10}));
 }

@@ -10,7 +10,7 @@ class ClientPingTest : public testing::Test {
   protected:
     ClientPingTest() { ax().setMessagingTimeout(ax().createSystemWide(), 0.3F); }
     Accessibility& ax() { return desktop.platform().accessibility; }
-    /// A window of the one application that they all belong to here.
+    /// Opens a window; all belong to one application here.
     WindowId open(TestClient& owner, bool takesPings) {
         const auto window = owner.open({.className = "Asked", .takesPings = takesPings});
         EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
@@ -19,7 +19,7 @@ class ClientPingTest : public testing::Test {
     AXError windowsOf(ProcessId pid) {
         return ax().attribute(ax().createApplication(pid), "AXWindows").error;
     }
-    /// Asked on a queue while `answering` handles its events.
+    /// Pings on a queue while `answering` handles its events.
     AXError askWhile(ProcessId pid, TestClient* answering) {
         std::promise<AXError> promise;
         auto answer = promise.get_future();
@@ -38,7 +38,7 @@ class ClientPingTest : public testing::Test {
     int pings = 0;
 };
 
-TEST_F(ClientPingTest, NobodyIsAskedOnTheMainThread) {
+TEST_F(ClientPingTest, TheMainThreadNeverPings) {
     const auto pid = ownerOf(open(client, true));
     const double before = desktop.scheduler.uptime();
     EXPECT_EQ(windowsOf(pid), AXError::success);
@@ -47,15 +47,15 @@ TEST_F(ClientPingTest, NobodyIsAskedOnTheMainThread) {
     EXPECT_EQ(client.answerPings(), 0);
 }
 
-TEST_F(ClientPingTest, AnAppAnswersWhenAnyOfItsProcessesDoes) {
+TEST_F(ClientPingTest, AnAppRespondsIfAnyOfItsProcessesDoes) {
     const auto pid = ownerOf(open(client, true));
     ASSERT_EQ(ownerOf(open(other, true)), pid);
     EXPECT_EQ(askWhile(pid, &other), AXError::success);
-    EXPECT_EQ(pings, 1) << "each window is asked once";
+    EXPECT_EQ(pings, 1) << "each window is pinged once";
     EXPECT_EQ(askWhile(pid, nullptr), AXError::cannotComplete);
 }
 
-TEST_F(ClientPingTest, WhoPromisesNoAnswerIsNotSaidToHang) {
+TEST_F(ClientPingTest, AppsWithoutPingSupportNeverHang) {
     const auto pid = ownerOf(open(client, false));
     EXPECT_EQ(askWhile(pid, nullptr), AXError::success);
     open(other, true);

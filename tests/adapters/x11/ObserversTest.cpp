@@ -6,14 +6,14 @@ namespace larkspan::x11 {
 
 using qt::runUntil;
 
-/// Observers of windows that begin on a queue, where a real app would be asked.
+/// Observers of windows that start on a queue, as for a real app that must be asked.
 class ObserversTest : public testing::Test {
   protected:
     ObserversTest() {
         EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
     }
 
-    /// Returns before the main thread has had a turn.
+    /// Returns before the main thread has run.
     Handle observeOnQueue(std::function<void()> callback) {
         std::promise<Handle> made;
         desktop.scheduler.queue("observers").post([&] {
@@ -32,7 +32,7 @@ class ObserversTest : public testing::Test {
     WindowId window = client.open({});
 };
 
-TEST_F(ObserversTest, AreToldOnTheMainThread) {
+TEST_F(ObserversTest, AreCalledOnTheMainThread) {
     bool isToldOnMainThread = false;
     const Handle observer =
         observeOnQueue([&] { isToldOnMainThread = desktop.scheduler.isMainThread(); });
@@ -41,7 +41,7 @@ TEST_F(ObserversTest, AreToldOnTheMainThread) {
     EXPECT_TRUE(runUntil([&] { return isToldOnMainThread; }));
 }
 
-TEST_F(ObserversTest, MayEndBeforeTheyHaveBegun) {
+TEST_F(ObserversTest, MayEndBeforeTheyStart) {
     int told = 0;
     Handle ended = observeOnQueue([&] { ++told; });
     ended.reset();

@@ -4,9 +4,9 @@ namespace larkspan::x11 {
 
 using qt::runUntil;
 
-// What surrounds the windows: screens, panels, wallpaper, and desktops where something is missing.
+// Screens, panels, the wallpaper, and desktops where something is missing.
 
-TEST(SurroundingsTest, NoDisplayIsOneLine) {
+TEST(SurroundingsTest, AMissingDisplayIsReportedInOneLine) {
     qt::testApplication();
     qt::QtScheduler scheduler;
     const auto opened = X11Connection::open(":9876", scheduler);
@@ -16,7 +16,7 @@ TEST(SurroundingsTest, NoDisplayIsOneLine) {
         "larkspan: cannot open display \":9876\": there is no X server, or access was denied");
 }
 
-TEST(SurroundingsTest, WithoutAWindowManagerTheShownWindowsStandIn) {
+TEST(SurroundingsTest, WithoutAWindowManagerMappedWindowsAreListed) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
     EXPECT_EQ(
@@ -42,7 +42,7 @@ TEST(SurroundingsTest, WithoutAWindowManagerTheShownWindowsStandIn) {
     EXPECT_TRUE(runUntil([&] { return !desktop.isListed(window); }));
 }
 
-TEST(SurroundingsTest, WindowsAreKeptWhileWindowManagersComeAndGo) {
+TEST(SurroundingsTest, WindowsAreKeptWhenTheWindowManagerChanges) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
     TestClient client(server.display());
@@ -72,7 +72,7 @@ TEST(SurroundingsTest, WithoutRandrTheRootWindowIsTheOnlyScreen) {
     EXPECT_NE(screens[0].display, 0u);
 }
 
-TEST(SurroundingsTest, ServerThatGoesAwayIsOneLineAndNothingHangs) {
+TEST(SurroundingsTest, ALostServerIsReportedAndNothingHangs) {
     PrivateServer server;
     DesktopUnderTest desktop(server.display());
     auto client = std::make_unique<TestClient>(server.display());
@@ -83,7 +83,7 @@ TEST(SurroundingsTest, ServerThatGoesAwayIsOneLineAndNothingHangs) {
     ASSERT_TRUE(runUntil([&] { return !desktop.gone.empty(); }));
     EXPECT_EQ(desktop.gone,
               std::vector<std::string>{"larkspan: the connection to the X server was lost"});
-    // What is asked now finds the last state, and what is requested does nothing.
+    // Reads return the last state, and requests have no effect.
     EXPECT_TRUE(desktop.isListed(window));
     desktop.platform().accessibility.performAction(element, "AXRaise");
     desktop.applications().activate(*desktop.entry(window)->ownerPID);
@@ -123,7 +123,7 @@ TEST(SurroundingsTest, ScreensFollowTheStripPanelsAndTheDesktopsScale) {
     EXPECT_EQ(screens.screens()[0].visibleFrame, screens.screens()[0].frame);
 }
 
-TEST(SurroundingsTest, MonitorsThatAUserAddsAndTakesAwayAreFollowed) {
+TEST(SurroundingsTest, MonitorsAddedByTheUserAreFollowed) {
     PrivateServer server;
     server.startManager();
     const DesktopUnderTest desktop(server.display());
@@ -157,7 +157,7 @@ TEST(SurroundingsTest, MonitorsThatAUserAddsAndTakesAwayAreFollowed) {
     EXPECT_FALSE(desktop.isOnSpace(window, spaceOnRight()));
 }
 
-TEST(SurroundingsTest, PanelIsADockThatKeepsAndGivesBackItsStrip) {
+TEST(SurroundingsTest, APanelIsADockThatReservesAndReleasesItsStrip) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
     TestClient client(server.display());
@@ -189,7 +189,7 @@ TEST(SurroundingsTest, PanelIsADockThatKeepsAndGivesBackItsStrip) {
     }));
 }
 
-TEST(SurroundingsTest, StripIsKeptOnlyWhereNoMonitorContinuesBelow) {
+TEST(SurroundingsTest, TheStripIsReservedOnlyAboveNoOtherMonitor) {
     PrivateServer server;
     TestClient client(server.display());
     client.setMonitor("upper", {0, 0, 1280, 400});
@@ -207,11 +207,11 @@ TEST(SurroundingsTest, StripIsKeptOnlyWhereNoMonitorContinuesBelow) {
         return runUntil([&] { return client.numbers(panel, "_NET_WM_STRUT_PARTIAL") == strut; });
     };
     EXPECT_TRUE(isStrutOn("lower", {0, 0, 0, 50, 0, 0, 0, 0, 0, 0, 200, 999}));
-    // It would reach over the whole monitor below.
+    // The strut would cover the whole monitor below.
     EXPECT_TRUE(isStrutOn("upper", {}));
 }
 
-TEST(SurroundingsTest, PointerGoesThroughAPanelBesideItsInputArea) {
+TEST(SurroundingsTest, ThePointerPassesThroughAPanelOutsideItsInputArea) {
     PrivateServer server;
     TestClient client(server.display());
     client.setText(client.root(), "RESOURCE_MANAGER", "STRING", "Xft.dpi:\t144\n");
@@ -220,11 +220,11 @@ TEST(SurroundingsTest, PointerGoesThroughAPanelBesideItsInputArea) {
     const auto panel = client.open({});
     client.sync();
     desktop.desktop->panelDressing().setInputArea(panel, {10, 20, 101, 31});
-    // What a point covers in part belongs to it.
+    // A partly covered pixel belongs to the area.
     EXPECT_TRUE(runUntil([&] { return client.inputArea(panel) == Rect{15, 30, 152, 47}; }));
 }
 
-TEST(SurroundingsTest, WallpaperIsReadWhereThePanelLiesAndRepeats) {
+TEST(SurroundingsTest, TheWallpaperUnderAPanelIsReadAndTiled) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
     auto& picture = desktop.desktop->desktopPicture();

@@ -8,10 +8,10 @@
 
 namespace larkspan::contract {
 
-/// What every adapter must tell of windows that are observed through Accessibility.
+/// What every adapter must report about windows observed through Accessibility.
 class AXObserverContract : public DesktopContract {
   protected:
-    /// Writes down each notification that comes, under that label.
+    /// Records each notification, with that label.
     void observe(const AXElementRef& element, const std::string& label = "") {
         for (const char* name : {"AXFocusedWindowChanged", "AXWindowMoved", "AXWindowResized",
                                  "AXUIElementDestroyed"}) {
@@ -20,7 +20,7 @@ class AXObserverContract : public DesktopContract {
             EXPECT_TRUE(handle) << name;
             handles_.push_back(std::move(handle));
         }
-        // An observation may begin with the next turn.
+        // An observation may start in the next turn.
         runUntil([] { return true; });
     }
     AXElementRef app(WindowId window) const { return ax_.createApplication(owner(window)); }
@@ -31,7 +31,7 @@ class AXObserverContract : public DesktopContract {
         ADD_FAILURE() << "no element of window " << window;
         return nullptr;
     }
-    /// What was told by the time that this was.
+    /// Everything that was reported up to this line.
     std::set<std::string> toldWith(const std::string& line) {
         EXPECT_TRUE(runUntil([&] { return told_.contains(line); })) << line;
         return std::exchange(told_, {});
@@ -42,7 +42,7 @@ class AXObserverContract : public DesktopContract {
     std::set<std::string> told_;
 };
 
-TEST_P(AXObserverContract, AnAppTellsOfAnyOfItsWindowsAndOfWhatHappenedOnly) {
+TEST_P(AXObserverContract, AnAppReportsTheChangesOfAllItsWindows) {
     const auto first = world_->openWindow("writer");
     observe(app(first));
     const auto second = world_->openWindow("writer");
@@ -57,7 +57,7 @@ TEST_P(AXObserverContract, AnAppTellsOfAnyOfItsWindowsAndOfWhatHappenedOnly) {
     EXPECT_THAT(toldWith("AXUIElementDestroyed"), testing::Contains("AXUIElementDestroyed"));
 }
 
-TEST_P(AXObserverContract, TheNewsIsThereToBeReadWhenItIsTold) {
+TEST_P(AXObserverContract, TheChangeCanBeReadInTheCallback) {
     const auto window = world_->openWindow("writer");
     const auto ax = element(window);
     const double width = ax_.attribute(ax, "AXSize").as<Size>()->width;
@@ -70,7 +70,7 @@ TEST_P(AXObserverContract, TheNewsIsThereToBeReadWhenItIsTold) {
     EXPECT_EQ(read, width + 40);
 }
 
-TEST_P(AXObserverContract, AWindowTellsOfItselfOnly) {
+TEST_P(AXObserverContract, AWindowReportsOnlyItsOwnChanges) {
     const auto first = world_->openWindow("writer");
     const auto second = world_->openWindow("writer");
     const auto other = world_->openWindow("painter");
@@ -80,13 +80,13 @@ TEST_P(AXObserverContract, AWindowTellsOfItselfOnly) {
     world_->closeWindow(second);
     ASSERT_TRUE(runUntil([&] { return !entry(second); }));
     told_.erase("first AXFocusedWindowChanged");
-    EXPECT_THAT(told_, testing::IsEmpty()) << "but for the focus, which may go to the first";
+    EXPECT_THAT(told_, testing::IsEmpty()) << "except the focus, which may move to the first";
     world_->closeWindow(first);
     EXPECT_THAT(toldWith("first AXUIElementDestroyed"),
                 testing::ElementsAre("first AXUIElementDestroyed"));
 }
 
-TEST_P(AXObserverContract, WhatHasEndedHearsNothingAndMayEndWithItsNews) {
+TEST_P(AXObserverContract, AnEndedObservationIsSilentAndMayEndInItsCallback) {
     const auto window = world_->openWindow("writer");
     int ended = 0, once = 0, told = 0;
     Handle first = ax_.observe(app(window), "AXWindowMoved", [&] { ++ended; });
@@ -105,7 +105,7 @@ TEST_P(AXObserverContract, WhatHasEndedHearsNothingAndMayEndWithItsNews) {
     EXPECT_EQ(ended, 0);
 }
 
-TEST_P(AXObserverContract, AnAppThatDiesSaysNothingMoreOfItsPlaceAndFocus) {
+TEST_P(AXObserverContract, ADeadAppReportsNoMovesOrFocus) {
     const auto window = world_->openWindow("writer");
     const auto second = world_->openWindow("writer");
     const auto observed = app(window);

@@ -4,7 +4,7 @@
 
 namespace larkspan::contract {
 
-/// What all monitors of events must do. Clicks and keys are heard on some desktops only.
+/// What all event monitors must do. Only some desktops report clicks and keys.
 class EventMonitorsContract : public DesktopContract {
   protected:
     static constexpr InputEventMask moves = maskOf(InputEventType::mouseMoved);
@@ -12,14 +12,14 @@ class EventMonitorsContract : public DesktopContract {
     EventMonitors& monitors_ = platform_.eventMonitors;
 };
 
-TEST_P(EventMonitorsContract, ThePointerIsWhereItWasMovedTo) {
+TEST_P(EventMonitorsContract, ThePointersPositionIsReported) {
     for (const Point place : {Point{200, 300}, Point{0, 1}, Point{640, 40}}) {
         world_->movePointer(place);
         EXPECT_EQ(monitors_.mouseLocation(), place);
     }
 }
 
-TEST_P(EventMonitorsContract, TheLastOfManyMovesIsTold) {
+TEST_P(EventMonitorsContract, TheLastOfManyMovesIsReported) {
     world_->movePointer({10, 10});
     std::optional<Point> told;
     const Handle monitor =
@@ -28,10 +28,12 @@ TEST_P(EventMonitorsContract, TheLastOfManyMovesIsTold) {
         world_->movePointer({double(x), 100});
     EXPECT_TRUE(runUntil([&] { return told == Point{200, 100}; }));
     world_->movePointer({300, 120});
-    EXPECT_TRUE(runUntil([&] { return told == Point{300, 120}; })) << "and the next after a rest";
+    EXPECT_TRUE(runUntil([&] {
+        return told == Point{300, 120};
+    })) << "and the next one after a pause";
 }
 
-TEST_P(EventMonitorsContract, AMonitorThatHasEndedHearsNothingAndOthersGoOn) {
+TEST_P(EventMonitorsContract, AnEndedMonitorIsSilentAndOthersContinue) {
     int ended = 0, told = 0;
     Handle first = monitors_.addGlobalMonitor(moves, [&](const InputEvent&) { ++ended; });
     Handle second = monitors_.addGlobalMonitor(moves, [&](const InputEvent&) { ++told; });
@@ -42,11 +44,11 @@ TEST_P(EventMonitorsContract, AMonitorThatHasEndedHearsNothingAndOthersGoOn) {
     const Handle third = monitors_.addGlobalMonitor(moves, [&](const InputEvent&) { ++told; });
     const int before = told;
     world_->movePointer({90, 60});
-    EXPECT_TRUE(runUntil([&] { return told > before; })) << "after the last one had ended";
+    EXPECT_TRUE(runUntil([&] { return told > before; })) << "after the last one has ended";
     EXPECT_EQ(ended, 0);
 }
 
-TEST_P(EventMonitorsContract, AMonitorMayEndWithTheEventItHears) {
+TEST_P(EventMonitorsContract, AMonitorMayEndInItsCallback) {
     int told = 0;
     Handle monitor;
     monitor = monitors_.addGlobalMonitor(moves, [&](const InputEvent&) {
@@ -63,7 +65,7 @@ TEST_P(EventMonitorsContract, AMonitorMayEndWithTheEventItHears) {
     EXPECT_EQ(told, 1);
 }
 
-TEST_P(EventMonitorsContract, TypesThatWereNotAskedForAreNotTold) {
+TEST_P(EventMonitorsContract, OtherTypesAreNotReported) {
     int keys = 0, told = 0;
     const Handle typed = monitors_.addGlobalMonitor(maskOf(InputEventType::keyDown),
                                                     [&](const InputEvent&) { ++keys; });

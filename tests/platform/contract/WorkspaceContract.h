@@ -7,12 +7,12 @@
 
 namespace larkspan::contract {
 
-/// What every workspace must do, and the control of applications whose effects show in it.
+/// What every workspace must do, and application control, whose effects are visible in it.
 class WorkspaceContract : public DesktopContract {
   protected:
     using Kind = WorkspaceEvent::Kind;
 
-    /// Whether the app was told of in that way.
+    /// Whether that event was reported for the app.
     bool wasTold(Kind kind, const std::string& app) {
         return std::any_of(told_.begin(), told_.end(), [&](const WorkspaceEvent& event) {
             return event.kind == kind && event.application &&
@@ -32,7 +32,7 @@ class WorkspaceContract : public DesktopContract {
         workspace_.subscribe([this](const WorkspaceEvent& event) { told_.push_back(event); });
 };
 
-TEST_P(WorkspaceContract, AppsAreListedInTheOrderOfTheirLaunch) {
+TEST_P(WorkspaceContract, AppsAreListedInLaunchOrder) {
     const auto written = world_->openWindow("writer");
     world_->openWindow("painter");
     control_.activate(owner(written));
@@ -51,7 +51,7 @@ TEST_P(WorkspaceContract, AppsAreListedInTheOrderOfTheirLaunch) {
               identifiers.end());
 }
 
-TEST_P(WorkspaceContract, AnInstalledAppHasAPlaceANameAndAPicture) {
+TEST_P(WorkspaceContract, AnInstalledAppHasAPathANameAndAnIcon) {
     EXPECT_EQ(workspace_.urlForApplication("org.example.nowhere"), std::nullopt);
     const auto url = workspace_.urlForApplication(world_->identifier("painter"));
     ASSERT_TRUE(url);
@@ -65,7 +65,7 @@ TEST_P(WorkspaceContract, AnInstalledAppHasAPlaceANameAndAPicture) {
     EXPECT_EQ(generic->bitmap(32).width, 32);
 }
 
-TEST_P(WorkspaceContract, OpeningLaunchesAnAppOnceAndForcingEndsIt) {
+TEST_P(WorkspaceContract, OpeningLaunchesAnAppOnceAndForceQuitEndsIt) {
     const auto url = *workspace_.urlForApplication(world_->identifier("writer"));
     ASSERT_TRUE(control_.open(url));
     ASSERT_TRUE(runUntil([&] { return running("writer").has_value(); }));
@@ -76,19 +76,19 @@ TEST_P(WorkspaceContract, OpeningLaunchesAnAppOnceAndForcingEndsIt) {
     world_->finishLaunching("writer");
     ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didLaunchApplication, "writer"); }));
     EXPECT_TRUE(running("writer")->isFinishedLaunching);
-    EXPECT_EQ(running("writer")->pid, pid) << "one process from its launch on";
+    EXPECT_EQ(running("writer")->pid, pid) << "the same process since its launch";
 
     world_->openWindow("painter");
     ASSERT_TRUE(runUntil([&] { return isFrontmost("painter"); }));
     ASSERT_TRUE(control_.open(url));
     EXPECT_TRUE(runUntil([&] { return isFrontmost("writer"); }));
-    EXPECT_EQ(running("writer")->pid, pid) << "an app that runs is brought forward";
+    EXPECT_EQ(running("writer")->pid, pid) << "a running app is brought forward";
 
     ASSERT_TRUE(control_.forceTerminate(pid));
     EXPECT_TRUE(runUntil([&] { return !running("writer"); }));
 }
 
-TEST_P(WorkspaceContract, FilesAreOpenedWithTheAppThatIsNamed) {
+TEST_P(WorkspaceContract, FilesAreOpenedWithTheGivenApp) {
     const auto url = *workspace_.urlForApplication(world_->identifier("writer"));
     EXPECT_FALSE(control_.openWith({"/tmp/letter"}, "/nowhere/at.all"));
     ASSERT_TRUE(control_.openWith({"/tmp/letter"}, url));
@@ -105,7 +105,7 @@ TEST_P(WorkspaceContract, AnotherInstanceIsOpenedBesideARunningOne) {
     ASSERT_TRUE(control_.openNewInstance(url));
     world_->finishLaunching("writer");
     EXPECT_TRUE(runUntil([&] { return isFrontmost("writer"); }));
-    EXPECT_EQ(running("writer")->pid, pid) << "the first goes on";
+    EXPECT_EQ(running("writer")->pid, pid) << "the first one is still running";
 }
 
 TEST_P(WorkspaceContract, ActivatingBringsExactlyOneAppToTheFront) {
@@ -149,7 +149,7 @@ TEST_P(WorkspaceContract, ActivatingAHiddenAppShowsItAgain) {
     }));
 }
 
-TEST_P(WorkspaceContract, AnAppThatQuitsIsToldAsEndedAndCanBeAskedNothingMore) {
+TEST_P(WorkspaceContract, AnAppThatQuitsIsReportedAndGetsNoMoreRequests) {
     const auto window = world_->openWindow("writer");
     const auto pid = owner(window);
     EXPECT_TRUE(workspace_.hasProcess(pid));
@@ -173,7 +173,7 @@ TEST_P(WorkspaceContract, AnAppThatQuitsIsToldAsEndedAndCanBeAskedNothingMore) {
     EXPECT_FALSE(control_.sendSignal(pid, 15));
 }
 
-TEST_P(WorkspaceContract, ShowingAnotherSpaceIsTold) {
+TEST_P(WorkspaceContract, ShowingAnotherSpaceIsAnnounced) {
     world_->openWindow("writer");
     told_.clear();
     world_->showSpace(1);
