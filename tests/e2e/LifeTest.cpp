@@ -38,7 +38,7 @@ TEST_F(Life, AKilledBarLeavesNoStripAndStartsAgain) {
         bar.process().waitForExit(5);
     }
     EXPECT_TRUE(desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
-    RunningBar again(desktop); // over the dead one's socket
+    RunningBar again(desktop); // replaces the dead one's socket
     EXPECT_EQ(again.quit(), 0);
 }
 
@@ -53,7 +53,7 @@ TEST_F(Life, TheBarIsNotListedAsAWindow) {
         desktop.screen().eventually([&] { return bar.tile(testApp("test-xterm")).has_value(); }));
     EXPECT_EQ(bar.state()["groups"].size(), 1);
     EXPECT_EQ(bar.state()["groups"][0]["items"].size(), 1) << bar.state().dump(1);
-    // A press beside every tile must not take the focus from the window that has it.
+    // A click outside of all tiles must not take the focus from the focused window.
     const auto area = bar.area();
     bar.clickAt({area.x + 3, area.centerY(), 2, 2});
     EXPECT_TRUE(isTerminalActive());
@@ -97,7 +97,7 @@ TEST_F(Life, ALostServerEndsItCleanly) {
     RunningBar bar(desktop);
     desktop.endServer();
     const auto exitCode = bar.process().waitForExit(10);
-    ASSERT_TRUE(exitCode) << "it hangs without its X server";
+    ASSERT_TRUE(exitCode) << "it hangs after losing its X server";
     EXPECT_LT(*exitCode, 128) << "it crashed: " << contentsOf(desktop.home() / "larkspan.log");
 }
 

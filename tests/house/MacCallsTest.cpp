@@ -23,7 +23,7 @@ std::set<std::string> documentedNames() {
     return namesIn({"docs/macos.md"}, std::regex("`([^`]+)`"));
 }
 
-// What no header declares cannot be checked by a compiler, so the page says where its type is from.
+// No compiler can check an undeclared function, so the page must give the source of its type.
 TEST(MacCalls, EveryPrivateFunctionIsDocumented) {
     const auto names = namesIn({"src/adapters/mac/PrivateFunctions.h"},
                                std::regex(R"re("(_?(?:SLS|CGS|CoreDock|AX)\w+)")re"));
@@ -42,7 +42,7 @@ TEST(MacCalls, EveryClassFoundByNameIsDocumented) {
         EXPECT_TRUE(documented.contains(name)) << name << " is missing in docs/macos.md";
 }
 
-// A second lookup by hand would escape the table, and with it the page.
+// A lookup elsewhere would not be in the table, and not on the page.
 TEST(MacCalls, PrivateFunctionsAreLookedUpInTheirTableOnly) {
     for (const auto& path : filesUnder({"src"}, {".h", ".cpp", ".mm"}))
         for (const auto& line : linesOf(path))

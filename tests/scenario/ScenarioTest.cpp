@@ -102,7 +102,7 @@ TEST(ScenarioTest, RejectsInvalidStepsWithAReason) {
         refusals.push_back({text + step + "]}", reason});
     }
     expectRefused(refusals);
-    // No number, and one that is none any more.
+    // Not a number, and a number that overflows.
     for (const char* at : {"NaN", "1e999"})
         EXPECT_FALSE(
             parseScenario(fmt::format(R"({{"steps": [{{"at": {}, "picture": "a"}}]}})", at),
@@ -209,7 +209,7 @@ TEST(ScenarioTest, AStepThatComesTooLateFails) {
 }
 
 TEST(ScenarioTest, ObservingTakesNoTime) {
-    // The report asks each app for its windows, and one that hangs is waited for.
+    // The report asks each app for its windows, and waits for a hung one.
     std::string steps = R"(
         {"at": 1, "do": "launch", "app": "org.example.mail", "window": true},
         {"at": 2, "do": "hang", "app": "org.example.mail"})";

@@ -27,8 +27,8 @@ class X11Session final : public Desktop {
     /// Returns the error in one line if the desktop could not be opened.
     std::optional<std::string> open(Scheduler& scheduler,
                                     const freedesktop::Environment& environment) {
-        std::error_code error;
-        const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+        std::error_code ignored;
+        const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
         auto opened = X11Desktop::open({.scheduler = scheduler,
                                         .defaults = defaults_,
                                         .application = application_,
