@@ -10,7 +10,7 @@
 #include "ui/parts/AppearanceWatch.h"
 #include "ui/parts/Environment.h"
 #include "ui/parts/Views.h"
-#include "ui/permissions/PermissionsPanel.h"
+#include "ui/permissions/PermissionsWindow.h"
 #ifdef __APPLE__
 #include "adapters/mac/MacStart.h"
 #else
@@ -177,8 +177,8 @@ class Program {
             return std::make_unique<ui::QuickBarPanels>(
                 controller, views, appearance, desktop.panelDressing(), desktop.desktopPicture());
         });
-        const ui::PermissionsPanel permissions(delegate.controller().permissions(), views,
-                                               appearance);
+        const ui::PermissionsWindow permissions(delegate.controller().permissions(), views,
+                                                appearance);
         auto& log = delegate.controller().log();
         const Handle logging = isLogged_ ? logToTerminal(log) : Handle();
         reports_.attach(log);

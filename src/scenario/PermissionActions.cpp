@@ -10,9 +10,9 @@ using nlohmann::json;
 using Outcome = std::optional<std::string>;
 
 /// Calls `act` with the permissions window, or returns why there is none.
-Outcome withWindow(Stage& stage, const std::function<void(PermissionsWindow&)>& act) {
+Outcome withWindow(Stage& stage, const std::function<void(PermissionsModel&)>& act) {
     if (!stage.delegate()) return "Larkspan is not running";
-    PermissionsWindow& window = stage.delegate()->controller().permissions();
+    PermissionsModel& window = stage.delegate()->controller().permissions();
     if (!*window.isShown) return "the permissions window is not open";
     act(window);
     return std::nullopt;
@@ -24,7 +24,7 @@ Outcome ask(Stage& stage, const json& fields) {
     const auto permission = permissionNamed(name);
     if (!permission) return fmt::format("unknown permission \"{}\"", name);
     Outcome refusal;
-    const auto outcome = withWindow(stage, [&](PermissionsWindow& window) {
+    const auto outcome = withWindow(stage, [&](PermissionsModel& window) {
         const bool isForScreen = *permission == Permission::screenRecording;
         if (*(isForScreen ? window.hasScreenRecording : window.hasAccessibility))
             refusal = fmt::format("{} is already granted, so its row has no button", name);
@@ -37,7 +37,7 @@ Outcome ask(Stage& stage, const json& fields) {
 }
 
 Outcome close(Stage& stage, const json&) {
-    return withWindow(stage, [](PermissionsWindow& window) { window.close(); });
+    return withWindow(stage, [](PermissionsModel& window) { window.close(); });
 }
 
 Outcome answerPrompt(Stage& stage, const json& fields) {
