@@ -59,7 +59,7 @@ TEST(ManagedSpaces, MissingOrMalformedFieldsAreAbsent) {
         {"an empty current Space",
          Dictionary{{"Current Space", Dictionary{}}},
          {{}, ManagedSpace{}, {}}},
-        {"Spaces that are no list", Dictionary{{"Spaces", Dictionary{{"id64", 1}}}}, {}},
+        {"Spaces that are not a list", Dictionary{{"Spaces", Dictionary{{"id64", 1}}}}, {}},
         {"a Space in words", Dictionary{{"Spaces", Array{"one"}}}, {{}, {}, {{}}}},
         {"a Space without a type",
          withSpace({{"id64", 3}, {"uuid", "U"}}),
