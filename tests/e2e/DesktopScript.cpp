@@ -62,7 +62,7 @@ void DesktopScript::act() {
         auto act = acts().begin();
         for (; chosen >= act->weight; ++act)
             chosen -= act->weight;
-        tell(act->name);
+        note(act->name);
         (this->*act->perform)();
         ++actCount_;
     }
@@ -89,7 +89,7 @@ void DesktopScript::open() {
     window.width = 100 + int(below(300));
     window.height = 80 + int(below(200));
     client.windows.push_back(client.connection->open(window));
-    tell("  " + window.type + " of " + window.className + " is " +
+    note("  " + window.type + " of " + window.className + " is " +
          std::to_string(client.windows.back()));
 }
 
@@ -263,7 +263,7 @@ std::optional<DesktopScript::Window> DesktopScript::anyWindow() {
     auto left = below(std::uint32_t(windowCount()));
     for (auto& client : clients_) {
         if (left < client.windows.size()) {
-            tell("  " + std::to_string(client.windows[left]) + " of " + client.windowClass);
+            note("  " + std::to_string(client.windows[left]) + " of " + client.windowClass);
             return Window{&client, client.windows[left]};
         }
         left -= std::uint32_t(client.windows.size());
@@ -280,7 +280,7 @@ void DesktopScript::forget(WindowId window) {
         std::erase(client.windows, window);
 }
 
-void DesktopScript::tell(const std::string& line) {
+void DesktopScript::note(const std::string& line) {
     story_ += "  " + line + "\n";
 }
 

@@ -35,7 +35,7 @@ class DesktopScript {
     int actCount() const { return actCount_; }
     x11::TestClient& pager() { return pager_; }
     /// Adds an action of somebody else to the story.
-    void tell(const std::string& line);
+    void note(const std::string& line);
 
   private:
     struct Client {

@@ -46,7 +46,7 @@ class RandomDesktop : public testing::Test {
             ids.push_back(item["id"]);
         if (ids.empty()) return;
         const auto& id = ids[script.below(static_cast<std::uint32_t>(ids.size()))];
-        script.tell("click " + id);
+        script.note("click " + id);
         bar.command({"click", id});
     }
 

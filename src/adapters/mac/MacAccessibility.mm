@@ -13,7 +13,7 @@ AXError errorOf(::AXError error) {
 }
 
 // A copy: the callback may end the observation that holds it.
-void tell(AXObserverRef, AXUIElementRef, CFStringRef, void* callback) {
+void callBack(AXObserverRef, AXUIElementRef, CFStringRef, void* callback) {
     const auto copy = *static_cast<std::function<void()>*>(callback);
     copy();
 }
@@ -101,7 +101,7 @@ Handle MacAccessibility::observe(const AXElementRef& element, std::string_view n
                                  std::function<void()> callback) const {
     const auto owner = pid(element);
     AXObserverRef made = nullptr;
-    if (!owner || AXObserverCreate(*owner, tell, &made) != kAXErrorSuccess) return {};
+    if (!owner || AXObserverCreate(*owner, callBack, &made) != kAXErrorSuccess) return {};
     id observer = CFBridgingRelease(made);
     auto context = std::make_shared<std::function<void()>>(std::move(callback));
     if (AXObserverAddNotification(made, MacElement::of(element),

@@ -26,12 +26,12 @@ NSURL* placeOf(std::string_view url) {
 
 /// The completion handler of a request, which the workspace calls on its own thread.
 void (^answer(const Report& report))(NSRunningApplication*, NSError*) {
-    const Report told = report;
+    const Report kept = report;
     return ^(NSRunningApplication*, NSError* error) {
       if (error == nil) return;
       const std::string line = textOf(error.localizedDescription);
       dispatch_async(dispatch_get_main_queue(), ^{
-        told(line);
+        kept(line);
       });
     };
 }

@@ -20,7 +20,7 @@ void DefaultsFile::load() {
     const WholeFile::Contents contents = file_.read();
     isBlocked_ = contents.state == WholeFile::State::unreadable;
     if (isBlocked_) {
-        sayOnce("cannot be read");
+        reportOnce("cannot be read");
         return;
     }
     // An empty file contains nothing that could be lost.
@@ -37,12 +37,12 @@ void DefaultsFile::load() {
     isBlocked_ = !aside;
     stamp_ = file_.stamp();
     if (aside) report_(fmt::format("{} is damaged and was moved to {}", file_.path(), *aside));
-    if (!aside) sayOnce("is damaged and cannot be moved aside");
+    if (!aside) reportOnce("is damaged and cannot be moved aside");
 }
 
-void DefaultsFile::sayOnce(const std::string& trouble) {
-    if (std::exchange(saidTrouble_, true)) return;
-    report_(fmt::format("{} {}; changes are lost when Larkspan quits", file_.path(), trouble));
+void DefaultsFile::reportOnce(const std::string& problem) {
+    if (std::exchange(hasReported_, true)) return;
+    report_(fmt::format("{} {}; changes are lost when Larkspan quits", file_.path(), problem));
 }
 
 std::optional<PropertyValue> DefaultsFile::value(std::string_view key) const {
@@ -78,11 +78,11 @@ void DefaultsFile::followOutsideChange() {
 void DefaultsFile::store() {
     isUnsaved_ = isBlocked_ || !file_.write(jsonText(values_));
     if (isUnsaved_) {
-        sayOnce("cannot be written");
+        reportOnce("cannot be written");
         return;
     }
     stamp_ = file_.stamp();
-    saidTrouble_ = false;
+    hasReported_ = false;
 }
 
 } // namespace larkspan::qt

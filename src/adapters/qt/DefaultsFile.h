@@ -26,7 +26,7 @@ class DefaultsFile : public UserDefaults {
     void load();
     void followOutsideChange();
     void store();
-    void sayOnce(const std::string& trouble);
+    void reportOnce(const std::string& problem);
 
     WholeFile file_;
     std::function<void(const std::string&)> report_;
@@ -36,7 +36,7 @@ class DefaultsFile : public UserDefaults {
     bool isUnsaved_ = false;
     /// Whether there is a file that cannot be read, which must not be replaced.
     bool isBlocked_ = false;
-    bool saidTrouble_ = false;
+    bool hasReported_ = false;
 };
 
 } // namespace larkspan::qt

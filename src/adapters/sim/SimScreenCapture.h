@@ -11,8 +11,8 @@ class SimScreenCapture final : public ScreenCapture {
         : world_(world) {}
 
     bool preflightAccess() const override {
-        if (!told_ || !world_.freezesScreenRecording) told_ = world_.mayRecordScreen;
-        return *told_;
+        if (!firstAnswer_ || !world_.freezesScreenRecording) firstAnswer_ = world_.mayRecordScreen;
+        return *firstAnswer_;
     }
     bool requestAccess() override {
         ++requests_;
@@ -23,11 +23,11 @@ class SimScreenCapture final : public ScreenCapture {
     int requests() const { return requests_; }
 
     /// The program starts again, and reads the permission again.
-    void forget() { told_.reset(); }
+    void forget() { firstAnswer_.reset(); }
 
   private:
     World& world_;
-    mutable std::optional<bool> told_;
+    mutable std::optional<bool> firstAnswer_;
     int requests_ = 0;
 };
 

@@ -18,7 +18,7 @@ constexpr ProcessId windowServerPid = 88;
 /// Reading Spaces needs a connection first.
 constexpr std::string_view connection = "CGSMainConnectionID";
 
-WindowListEntry entryFor(const Window& window, bool isOnScreen, bool tellsNames) {
+WindowListEntry entryFor(const Window& window, bool isOnScreen, bool showsNames) {
     WindowListEntry entry{.layer = window.layer,
                           .ownerPID = window.pid,
                           .alpha = window.alpha,
@@ -26,7 +26,7 @@ WindowListEntry entryFor(const Window& window, bool isOnScreen, bool tellsNames)
     if (window.hasNumber) entry.number = window.id;
     // The list has this field for windows on screen only.
     if (isOnScreen) entry.isOnScreen = true;
-    if (window.hasName && tellsNames) entry.name = window.title;
+    if (window.hasName && showsNames) entry.name = window.title;
     return entry;
 }
 

@@ -166,8 +166,9 @@ INSTANTIATE_TEST_SUITE_P(
     testing::Values(adapter<LoginItemWorld, SimLoginItemWorld>("SimLoginItem")));
 
 // Once polled, as a Mac must be, and once announcing its changes.
-const auto desktops = testing::Values(adapter<DesktopWorld, SimDesktopWorld, false>("PolledMac"),
-                                      adapter<DesktopWorld, SimDesktopWorld, true>("TellingMac"));
+const auto desktops =
+    testing::Values(adapter<DesktopWorld, SimDesktopWorld, false>("PolledMac"),
+                    adapter<DesktopWorld, SimDesktopWorld, true>("AnnouncingMac"));
 INSTANTIATE_TEST_SUITE_P(Simulated, ScreensContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, WindowServerContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, desktops);

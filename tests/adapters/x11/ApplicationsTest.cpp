@@ -103,19 +103,22 @@ TEST_F(ApplicationsTest, AHiddenApplicationReturnsWithTheIconifiedWindows) {
     client.iconify(minimised);
     ASSERT_TRUE(runUntil([&] { return !desktop.isOnScreen(minimised); }));
 
-    std::vector<WorkspaceEvent::Kind> told;
+    std::vector<WorkspaceEvent::Kind> reported;
     const auto subscription = desktop.platform().workspace.subscribe(
-        [&](const WorkspaceEvent& event) { told.push_back(event.kind); });
+        [&](const WorkspaceEvent& event) { reported.push_back(event.kind); });
     ASSERT_TRUE(desktop.applications().hide(owner(shown)));
     ASSERT_TRUE(runUntil([&] { return desktop.running("org.example.Writer")->isHidden; }));
     EXPECT_FALSE(desktop.isOnScreen(shown));
-    EXPECT_EQ(std::count(told.begin(), told.end(), WorkspaceEvent::Kind::didHideApplication), 1);
+    EXPECT_EQ(
+        std::count(reported.begin(), reported.end(), WorkspaceEvent::Kind::didHideApplication), 1);
 
     ASSERT_TRUE(desktop.applications().unhide(owner(shown)));
     EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(shown); }));
     EXPECT_FALSE(desktop.running("org.example.Writer")->isHidden);
     EXPECT_FALSE(desktop.isOnScreen(minimised));
-    EXPECT_EQ(std::count(told.begin(), told.end(), WorkspaceEvent::Kind::didUnhideApplication), 1);
+    EXPECT_EQ(
+        std::count(reported.begin(), reported.end(), WorkspaceEvent::Kind::didUnhideApplication),
+        1);
 }
 
 TEST_F(ApplicationsTest, MinimisingIsNotHidingAndShowingAWindowEndsHiding) {

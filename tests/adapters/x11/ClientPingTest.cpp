@@ -11,8 +11,8 @@ class ClientPingTest : public testing::Test {
     ClientPingTest() { ax().setMessagingTimeout(ax().createSystemWide(), 0.3F); }
     Accessibility& ax() { return desktop.platform().accessibility; }
     /// Opens a window; all belong to one application here.
-    WindowId open(TestClient& owner, bool takesPings) {
-        const auto window = owner.open({.className = "Asked", .takesPings = takesPings});
+    WindowId open(TestClient& owner, bool supportsPings) {
+        const auto window = owner.open({.className = "Asked", .supportsPings = supportsPings});
         EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
         return window;
     }
@@ -25,7 +25,7 @@ class ClientPingTest : public testing::Test {
         auto answer = promise.get_future();
         desktop.scheduler.queue("asks").post([&] { promise.set_value(windowsOf(pid)); });
         runUntil([&] {
-            if (answering) pings += answering->answerPings();
+            if (answering) pings += answering->replyToPings();
             return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
         });
         return answer.get();
@@ -44,7 +44,7 @@ TEST_F(ClientPingTest, TheMainThreadNeverPings) {
     EXPECT_EQ(windowsOf(pid), AXError::success);
     EXPECT_LT(desktop.scheduler.uptime() - before, 0.29);
     client.sync();
-    EXPECT_EQ(client.answerPings(), 0);
+    EXPECT_EQ(client.replyToPings(), 0);
 }
 
 TEST_F(ClientPingTest, AnAppRespondsIfAnyOfItsProcessesDoes) {

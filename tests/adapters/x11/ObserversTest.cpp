@@ -33,23 +33,23 @@ class ObserversTest : public testing::Test {
 };
 
 TEST_F(ObserversTest, AreCalledOnTheMainThread) {
-    bool isToldOnMainThread = false;
+    bool isCalledOnMainThread = false;
     const Handle observer =
-        observeOnQueue([&] { isToldOnMainThread = desktop.scheduler.isMainThread(); });
+        observeOnQueue([&] { isCalledOnMainThread = desktop.scheduler.isMainThread(); });
     ASSERT_TRUE(observer);
     moveWindow();
-    EXPECT_TRUE(runUntil([&] { return isToldOnMainThread; }));
+    EXPECT_TRUE(runUntil([&] { return isCalledOnMainThread; }));
 }
 
 TEST_F(ObserversTest, MayEndBeforeTheyStart) {
-    int told = 0;
-    Handle ended = observeOnQueue([&] { ++told; });
+    int calls = 0;
+    Handle ended = observeOnQueue([&] { ++calls; });
     ended.reset();
-    bool isOtherTold = false;
-    const Handle other = observeOnQueue([&] { isOtherTold = true; });
+    bool isOtherCalled = false;
+    const Handle other = observeOnQueue([&] { isOtherCalled = true; });
     moveWindow();
-    ASSERT_TRUE(runUntil([&] { return isOtherTold; }));
-    EXPECT_EQ(told, 0);
+    ASSERT_TRUE(runUntil([&] { return isOtherCalled; }));
+    EXPECT_EQ(calls, 0);
 }
 
 } // namespace larkspan::x11

@@ -103,11 +103,11 @@ TEST(SurroundingsTest, ScreensFollowTheStripPanelsAndTheDesktopsScale) {
     EXPECT_EQ(screens.screens()[0].scale, 2);
     EXPECT_EQ(screens.screens()[0].frame, (Rect{0, 0, 640, 360}));
 
-    int told = 0;
-    const auto subscription = screens.subscribe([&] { ++told; });
+    int calls = 0;
+    const auto subscription = screens.subscribe([&] { ++calls; });
     desktop.platform().dockStrip.hold(50);
     EXPECT_EQ(screens.screens()[0].visibleFrame, (Rect{0, 50, 640, 310}));
-    EXPECT_TRUE(runUntil([&] { return told == 1; }));
+    EXPECT_TRUE(runUntil([&] { return calls == 1; }));
 
     const auto panel = client.open({.className = "Panel", .type = "DOCK"});
     client.setNumbers(panel, "_NET_WM_STRUT_PARTIAL", "CARDINAL",
@@ -133,8 +133,8 @@ TEST(SurroundingsTest, MonitorsAddedByTheUserAreFollowed) {
     const auto window = client.open({.x = 700, .y = 100});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
 
-    int told = 0;
-    const auto subscription = screens.subscribe([&] { ++told; });
+    int calls = 0;
+    const auto subscription = screens.subscribe([&] { ++calls; });
     client.setMonitor("left", {0, 0, 640, 720});
     client.setMonitor("right", {640, 0, 640, 720});
     ASSERT_TRUE(runUntil([&] {
@@ -149,11 +149,11 @@ TEST(SurroundingsTest, MonitorsAddedByTheUserAreFollowed) {
         return SpaceId{0};
     };
     EXPECT_TRUE(runUntil([&] { return desktop.isOnSpace(window, spaceOnRight()); }));
-    const int toldBefore = told;
+    const int callsBefore = calls;
     client.deleteMonitor("left");
     client.deleteMonitor("right");
     EXPECT_TRUE(runUntil([&] { return screens.screens() == std::vector{whole}; }));
-    EXPECT_GT(told, toldBefore);
+    EXPECT_GT(calls, callsBefore);
     EXPECT_FALSE(desktop.isOnSpace(window, spaceOnRight()));
 }
 
@@ -229,8 +229,8 @@ TEST(SurroundingsTest, TheWallpaperUnderAPanelIsReadAndTiled) {
     const DesktopUnderTest desktop(server.display());
     auto& picture = desktop.desktop->desktopPicture();
     EXPECT_FALSE(picture.under({0, 0, 4, 1}));
-    int told = 0;
-    const auto subscription = picture.subscribe([&] { ++told; });
+    int calls = 0;
+    const auto subscription = picture.subscribe([&] { ++calls; });
 
     TestClient client(server.display());
     const auto pixmap = xcb_generate_id(client.raw());
@@ -243,7 +243,7 @@ TEST(SurroundingsTest, TheWallpaperUnderAPanelIsReadAndTiled) {
     xcb_change_gc(client.raw(), context, XCB_GC_FOREGROUND, &green);
     xcb_poly_fill_rectangle(client.raw(), pixmap, context, 1, &right);
     client.setNumbers(client.root(), "_XROOTPMAP_ID", "PIXMAP", {pixmap});
-    ASSERT_TRUE(runUntil([&] { return told == 1; }));
+    ASSERT_TRUE(runUntil([&] { return calls == 1; }));
 
     const Bitmap half{4, 1, {0xFF0000FF, 0xFF0000FF, 0xFF00FF00, 0xFF00FF00}};
     EXPECT_EQ(picture.under({0, 0, 4, 1}), half);
@@ -254,7 +254,7 @@ TEST(SurroundingsTest, TheWallpaperUnderAPanelIsReadAndTiled) {
                             XCB_CURRENT_TIME);
     xcb_flush(client.raw());
     EXPECT_TRUE(runUntil([&] { return picture.isComposited(); }));
-    EXPECT_EQ(told, 2);
+    EXPECT_EQ(calls, 2);
 }
 
 } // namespace larkspan::x11

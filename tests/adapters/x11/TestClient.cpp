@@ -40,7 +40,7 @@ WindowId TestClient::open(const TestWindow& window) {
     if (window.takesKeyboard) setNumbers(id, "WM_HINTS", "WM_HINTS", {1, *window.takesKeyboard});
     std::vector<std::uint32_t> protocols;
     if (window.isAskedToClose) protocols.push_back(atom("WM_DELETE_WINDOW"));
-    if (window.takesPings) protocols.push_back(atom("_NET_WM_PING"));
+    if (window.supportsPings) protocols.push_back(atom("_NET_WM_PING"));
     if (!protocols.empty()) setNumbers(id, "WM_PROTOCOLS", "ATOM", protocols);
     map(id);
     return id;
@@ -226,7 +226,7 @@ std::vector<WindowId> TestClient::takeCloseRequests() {
     return windows;
 }
 
-int TestClient::answerPings() {
+int TestClient::replyToPings() {
     int pings = 0;
     const auto ping = atom("_NET_WM_PING");
     while (auto* event = xcb_poll_for_event(connection_)) {

@@ -25,8 +25,8 @@ struct TestWindow {
     std::optional<bool> takesKeyboard;
     /// Whether it supports WM_DELETE_WINDOW; a window manager kills clients that do not.
     bool isAskedToClose = false;
-    /// Whether it supports _NET_WM_PING; `answerPings` replies.
-    bool takesPings = false;
+    /// Whether it supports _NET_WM_PING; `replyToPings` replies.
+    bool supportsPings = false;
     /// The requested position, which the window manager may ignore.
     int x = 40;
     int y = 40;
@@ -77,7 +77,7 @@ class TestClient {
     std::vector<WindowId> takeCloseRequests();
     /// Replies to every ping since the last call, as a program does that handles its events.
     /// Returns their number.
-    int answerPings();
+    int replyToPings();
     /// False once the window manager has killed the client.
     bool isAlive() const { return xcb_connection_has_error(connection_) == 0; }
     /// Moves the pointer to a position on the root window.

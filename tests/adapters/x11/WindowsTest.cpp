@@ -227,16 +227,16 @@ TEST_F(WindowsTest, ApplicationIsRegularWhileItHasAnOrdinaryWindow) {
         const auto application = desktop.running("x11:Palette");
         return application && application->activationPolicy == ActivationPolicy::regular;
     };
-    bool isRegularWhenTold = false;
+    bool isRegularInCallback = false;
     const auto subscription = desktop.platform().workspace.subscribe(
-        [&](const WorkspaceEvent&) { isRegularWhenTold = isRegular(); });
+        [&](const WorkspaceEvent&) { isRegularInCallback = isRegular(); });
     const auto palette = client.open({.className = "Palette", .type = "UTILITY"});
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(palette); }));
     EXPECT_FALSE(isRegular());
     const auto window = client.open({.className = "Palette"});
-    EXPECT_TRUE(runUntil([&] { return isRegularWhenTold; }));
+    EXPECT_TRUE(runUntil([&] { return isRegularInCallback; }));
     client.ask(window, "_NET_WM_STATE", {1, client.atom("_NET_WM_STATE_SKIP_TASKBAR")});
-    EXPECT_TRUE(runUntil([&] { return !isRegularWhenTold; }));
+    EXPECT_TRUE(runUntil([&] { return !isRegularInCallback; }));
 }
 
 TEST_F(WindowsTest, AppWithAnUrgentWindowWantsAttention) {

@@ -21,7 +21,7 @@ class X11DesktopWorld : public DesktopWorld {
     bool runUntil(const std::function<bool()>& condition) override {
         return qt::runUntil([&] {
             for (const auto& [app, client] : clients_)
-                if (!hung_.contains(app)) client->answerPings();
+                if (!hung_.contains(app)) client->replyToPings();
             return condition();
         });
     }
@@ -34,7 +34,7 @@ class X11DesktopWorld : public DesktopWorld {
                                           .instance = app,
                                           .className = app,
                                           .type = window.isDialog ? "DIALOG" : "NORMAL",
-                                          .takesPings = true});
+                                          .supportsPings = true});
         owners_[number] = client.get();
         const auto isInFront = [&] {
             const auto list = *desktop_.server().windowList(WindowListOption::all);

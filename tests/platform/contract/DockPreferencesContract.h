@@ -69,20 +69,20 @@ TEST_P(DockPreferencesContract, SynchronisingKeepsOtherKeysOfOthers) {
 
 TEST_P(DockPreferencesContract, OutsideChangesAreAnnouncedIfPromised) {
     if (!preferences_.announcesChanges()) GTEST_SKIP() << "has to be polled";
-    int told = 0;
-    int toldAfterItsEnd = 0;
+    int calls = 0;
+    int callsAfterItsEnd = 0;
     std::optional<PropertyValue> seen;
     const Handle subscription = preferences_.subscribe([&] {
-        ++told;
+        ++calls;
         preferences_.synchronize();
         seen = preferences_.copyAppValue(key_);
     });
-    Handle ended = preferences_.subscribe([&] { ++toldAfterItsEnd; });
+    Handle ended = preferences_.subscribe([&] { ++callsAfterItsEnd; });
     ended.reset();
     world_->writeElsewhere(key_, listOf("theirs"));
-    EXPECT_TRUE(world_->runUntil([&] { return told > 0; }));
+    EXPECT_TRUE(world_->runUntil([&] { return calls > 0; }));
     EXPECT_EQ(seen, listOf("theirs"));
-    EXPECT_EQ(toldAfterItsEnd, 0);
+    EXPECT_EQ(callsAfterItsEnd, 0);
 }
 
 } // namespace larkspan::contract

@@ -49,15 +49,15 @@ TEST_P(ScreensContract, BothCoordinateSystemsAgree) {
 TEST_P(ScreensContract, AChangeIsAnnouncedWhenItCanBeRead) {
     const auto before = visibleFrames();
     bool hasSeen = false;
-    int toldAfterItsEnd = 0;
+    int callsAfterItsEnd = 0;
     const Handle subscription =
         screens_.subscribe([&] { hasSeen = hasSeen || visibleFrames() != before; });
-    Handle ended = screens_.subscribe([&] { ++toldAfterItsEnd; });
+    Handle ended = screens_.subscribe([&] { ++callsAfterItsEnd; });
     ended.reset();
     world_->shrinkVisibleFrame();
     EXPECT_TRUE(runUntil([&] { return hasSeen; }));
     EXPECT_LT(visibleFrames().front().area(), before.front().area());
-    EXPECT_EQ(toldAfterItsEnd, 0);
+    EXPECT_EQ(callsAfterItsEnd, 0);
 }
 
 TEST_P(ScreensContract, AStripReplacesTheEarlierOneAndIsReleased) {

@@ -60,9 +60,9 @@ TEST_P(TrashContract, OpeningShowsTheFolder) {
 TEST_P(TrashContract, FillingAndEmptyingAreAnnouncedIfPromised) {
     if (!trash_.announcesChanges()) GTEST_SKIP() << "has to be polled";
     std::optional<std::size_t> seen;
-    int toldAfterItsEnd = 0;
+    int callsAfterItsEnd = 0;
     const Handle subscription = trash_.subscribe([&] { seen = trash_.entryCount(); });
-    Handle ended = trash_.subscribe([&] { ++toldAfterItsEnd; });
+    Handle ended = trash_.subscribe([&] { ++callsAfterItsEnd; });
     ended.reset();
     world_->throwAway("letter");
     EXPECT_TRUE(world_->runUntil([&] { return seen == 1U; }));
@@ -70,7 +70,7 @@ TEST_P(TrashContract, FillingAndEmptyingAreAnnouncedIfPromised) {
     EXPECT_TRUE(world_->runUntil([&] { return seen == 0U; }));
     world_->throwAway("second letter");
     EXPECT_TRUE(world_->runUntil([&] { return seen == 1U; }));
-    EXPECT_EQ(toldAfterItsEnd, 0);
+    EXPECT_EQ(callsAfterItsEnd, 0);
 }
 
 /// The login item, and a system that may refuse.

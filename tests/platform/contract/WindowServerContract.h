@@ -18,13 +18,13 @@ class WindowServerContract : public DesktopContract {
         return std::count(windows.begin(), windows.end(), window) == 1;
     }
 
-    void checkThatNothingIsTold() {
-        int told = 0;
-        const Handle subscription = server_.subscribe([&] { ++told; });
+    void checkThatNothingIsAnnounced() {
+        int calls = 0;
+        const Handle subscription = server_.subscribe([&] { ++calls; });
         const auto window = world_->openWindow("writer");
         world_->closeWindow(window);
         EXPECT_TRUE(runUntil([&] { return !entry(window); }));
-        EXPECT_EQ(told, 0);
+        EXPECT_EQ(calls, 0);
     }
 
     WindowServer& server_ = platform_.windowServer;
@@ -172,7 +172,7 @@ TEST_P(WindowServerContract, EachScreenIsADisplayThatShowsOneSpace) {
 
 TEST_P(WindowServerContract, EveryKindOfChangeIsAnnouncedOrNone) {
     if (!server_.abilities().announcesChanges) {
-        checkThatNothingIsTold();
+        checkThatNothingIsAnnounced();
         return;
     }
     const auto below = world_->openWindow("painter");
@@ -180,35 +180,35 @@ TEST_P(WindowServerContract, EveryKindOfChangeIsAnnouncedOrNone) {
     // Checked only after a notification, so that a change without one is never seen.
     std::function<bool()> condition = [] { return false; };
     bool wasSeen = false;
-    int toldAfterItsEnd = 0;
+    int callsAfterItsEnd = 0;
     const Handle subscription = server_.subscribe([&] { wasSeen = wasSeen || condition(); });
-    Handle ended = server_.subscribe([&] { ++toldAfterItsEnd; });
+    Handle ended = server_.subscribe([&] { ++callsAfterItsEnd; });
     ended.reset();
-    const auto isTold = [&](const std::string& what, const std::function<void()>& change,
-                            std::function<bool()> effect) {
+    const auto isAnnounced = [&](const std::string& what, const std::function<void()>& change,
+                                 std::function<bool()> effect) {
         wasSeen = false;
         condition = std::move(effect);
         change();
         EXPECT_TRUE(runUntil([&] { return wasSeen; })) << what;
     };
-    isTold(
+    isAnnounced(
         "title", [&] { world_->setTitle(window, "New"); },
         [&] { return entry(window)->name == "New"; });
-    isTold(
+    isAnnounced(
         "order", [&] { platform_.applications.activate(owner(below)); },
         [&] {
             return ordered({below, window}).front() == below;
         });
-    isTold(
+    isAnnounced(
         "minimised", [&] { world_->minimize(window); }, [&] { return !isOnScreen(window); });
-    isTold(
+    isAnnounced(
         "Space", [&] { world_->moveToSpace(below, 1); },
         [&] { return isOnSpace(below, 1) && !isOnSpace(below, 0); });
-    isTold(
+    isAnnounced(
         "Space shown", [&] { world_->showSpace(1); }, [&] { return isOnScreen(below); });
-    isTold(
+    isAnnounced(
         "closed", [&] { world_->closeWindow(below); }, [&] { return !entry(below); });
-    EXPECT_EQ(toldAfterItsEnd, 0);
+    EXPECT_EQ(callsAfterItsEnd, 0);
     world_->showSpace(0);
     EXPECT_TRUE(runUntil(
         [&] { return server_.managedDisplaySpaces()->at(0).currentSpace->id64 == space(0); }));

@@ -13,23 +13,23 @@ class WorkspaceContract : public DesktopContract {
     using Kind = WorkspaceEvent::Kind;
 
     /// Whether that event was reported for the app.
-    bool wasTold(Kind kind, const std::string& app) {
-        return std::any_of(told_.begin(), told_.end(), [&](const WorkspaceEvent& event) {
+    bool wasReported(Kind kind, const std::string& app) {
+        return std::any_of(reported_.begin(), reported_.end(), [&](const WorkspaceEvent& event) {
             return event.kind == kind && event.application &&
                    event.application->bundleIdentifier == world_->identifier(app);
         });
     }
-    bool wasTold(Kind kind) const {
-        return std::any_of(told_.begin(), told_.end(), [&](const WorkspaceEvent& event) {
+    bool wasReported(Kind kind) const {
+        return std::any_of(reported_.begin(), reported_.end(), [&](const WorkspaceEvent& event) {
             return event.kind == kind && !event.application;
         });
     }
 
     Workspace& workspace_ = platform_.workspace;
     ApplicationControl& control_ = platform_.applications;
-    std::vector<WorkspaceEvent> told_;
+    std::vector<WorkspaceEvent> reported_;
     Handle subscription_ =
-        workspace_.subscribe([this](const WorkspaceEvent& event) { told_.push_back(event); });
+        workspace_.subscribe([this](const WorkspaceEvent& event) { reported_.push_back(event); });
 };
 
 TEST_P(WorkspaceContract, AppsAreListedInLaunchOrder) {
@@ -69,12 +69,12 @@ TEST_P(WorkspaceContract, OpeningLaunchesAnAppOnceAndForceQuitEndsIt) {
     const auto url = *workspace_.urlForApplication(world_->identifier("writer"));
     ASSERT_TRUE(control_.open(url));
     ASSERT_TRUE(runUntil([&] { return running("writer").has_value(); }));
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::runningApplicationsDidChange); }));
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::runningApplicationsDidChange); }));
     EXPECT_FALSE(running("writer")->isFinishedLaunching);
-    EXPECT_FALSE(wasTold(Kind::didLaunchApplication, "writer"));
+    EXPECT_FALSE(wasReported(Kind::didLaunchApplication, "writer"));
     const auto pid = running("writer")->pid;
     world_->finishLaunching("writer");
-    ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didLaunchApplication, "writer"); }));
+    ASSERT_TRUE(runUntil([&] { return wasReported(Kind::didLaunchApplication, "writer"); }));
     EXPECT_TRUE(running("writer")->isFinishedLaunching);
     EXPECT_EQ(running("writer")->pid, pid) << "the same process since its launch";
 
@@ -112,9 +112,9 @@ TEST_P(WorkspaceContract, ActivatingBringsExactlyOneAppToTheFront) {
     const auto written = world_->openWindow("writer");
     world_->openWindow("painter");
     ASSERT_TRUE(runUntil([&] { return isFrontmost("painter"); }));
-    told_.clear();
+    reported_.clear();
     ASSERT_TRUE(control_.activate(owner(written)));
-    ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didActivateApplication, "writer"); }));
+    ASSERT_TRUE(runUntil([&] { return wasReported(Kind::didActivateApplication, "writer"); }));
     EXPECT_TRUE(isFrontmost("writer"));
     const auto apps = workspace_.runningApplications();
     EXPECT_EQ(std::count_if(apps.begin(), apps.end(), [](const auto& app) { return app.isActive; }),
@@ -127,14 +127,14 @@ TEST_P(WorkspaceContract, AHiddenAppLosesItsWindowsFromTheScreenAndGetsThemBack)
     const auto other = world_->openWindow("painter");
     const auto pid = owner(first);
     ASSERT_TRUE(control_.hide(pid));
-    ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didHideApplication, "writer"); }));
+    ASSERT_TRUE(runUntil([&] { return wasReported(Kind::didHideApplication, "writer"); }));
     EXPECT_TRUE(running("writer")->isHidden);
     EXPECT_FALSE(isOnScreen(first) || isOnScreen(second));
     EXPECT_TRUE(isOnScreen(other));
 
     ASSERT_TRUE(control_.unhide(pid));
     ASSERT_TRUE(runUntil([&] { return isOnScreen(first) && isOnScreen(second); }));
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::didUnhideApplication, "writer"); }));
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::didUnhideApplication, "writer"); }));
     EXPECT_FALSE(running("writer")->isHidden);
 }
 
@@ -154,12 +154,12 @@ TEST_P(WorkspaceContract, AnAppThatQuitsIsReportedAndGetsNoMoreRequests) {
     const auto pid = owner(window);
     EXPECT_TRUE(workspace_.hasProcess(pid));
     ASSERT_TRUE(control_.terminate(pid));
-    ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didTerminateApplication, "writer"); }));
+    ASSERT_TRUE(runUntil([&] { return wasReported(Kind::didTerminateApplication, "writer"); }));
     EXPECT_FALSE(running("writer"));
     EXPECT_FALSE(workspace_.hasProcess(pid));
     EXPECT_FALSE(entry(window));
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::runningApplicationsDidChange); }));
-    const auto ended = std::find_if(told_.begin(), told_.end(), [](const auto& event) {
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::runningApplicationsDidChange); }));
+    const auto ended = std::find_if(reported_.begin(), reported_.end(), [](const auto& event) {
         return event.kind == Kind::didTerminateApplication;
     });
     EXPECT_EQ(ended->application->pid, pid);
@@ -175,12 +175,12 @@ TEST_P(WorkspaceContract, AnAppThatQuitsIsReportedAndGetsNoMoreRequests) {
 
 TEST_P(WorkspaceContract, ShowingAnotherSpaceIsAnnounced) {
     world_->openWindow("writer");
-    told_.clear();
+    reported_.clear();
     world_->showSpace(1);
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::activeSpaceDidChange); }));
-    told_.clear();
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::activeSpaceDidChange); }));
+    reported_.clear();
     world_->showSpace(0);
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::activeSpaceDidChange); }));
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::activeSpaceDidChange); }));
 }
 
 } // namespace larkspan::contract

@@ -59,7 +59,7 @@ bool movePointer(Day& day, int, int isOnBar) {
 }
 
 /// To the bottom, the middle or the top of a display, without a report from the views.
-bool movePointerUnheard(Day& day, int display, int height) {
+bool movePointerSilently(Day& day, int display, int height) {
     const auto id = day.display(display);
     for (const auto& screen : day.mac.platform().screens.screens()) {
         if (screen.display != id) continue;
@@ -150,7 +150,7 @@ std::vector<Act> barActs() {
         {"openMenu", 14, Day::appCount, 6, openMenu},
         {"chooseLine", 14, 8, 1, chooseLine},
         {"movePointer", 20, 1, 2, movePointer},
-        {"movePointerUnheard", 12, 4, 3, movePointerUnheard},
+        {"movePointerSilently", 12, 4, 3, movePointerSilently},
         {"releaseMouse", 8, 1, 1, releaseMouse},
         {"pressKey", 6, 1, 2, pressKey},
         {"focusBar", 3, 1, 1, focusBar},

@@ -12,7 +12,7 @@ namespace {
 constexpr unsigned longestDaySeconds = 60;
 constexpr char separator = '\n';
 
-[[noreturn]] void liveAndTell(const std::vector<Step>& steps, int pipe) {
+[[noreturn]] void liveAndReport(const std::vector<Step>& steps, int pipe) {
     alarm(longestDaySeconds);
     if (const auto failure = live(steps).failure) {
         const auto text = failure->rule + separator + failure->detail;
@@ -37,7 +37,7 @@ MaybeFailure liveApart(const std::vector<Step>& steps) {
     if (pipe(ends) != 0) return Failure{"the day can run in a separate process", "no pipe"};
     const auto child = fork();
     if (child < 0) return Failure{"the day can run in a separate process", "no process"};
-    if (child == 0) liveAndTell(steps, ends[1]);
+    if (child == 0) liveAndReport(steps, ends[1]);
     close(ends[1]);
     const auto text = readAll(ends[0]);
     int status = 0;

@@ -16,7 +16,7 @@ InstalledApp& Applications::install(std::string bundleIdentifier, std::string na
                      .name = name,
                      .path = fmt::format("/Applications/{}.app", name),
                      .icon = std::make_shared<DrawnIcon>(bundleIdentifier)};
-    tellOfInstalled();
+    announceInstalled();
     return world_.installed[std::move(bundleIdentifier)] = std::move(app);
 }
 
@@ -24,12 +24,12 @@ void Applications::uninstall(std::string_view bundleIdentifier) {
     const auto found = world_.installed.find(bundleIdentifier);
     if (found == world_.installed.end()) return;
     world_.installed.erase(found);
-    tellOfInstalled();
+    announceInstalled();
 }
 
-void Applications::tellOfInstalled() {
+void Applications::announceInstalled() {
     // A Mac sends no notification for it.
-    if (world_.announcesChanges) world_.tell(EventKind::runningApplicationsDidChange);
+    if (world_.announcesChanges) world_.announce(EventKind::runningApplicationsDidChange);
 }
 
 ProcessId Applications::launch(std::string_view bundleIdentifier, const LaunchOptions& options) {
@@ -50,7 +50,7 @@ ProcessId Applications::launch(std::string_view bundleIdentifier, const LaunchOp
     }
     const ProcessId pid = app.pid;
     world_.apps.push_back(std::move(app));
-    world_.tell(EventKind::runningApplicationsDidChange);
+    world_.announce(EventKind::runningApplicationsDidChange);
     if (options.launchSeconds > 0) {
         launches_[pid] = world_.scheduler.after(
             options.launchSeconds, [this, pid, options] { finishLaunching(pid, options); });
@@ -64,7 +64,7 @@ void Applications::finishLaunching(ProcessId pid, const LaunchOptions& options) 
     App* app = world_.app(pid);
     if (!app) return;
     app->finishedLaunching = true;
-    world_.tell(EventKind::didLaunchApplication, *app);
+    world_.announce(EventKind::didLaunchApplication, *app);
     if (!options.inBackground && options.policy == ActivationPolicy::regular) activate(pid);
     if (options.opensWindow) windows_.open(pid, {.title = app->name});
 }
@@ -165,7 +165,7 @@ void Applications::reportFront() {
     frontReport_.reset();
     world_.reportedFrontmost = world_.frontmost;
     if (const App* app = world_.app(world_.frontmost))
-        world_.tell(EventKind::didActivateApplication, *app);
+        world_.announce(EventKind::didActivateApplication, *app);
 }
 
 void Applications::activate(ProcessId pid) {
@@ -186,7 +186,7 @@ void Applications::hide(ProcessId pid) {
     App* app = world_.app(pid);
     if (!app || app->hidden) return;
     app->hidden = true;
-    world_.tell(EventKind::didHideApplication, *app);
+    world_.announce(EventKind::didHideApplication, *app);
     world_.windowsDidChange();
     if (world_.frontmost == pid) settleFrontmost();
 }
@@ -195,7 +195,7 @@ void Applications::unhide(ProcessId pid) {
     App* app = world_.app(pid);
     if (!app || !app->hidden) return;
     app->hidden = false;
-    world_.tell(EventKind::didUnhideApplication, *app);
+    world_.announce(EventKind::didUnhideApplication, *app);
     world_.windowsDidChange();
 }
 
@@ -221,8 +221,8 @@ void Applications::kill(ProcessId pid) {
     world_.apps.erase(found);
     launches_.erase(pid);
     if (!gone.leavesWindows) windows_.closeAll(pid);
-    world_.tell(EventKind::didTerminateApplication, gone);
-    world_.tell(EventKind::runningApplicationsDidChange);
+    world_.announce(EventKind::didTerminateApplication, gone);
+    world_.announce(EventKind::runningApplicationsDidChange);
     if (world_.frontmost == pid) settleFrontmost();
 }
 

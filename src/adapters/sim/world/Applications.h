@@ -68,7 +68,7 @@ class Applications {
     const InstalledApp* installedAt(std::string_view path) const;
     ProcessId launchUsually(const InstalledApp& bundle, bool opensWindow);
     bool openFolder(std::string_view path);
-    void tellOfInstalled();
+    void announceInstalled();
     void finishLaunching(ProcessId pid, const LaunchOptions& options);
     void bringBack(App& app);
     void setFrontmost(ProcessId pid);

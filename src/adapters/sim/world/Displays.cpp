@@ -175,7 +175,7 @@ bool Displays::switchSpace(DisplayId id, std::size_t index) {
     if (!display || index >= display->spaces.size()) return false;
     if (display->current == index) return true;
     display->current = index;
-    world_.tell(WorkspaceEvent::Kind::activeSpaceDidChange);
+    world_.announce(WorkspaceEvent::Kind::activeSpaceDidChange);
     world_.windowsDidChange();
     return true;
 }
@@ -213,7 +213,7 @@ void Displays::removeSpace(SpaceId space) {
     for (Window& window : world_.windows) {
         if (window.space == space) window.space = display->shown().id;
     }
-    if (display->shown().id != shown) world_.tell(WorkspaceEvent::Kind::activeSpaceDidChange);
+    if (display->shown().id != shown) world_.announce(WorkspaceEvent::Kind::activeSpaceDidChange);
     world_.windowsDidChange();
 }
 

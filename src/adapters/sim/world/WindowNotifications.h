@@ -34,14 +34,14 @@ class WindowNotifications {
 
     Facts factsOf(ProcessId pid);
     void compare();
-    void tellDifferences(ProcessId pid, const Facts& before, const Facts& now);
-    void tell(ProcessId pid, WindowId window, const char* name);
+    void announceDifferences(ProcessId pid, const Facts& before, const Facts& now);
+    void announce(ProcessId pid, WindowId window, const char* name);
 
     World& world_;
     Windows& windows_;
     /// For the observed apps.
     std::map<ProcessId, Facts> known_;
-    Signal<const Observer&> told_;
+    Signal<const Observer&> notifications_;
     Handle changes_;
 };
 

@@ -237,22 +237,22 @@ struct World {
     double stripHeight() const;
 
     // Announce changes that have been made: in a separate turn, as the system does.
-    void tell(WorkspaceEvent::Kind kind, const App& app);
-    void tell(WorkspaceEvent::Kind kind);
-    void tell(InputEventType input, std::uint64_t modifierFlags = 0);
+    void announce(WorkspaceEvent::Kind kind, const App& app);
+    void announce(WorkspaceEvent::Kind kind);
+    void announce(InputEventType input, std::uint64_t modifierFlags = 0);
     void windowsDidChange();
     void noticesDidChange();
     /// No effect if no screen has changed since the last time.
     void screensMayHaveChanged();
 
     /// Sends a notification in a separate turn, subject to `events`.
-    void send(std::function<void()> news);
+    void send(std::function<void()> notification);
 
   private:
-    void deliver(std::function<void()> news);
+    void deliver(std::function<void()> notification);
 
     std::vector<Screen> lastScreens_;
-    std::list<Handle> lateNews_;
+    std::list<Handle> lateNotifications_;
     bool windowsChangeIsPosted_ = false;
 };
 

@@ -29,7 +29,7 @@ Point X11EventMonitors::mouseLocation() const {
     const auto pointer = connection_.reply(
         xcb_query_pointer_reply, xcb_query_pointer(connection_.raw(), connection_.root()));
     const auto screens = screens_.screens();
-    if (!pointer || screens.empty()) return lastTold_;
+    if (!pointer || screens.empty()) return lastReported_;
     return {pointer->root_x / scale_, screens.front().frame.height - pointer->root_y / scale_};
 }
 
@@ -52,20 +52,20 @@ void X11EventMonitors::listen(bool isWanted) {
     selectXInput(connection_, XCB_INPUT_DEVICE_ALL, isWanted ? motions : noEvents);
     if (!isWanted) return;
     motions_ = connection_.events.subscribe([this](const xcb_generic_event_t& event) {
-        if (xInputType(connection_, event) == XCB_INPUT_RAW_MOTION) tellMove();
+        if (xInputType(connection_, event) == XCB_INPUT_RAW_MOTION) reportMove();
     });
 }
 
-void X11EventMonitors::tellMove() {
+void X11EventMonitors::reportMove() {
     listen(false);
     pause_ = scheduler_.after(pauseAfterMove, [this] { listenAgain(); });
-    lastTold_ = mouseLocation();
-    moves_.emit({.type = InputEventType::mouseMoved, .location = lastTold_});
+    lastReported_ = mouseLocation();
+    moves_.emit({.type = InputEventType::mouseMoved, .location = lastReported_});
 }
 
 void X11EventMonitors::listenAgain() {
     listen(true);
-    if (mouseLocation() != lastTold_) tellMove();
+    if (mouseLocation() != lastReported_) reportMove();
 }
 
 } // namespace larkspan::x11

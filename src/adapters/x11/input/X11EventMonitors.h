@@ -21,7 +21,7 @@ class X11EventMonitors final : public EventMonitors {
 
   private:
     void listen(bool isWanted);
-    void tellMove();
+    void reportMove();
     void listenAgain();
 
     X11Connection& connection_;
@@ -32,7 +32,7 @@ class X11EventMonitors final : public EventMonitors {
     /// The events of the connection; only while moves are selected.
     Handle motions_;
     Handle pause_;
-    Point lastTold_;
+    Point lastReported_;
 };
 
 } // namespace larkspan::x11

@@ -21,7 +21,7 @@ class ClientPing {
     /// Whether one of the windows, which must all support the protocol, replied in time; also true
     /// if there is no window. Waits up to that many seconds. Not for the main thread, where it
     /// returns true at once.
-    bool isAnswered(const std::vector<WindowId>& windows, double seconds) const;
+    bool hasReply(const std::vector<WindowId>& windows, double seconds) const;
 
   private:
     Scheduler& scheduler_;

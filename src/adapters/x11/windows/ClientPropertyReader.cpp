@@ -18,9 +18,9 @@ constexpr std::uint32_t iconPixmapHint = 1u << 2;
 constexpr std::uint32_t urgencyHint = 1u << 8;
 
 /// The reply to a property request; without a reply, the property is absent.
-class PropertyAnswer {
+class PropertyReply {
   public:
-    PropertyAnswer(const xcb_get_property_reply_t* reply, const Atoms& atoms)
+    PropertyReply(const xcb_get_property_reply_t* reply, const Atoms& atoms)
         : reply_(reply)
         , atoms_(atoms) {}
 
@@ -55,7 +55,7 @@ class PropertyAnswer {
     const Atoms& atoms_;
 };
 
-using Take = void (*)(ClientProperties&, const PropertyAnswer&);
+using Take = void (*)(ClientProperties&, const PropertyReply&);
 
 struct Property {
     xcb_atom_t Atoms::*named;
@@ -66,7 +66,7 @@ struct Property {
 };
 
 // The instance and the class, each terminated by NUL.
-void takeClass(ClientProperties& facts, const PropertyAnswer& answer) {
+void takeClass(ClientProperties& facts, const PropertyReply& answer) {
     const auto bytes = answer.bytes();
     const auto end = bytes.find('\0');
     facts.instance = textFromLatin1(bytes.substr(0, end));
@@ -74,22 +74,22 @@ void takeClass(ClientProperties& facts, const PropertyAnswer& answer) {
         end == std::string_view::npos ? std::string() : textFromLatin1(bytes.substr(end + 1));
 }
 
-void takePid(ClientProperties& facts, const PropertyAnswer& answer) {
+void takePid(ClientProperties& facts, const PropertyReply& answer) {
     const auto number = answer.number();
     const bool isProcess = number && *number > 0 && *number <= INT32_MAX;
     facts.namedPid = isProcess ? std::optional(static_cast<ProcessId>(*number)) : std::nullopt;
 }
 
-void takeProtocols(ClientProperties& facts, const PropertyAnswer& answer) {
+void takeProtocols(ClientProperties& facts, const PropertyReply& answer) {
     const auto protocols = answer.numbers();
     const auto takesPartIn = [&](xcb_atom_t protocol) {
         return std::ranges::find(protocols, protocol) != protocols.end();
     };
     facts.takesFocusItself = takesPartIn(answer.atoms().wmTakeFocus);
-    facts.answersPings = takesPartIn(answer.atoms().netWmPing);
+    facts.supportsPings = takesPartIn(answer.atoms().netWmPing);
 }
 
-void takeHints(ClientProperties& facts, const PropertyAnswer& answer) {
+void takeHints(ClientProperties& facts, const PropertyReply& answer) {
     const auto numbers = answer.numbers();
     const auto flags = numbers.empty() ? 0 : numbers[0];
     facts.isUrgent = (flags & urgencyHint) != 0;
@@ -97,7 +97,7 @@ void takeHints(ClientProperties& facts, const PropertyAnswer& answer) {
     facts.hasInput = (flags & inputHint) == 0 || numbers.size() < 2 || numbers[1] != 0;
 }
 
-Edges edgesFrom(const PropertyAnswer& answer) {
+Edges edgesFrom(const PropertyReply& answer) {
     const auto numbers = answer.numbers();
     if (numbers.size() < 4) return {};
     // A frame thicker than any screen is wrong (or a negative number).
@@ -105,7 +105,7 @@ Edges edgesFrom(const PropertyAnswer& answer) {
     return {sane(0), sane(1), sane(2), sane(3)};
 }
 
-void takeStrut(ClientProperties& facts, const PropertyAnswer& answer) {
+void takeStrut(ClientProperties& facts, const PropertyReply& answer) {
     const auto numbers = answer.numbers();
     if (numbers.size() < 4) return;
     facts.strut = {.depth = edgesFrom(answer)};
@@ -120,51 +120,43 @@ void takeStrut(ClientProperties& facts, const PropertyAnswer& answer) {
 const Property properties[ClientPropertyReader::propertyCount] = {
     {nullptr, XCB_ATOM_WM_CLASS, longestText, takeClass},
     {&Atoms::netWmName, 0, longestText,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.netName = answer.text(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.netName = answer.text(); }},
     {nullptr, XCB_ATOM_WM_NAME, longestText,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.name = answer.text(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.name = answer.text(); }},
     {&Atoms::netWmPid, 0, 1, takePid},
     {nullptr, XCB_ATOM_WM_CLIENT_MACHINE, longestText,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.machine = answer.text(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.machine = answer.text(); }},
     {&Atoms::netWmWindowType, 0, 32,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.types = answer.list(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.types = answer.list(); }},
     {&Atoms::netWmState, 0, 64,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.states = answer.list(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.states = answer.list(); }},
     {nullptr, XCB_ATOM_WM_HINTS, 9, takeHints},
     {&Atoms::wmProtocols, 0, 32, takeProtocols},
     {&Atoms::wmState, 0, 2,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
-         facts.wmState = answer.number();
-     }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.wmState = answer.number(); }},
     {&Atoms::netWmDesktop, 0, 1,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
-         facts.desktop = answer.number();
-     }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.desktop = answer.number(); }},
     {nullptr, XCB_ATOM_WM_TRANSIENT_FOR, 1,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
+     [](ClientProperties& facts, const PropertyReply& answer) {
          facts.transientFor = answer.number().value_or(0);
      }},
     {&Atoms::netWmWindowOpacity, 0, 1,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
-         facts.opacity = answer.number();
-     }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.opacity = answer.number(); }},
     {&Atoms::netFrameExtents, 0, 4,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
-         facts.frame = edgesFrom(answer);
-     }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.frame = edgesFrom(answer); }},
     {&Atoms::gtkFrameExtents, 0, 4,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
+     [](ClientProperties& facts, const PropertyReply& answer) {
          facts.shadow = edgesFrom(answer);
      }},
     {&Atoms::netWmStrut, 0, 4,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
+     [](ClientProperties& facts, const PropertyReply& answer) {
          facts.strut = {};
          takeStrut(facts, answer);
      }},
     {&Atoms::netWmStrutPartial, 0, 12, takeStrut},
     // Only whether there is an icon: the images are large and seldom needed.
     {&Atoms::netWmIcon, 0, 0,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
+     [](ClientProperties& facts, const PropertyReply& answer) {
          facts.hasIcon = answer.hasValue();
      }},
 };

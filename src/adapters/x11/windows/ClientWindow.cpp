@@ -63,7 +63,7 @@ ClientWindow describe(const ClientProperties& facts, const Atoms& atoms, double 
     window.isFullScreen = has(facts.states, atoms.stateFullscreen);
     window.demandsAttention = facts.isUrgent || has(facts.states, atoms.stateDemandsAttention);
     window.hasIcon = facts.hasIcon || facts.hasHintIcon;
-    window.answersPings = facts.answersPings;
+    window.supportsPings = facts.supportsPings;
     if (facts.desktop != everyDesktop) window.desktop = facts.desktop;
     window.isDesktopKnown = facts.desktop.has_value();
     window.bounds = boundsOf(facts, window.isFullScreen, scale);

@@ -55,7 +55,7 @@ struct ClientProperties {
     bool hasInput = true;
     /// Whether it takes the keyboard focus itself when asked to.
     bool takesFocusItself = false;
-    bool answersPings = false;
+    bool supportsPings = false;
     std::optional<std::uint32_t> wmState;
     std::optional<std::uint32_t> desktop;
     WindowId transientFor = 0;
@@ -91,7 +91,7 @@ struct ClientWindow {
     bool demandsAttention = false;
     bool hasIcon = false;
     /// Whether the client supports pings.
-    bool answersPings = false;
+    bool supportsPings = false;
     /// Absent if it is on all desktops.
     std::optional<std::uint32_t> desktop;
     /// False for a moment after a window appears, until the window manager sets its desktop.

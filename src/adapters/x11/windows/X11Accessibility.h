@@ -50,8 +50,8 @@ class X11Accessibility : public Accessibility {
   private:
     static constexpr float defaultMessagingTimeout = 6;
 
-    struct News {
-        std::string_view notification;
+    struct Notification {
+        std::string_view name;
         ProcessId pid = 0;
         WindowId window = 0;
     };
@@ -59,7 +59,7 @@ class X11Accessibility : public Accessibility {
     bool exists(const AXElementRef& element) const;
     AXAttribute applicationAttribute(ProcessId pid, std::string_view name) const;
     AXAttribute windowAttribute(const ClientWindow& window, std::string_view name) const;
-    bool isAnswering(const std::vector<ClientWindowRef>& windows) const;
+    bool isResponding(const std::vector<ClientWindowRef>& windows) const;
     void makeMain(const ClientWindow& window) const;
 
     X11Connection& connection_;
@@ -70,7 +70,7 @@ class X11Accessibility : public Accessibility {
     mutable std::atomic<float> messagingTimeout_ = defaultMessagingTimeout;
     std::function<void(ProcessId, WindowId)> setMainWindow_;
     /// Main thread only.
-    mutable Signal<const News&> news_;
+    mutable Signal<const Notification&> notifications_;
 };
 
 } // namespace larkspan::x11
