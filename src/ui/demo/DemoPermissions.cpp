@@ -29,8 +29,9 @@ DemoPermissions::~DemoPermissions() {
 void DemoPermissions::show() {
     setVisible(*permissions_.isShown);
     if (view_ || !isVisible()) return;
-    view_ = views_.make("PermissionsView", {{"viewModel", QVariant::fromValue(&viewModel_)},
-                                            {"cornerRadius", windowCornerRadius}});
+    view_ =
+        views_.make("permissions/PermissionsView", {{"viewModel", QVariant::fromValue(&viewModel_)},
+                                                    {"cornerRadius", windowCornerRadius}});
     view_->setParentItem(this);
     view_->setPosition({windowShadow, windowShadow + titleBarHeight});
     setSize(

@@ -27,7 +27,8 @@ void PermissionsWindow::update() {
 }
 
 void PermissionsWindow::makeWindow() {
-    view_ = views_.make("PermissionsView", {{"viewModel", QVariant::fromValue(&viewModel_)}});
+    view_ = views_.make("permissions/PermissionsView",
+                        {{"viewModel", QVariant::fromValue(&viewModel_)}});
     window_ = std::make_unique<QQuickWindow>();
     window_->setTitle("Larkspan");
     window_->setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
