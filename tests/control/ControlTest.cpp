@@ -213,7 +213,7 @@ TEST_F(ControlTest, WhatMakesNoSenseChangesNothing) {
     EXPECT_EQ(state(), before);
 }
 
-TEST_F(ControlTest, KeepAndRemoveChangeThePinnedApps) {
+TEST_F(ControlTest, PinAndUnpinChangeThePinnedApps) {
     launch();
     const auto pinned = [this] {
         std::string ids;
@@ -235,6 +235,9 @@ TEST_F(ControlTest, ModeReopenAndQuitReachTheProgram) {
     EXPECT_EQ(answer({"mode"}).text, "systemDock");
     EXPECT_EQ(state()["bars"][0]["shown"], false);
     EXPECT_EQ(answer({"reopen"}), ControlAnswer{});
+    EXPECT_EQ(answer({"mode"}).text, "vantrel");
+    answer({"mode", "systemDock"});
+    EXPECT_EQ(answer({"mode", "bar"}), ControlAnswer{});
     EXPECT_EQ(answer({"mode"}).text, "vantrel");
     EXPECT_EQ(answer({"quit"}), ControlAnswer{});
     EXPECT_TRUE(mac.application.isTerminating);
