@@ -149,7 +149,7 @@ const std::vector<Field>& worldFields() {
 }
 
 Error checkWorld(const json& world) {
-    if (!world.is_object()) return "it must be an object";
+    if (!world.is_object()) return "must be an object";
     if (auto error = checkFields(world, worldFields(), {})) return error;
     std::set<std::string> known;
     if (world.value("usualApps", false)) {

@@ -112,7 +112,7 @@ TEST(ScenarioTest, RejectsInvalidStepsWithAReason) {
 
 TEST(ScenarioTest, RejectsInvalidWorlds) {
     const std::pair<const char*, const char*> cases[] = {
-        {R"([])", "not an object"},
+        {R"([])", "must be an object"},
         {R"({"display": "1440x900"})", R"(unknown field "display")"},
         {R"({"displays": "large"})", "is not a list of displays"},
         {R"({"displays": ""})", "is not a list of displays"},
