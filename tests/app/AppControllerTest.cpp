@@ -15,9 +15,6 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
 
-constexpr sim::DockSettings usersDock{
-    .tileSize = 0.4F, .autoHide = true, .place = {3, 1}, .magnification = true};
-
 DockProfile profileOf(sim::SimMac& mac) {
     return *DockProfile::current(mac.coreDock);
 }

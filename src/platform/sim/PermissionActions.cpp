@@ -1,6 +1,7 @@
 #include "platform/sim/ScenarioAction.h"
 
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 namespace larkspan::sim {
 

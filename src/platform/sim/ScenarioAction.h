@@ -3,7 +3,7 @@
 #include "platform/sim/ScenarioFields.h"
 #include "platform/sim/Stage.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <optional>
 #include <string>

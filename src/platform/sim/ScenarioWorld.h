@@ -3,7 +3,7 @@
 #include "platform/sim/ScenarioFields.h"
 #include "platform/sim/SimMac.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <optional>
 #include <string>

@@ -1,6 +1,7 @@
 #include "platform/x11/Atoms.h"
 
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <string_view>
 
