@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <utility>
 
