@@ -22,7 +22,7 @@ std::string_view keyOf(BarSettings::Record record) {
     return {};
 }
 
-PropertyValue wordOf(BarMode mode) {
+PropertyValue storedWord(BarMode mode) {
     return std::string(rawValue(mode));
 }
 
@@ -50,12 +50,12 @@ void BarSettings::set(const Setting& setting, const SettingValue& value) {
 }
 
 BarMode BarSettings::mode() const {
-    const bool isDock = value(row("mode")) == wordOf(BarMode::systemDock);
+    const bool isDock = value(row("mode")) == storedWord(BarMode::systemDock);
     return isDock ? BarMode::systemDock : BarMode::vantrel;
 }
 
 void BarSettings::setMode(BarMode mode) {
-    set(row("mode"), wordOf(mode));
+    set(row("mode"), storedWord(mode));
 }
 
 bool BarSettings::previewsSingleWindows() const {
