@@ -31,7 +31,7 @@ std::set<std::string> idsOf(const std::vector<DisplayGroup>& groups) {
 }
 
 template <typename Key, typename Value>
-Value valueOf(const std::map<Key, Value>& map, const Key& key) {
+Value valueOrNone(const std::map<Key, Value>& map, const Key& key) {
     const auto found = map.find(key);
     return found == map.end() ? Value{} : found->second;
 }
@@ -239,7 +239,7 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
                       animator.hasPendingHide(app.pid),
             .mayRegroup = regroupingIDs.contains(ids[i]),
         };
-        auto appSlots = slotsForApp(placesOf(app.pid, valueOf(previousSlots, app.pid)), slots);
+        auto appSlots = slotsForApp(placesOf(app.pid, valueOrNone(previousSlots, app.pid)), slots);
         auto item = makeItem(std::move(ids[i]), &app, urlOf(app));
         // Without a display there is no slot to stand in, but an app that runs stands somewhere.
         if (sectionOf(facts) == Section::background || appSlots.empty())
@@ -251,10 +251,10 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
 }
 
 AppPlaces DockStore::placesOf(ProcessId pid, std::set<Slot> previous) const {
-    return {.slots = valueOf(windowSlots, pid),
+    return {.slots = valueOrNone(windowSlots, pid),
             .previous = std::move(previous),
-            .seenSlots = valueOf(seenSlots, pid),
-            .seenDisplays = valueOf(seenDisplays, pid)};
+            .seenSlots = valueOrNone(seenSlots, pid),
+            .seenDisplays = valueOrNone(seenDisplays, pid)};
 }
 
 std::vector<DockItem> DockStore::makePinnedItems() {

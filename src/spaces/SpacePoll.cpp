@@ -12,7 +12,7 @@
 namespace larkspan {
 namespace {
 
-constexpr const char* queueName = "com.tessaly.Vantrel.SpaceSwitchLog";
+constexpr const char* pollQueue = "com.tessaly.Vantrel.SpaceSwitchLog";
 
 std::optional<SpaceId> currentSpace(const WindowServer& server, const std::string& inUse) {
     const auto displays = server.managedDisplaySpaces();
@@ -80,7 +80,7 @@ void SpacePoll::startTimer() {
 
 void SpacePoll::beat() {
     if (state_->isReading.exchange(true)) return;
-    scheduler_.queue(queueName).post(
+    scheduler_.queue(pollQueue).post(
         [state = state_, inUse = displayInUse_()] { state->read(inUse); });
 }
 
