@@ -40,7 +40,7 @@ class AppController {
     /// Makes the views' side of the bars; called once, when the first bars are needed.
     using MakeBarPanels = std::function<std::unique_ptr<BarPanels>(AppController&)>;
 
-    /// Nothing shows before `start`. `hasIslands` as `BarLook` takes it.
+    /// Nothing shows before `start`. `hasIslands` as `settingsTable` takes it.
     AppController(const Platform& platform, MakeBarPanels makeBarPanels, bool hasIslands = true);
     AppController(const AppController&) = delete;
     AppController& operator=(const AppController&) = delete;
@@ -62,6 +62,11 @@ class AppController {
     /// strip follow at once.
     void setBarHeight(std::optional<double> height);
 
+    /// The value in effect. Of the settings that the bars watch, this is what they show.
+    SettingValue settingInEffect(const Setting& setting) const;
+    /// Stores the value; everything that shows the setting follows at once.
+    void changeSetting(const Setting& setting, const SettingValue& value);
+
     /// Whether windows can be moved between Spaces, as far as is known.
     bool canMoveWindows() const { return mover_.canMove(); }
     /// As `WindowMover::move`; the bars follow at once.
@@ -78,6 +83,7 @@ class AppController {
     const DiagnosticsLog& log() const { return log_; }
     BarLook& look() { return look_; }
     BarSettings& settings() { return settings_; }
+    const BarSettings& settings() const { return settings_; }
     PermissionsWindow& permissions() { return permissions_; }
     DockStore& store() { return store_; }
     const DockStore& store() const { return store_; }
@@ -94,6 +100,7 @@ class AppController {
 
   private:
     double wantedBarHeight() const;
+    void followBarHeight();
     void wireCallbacks();
     void followSpaceSwitches();
     std::string displayInUse() const;

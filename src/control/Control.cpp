@@ -2,9 +2,9 @@
 
 #include "control/DiagnosticsReport.h"
 #include "control/MenuReport.h"
-#include "control/NamedSettings.h"
+#include "control/SettingsReport.h"
 #include "control/StateReport.h"
-#include "settings/RawValues.h"
+#include "settings/SettingValue.h"
 
 #include <algorithm>
 #include <charconv>
@@ -69,6 +69,16 @@ bool addModifier(ClickModifiers& modifiers, std::string_view word) {
 
 ControlAnswer noSuchItem(const std::string& id) {
     return {senseless, fmt::format("there is no item {} on the bar", id)};
+}
+
+/// The setting that a person may see and change under that key; nullptr when there is none.
+const Setting* findOffered(const AppController& controller, std::string_view key) {
+    const auto* setting = findSetting(controller.settings().table(), key);
+    return setting && setting->isOffered() ? setting : nullptr;
+}
+
+ControlAnswer noSuchSetting(const std::string& key) {
+    return {senseless, fmt::format("there is no setting named {}", key)};
 }
 
 /// A whole number as people write it: tools of the X server give those of windows as 0x1400003.
@@ -207,12 +217,12 @@ void Control::state(const Words&, const Reply& reply) {
 
 void Control::mode(const Words& words, const Reply& reply) {
     if (words.empty()) return reply({0, std::string(rawValue(controller_.mode()))});
-    const auto mode = fromRawValue<BarMode>(words[0]);
-    if (!mode) return reply({senseless, "mode is vantrel or systemDock"});
-    if (*mode == BarMode::vantrel)
+    if (words[0] == rawValue(BarMode::vantrel))
         controller_.useVantrel();
-    else
+    else if (words[0] == rawValue(BarMode::systemDock))
         controller_.useSystemDock();
+    else
+        return reply({senseless, "mode must be vantrel or systemDock"});
     reply({});
 }
 
@@ -276,15 +286,21 @@ void Control::focus(const Words&, const Reply& reply) {
 }
 
 void Control::get(const Words& words, const Reply& reply) {
-    if (words.empty()) return reply({0, dump(allSettings(controller_), 2)});
-    const auto value = namedSetting(controller_, words[0]);
-    if (!value) return reply({senseless, fmt::format("there is no setting named {}", words[0])});
-    reply({0, value->is_string() ? value->get<std::string>() : dump(*value, -1)});
+    if (words.empty()) return reply({0, dump(settingsReport(controller_), 2)});
+    const auto* setting = findOffered(controller_, words[0]);
+    if (!setting) return reply(noSuchSetting(words[0]));
+    const auto value = settingReport(controller_, *setting);
+    reply({0, value.is_string() ? value.get<std::string>() : dump(value, -1)});
 }
 
 void Control::set(const Words& words, const Reply& reply) {
-    const auto complaint = setNamedSetting(controller_, words[0], words[1]);
-    reply(complaint ? ControlAnswer{senseless, *complaint} : ControlAnswer{});
+    const auto* setting = findOffered(controller_, words[0]);
+    if (!setting) return reply(noSuchSetting(words[0]));
+    const auto value = parseSetting(*setting, words[1]);
+    if (!value)
+        return reply({senseless, fmt::format("{} must be {}", words[0], acceptedText(*setting))});
+    controller_.changeSetting(*setting, *value);
+    reply({});
 }
 
 void Control::resetAppearance(const Words&, const Reply& reply) {

@@ -1,8 +1,7 @@
 #include "control/StateReport.h"
 
 #include "app/AppController.h"
-#include "control/NamedSettings.h"
-#include "settings/RawValues.h"
+#include "control/SettingsReport.h"
 #include "spaces/WindowPresence.h"
 
 #include <algorithm>
@@ -169,7 +168,7 @@ json stateReport(AppController& controller) {
     const auto& store = controller.store();
     const auto* bars = controller.bars();
     return {{"mode", rawValue(controller.mode())},
-            {"settings", allSettings(controller)},
+            {"settings", settingsReport(controller)},
             {"permissions", permissionsJson(controller)},
             {"bars", barsJson(bars)},
             {"warning", bars ? orNull(bars->warning()) : json(nullptr)},
