@@ -30,7 +30,7 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
                platform.windowServer, platform.accessibility, platform.dockPreferences,
                platform.eventMonitors, log_)
     , trashWatch_(platform.scheduler, platform.trash,
-                  [this](bool isEmpty) { store_.isTrashEmpty.set(isEmpty); })
+                  [this](bool isEmpty) { store_.trashChanged(isEmpty); })
     , mover_(platform.scheduler, platform.windowServer)
     , actions_(store_, platform.scheduler, platform.workspace, platform.applications,
                platform.accessibility, platform.coreDock, platform.loginItems)
@@ -101,8 +101,8 @@ void AppController::followSpaceSwitches() {
 /// app has none.
 std::string AppController::displayInUse() const {
     for (const auto& screen : platform_.screens.screens()) {
-        const auto front = store_.frontDisplays->find(screen.display);
-        if (front != store_.frontDisplays->end() && front->second == *store_.frontmostPID)
+        const auto front = store_.frontDisplays()->find(screen.display);
+        if (front != store_.frontDisplays()->end() && front->second == *store_.frontmostPID())
             return screen.displayIdentifier;
     }
     return {};
@@ -208,7 +208,7 @@ BarController& AppController::makeBars() {
                                                 platform_.coreDock, *barPanels_, log_,
                                                 wantedBarHeight());
         bars_->onBarsGone = [this] { refresh_.setPointerOnBar(false); };
-        bars_->fullScreenChanged(store_.fullScreen);
+        bars_->fullScreenChanged(store_.fullScreen());
         keyboardEntry_ = std::make_unique<KeyboardEntry>(platform_.scheduler, store_, *bars_, log_);
     }
     return *bars_;
