@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <cassert>
-#include <filesystem>
 #include <iterator>
 #include <utility>
 
@@ -62,13 +61,6 @@ bool isSameState(RunningApplication a, const RunningApplication& b) {
     return a == b;
 }
 
-std::string withoutExtension(std::string name, const std::string& url) {
-    const auto extension = std::filesystem::path(url).extension().string();
-    if (!extension.empty() && name.size() > extension.size() && name.ends_with(extension))
-        name.resize(name.size() - extension.size());
-    return name;
-}
-
 } // namespace
 
 DockStore::DockStore(Scheduler& scheduler, Workspace& workspace, ApplicationControl& applications,
@@ -80,7 +72,8 @@ DockStore::DockStore(Scheduler& scheduler, Workspace& workspace, ApplicationCont
     , screens_(screens)
     , dock_(dock)
     , animator_(animator)
-    , log_(log) {
+    , log_(log)
+    , items_(workspace) {
     pinnedIDs_ = pinnedAppIdentifiers(dock_);
     refreshRunning();
 }
@@ -276,7 +269,7 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
             .mayRegroup = regroupingIDs_.contains(ids[i]),
         };
         auto appSlots = slotsForApp(placesOf(app.pid, valueOf(previousSlots, app.pid)), slots);
-        auto item = makeItem(std::move(ids[i]), &app, urlOf(app));
+        auto item = *items_.make(ids[i], &app, isPinned(ids[i], pinnedIDs_));
         // Without a display there is no slot to stand in, but an app that runs stands somewhere.
         if (sectionOf(facts) == Section::background || appSlots.empty())
             sections.background.push_back(std::move(item));
@@ -302,34 +295,7 @@ std::vector<DockItem> DockStore::makePinnedItems() {
 
 std::optional<DockItem> DockStore::makePinnedItem(const std::string& id) {
     checkThread();
-    const auto* app = runningApplication(id);
-    auto url = app ? urlOf(*app) : workspace_.urlForApplication(id);
-    if (!app && !url) return std::nullopt;
-    return makeItem(id, app, std::move(url));
-}
-
-DockItem DockStore::makeItem(std::string id, const RunningApplication* app,
-                             std::optional<std::string> url) {
-    DockItem item;
-    if (app) {
-        item.app = *app;
-        // Which app is in front is told by `frontmostPID`, and the picture by `icon`. Kept here
-        // too, they would make a tile differ from itself at every activation.
-        item.app->isActive = false;
-        item.app->icon = nullptr;
-        item.name = app->localizedName;
-    }
-    if (item.name.empty() && url) item.name = withoutExtension(workspace_.displayName(*url), *url);
-    item.icon = icon(id, url, app);
-    item.url = std::move(url);
-    item.isPinned = isPinned(id, pinnedIDs_);
-    item.id = std::move(id);
-    return item;
-}
-
-std::optional<std::string> DockStore::urlOf(const RunningApplication& app) const {
-    if (app.bundleURL || !app.bundleIdentifier) return app.bundleURL;
-    return workspace_.urlForApplication(*app.bundleIdentifier);
+    return items_.make(id, runningApplication(id), isPinned(id, pinnedIDs_));
 }
 
 const RunningApplication* DockStore::runningApplication(const std::string& bundleIdentifier) const {
@@ -383,15 +349,6 @@ std::vector<AppWindow> DockStore::windowsOf(ProcessId pid, const DisplayGroup* g
     return windowsInSlot(std::move(windows), group->slot, spaceMap_, screens_.screens());
 }
 
-ImageRef DockStore::icon(const std::string& id, const std::optional<std::string>& url,
-                         const RunningApplication* app) {
-    auto& icon = icons_[id];
-    if (!icon && url) icon = workspace_.icon(*url);
-    if (!icon && app) icon = app->icon;
-    if (!icon) icon = workspace_.genericApplicationIcon();
-    return icon;
-}
-
 void DockStore::pruneIcons() {
     std::set<std::string_view> shown;
     for (const auto& group : *windowAppGroups_)
@@ -400,7 +357,7 @@ void DockStore::pruneIcons() {
     for (const auto* items : {&*backgroundItems_, &*pinnedItems_})
         for (const auto& item : *items)
             shown.insert(item.id);
-    std::erase_if(icons_, [&](const auto& entry) { return !shown.contains(entry.first); });
+    items_.keepIcons(shown);
 }
 
 void DockStore::reloadPinned() {

@@ -6,6 +6,7 @@
 #include "model/DisplayGroup.h"
 #include "model/DockItem.h"
 #include "model/Grouping.h"
+#include "model/ItemMaker.h"
 #include "model/WindowAnimator.h"
 #include "platform/ApplicationControl.h"
 #include "platform/DockPreferences.h"
@@ -171,13 +172,8 @@ class DockStore {
     void followMoves(const std::vector<DisplayGroup>& groups);
     AppPlaces placesOf(ProcessId pid, std::set<Slot> previous) const;
     std::vector<DockItem> makePinnedItems();
-    DockItem makeItem(std::string id, const RunningApplication* app,
-                      std::optional<std::string> url);
-    ImageRef icon(const std::string& id, const std::optional<std::string>& url,
-                  const RunningApplication* app);
     void pruneIcons();
     const RunningApplication* runningApplication(const std::string& bundleIdentifier) const;
-    std::optional<std::string> urlOf(const RunningApplication& app) const;
 
     Scheduler& scheduler_;
     Workspace& workspace_;
@@ -186,6 +182,7 @@ class DockStore {
     DockPreferences& dock_;
     WindowAnimator& animator_;
     DiagnosticsLog& log_;
+    ItemMaker items_;
 
     Observed<std::vector<DockItem>> pinnedItems_;
     Observed<std::vector<DisplayGroup>> windowAppGroups_;
@@ -222,7 +219,6 @@ class DockStore {
     std::vector<DisplayId> groupedScreens_;
     /// By item id. Uptime, since the date may jump.
     std::map<std::string, double> attentionAcknowledged_;
-    std::map<std::string, ImageRef> icons_;
     /// The rebuild that moves the tile that may.
     Handle regroup_;
     /// The wait before the pinned list is written to the Dock.
