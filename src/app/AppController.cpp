@@ -93,8 +93,16 @@ void AppController::followSpaceSwitches() {
     if (!swipes_.start()) log_.write("swipe", "could not listen for swipes");
     if (!platform_.windowServer.abilities().announcesChanges &&
         platform_.systemLog.isEnabled(SystemLog::Level::standard))
-        poll_ = std::make_unique<SpacePoll>(platform_.scheduler, platform_.windowServer, switchLog_,
-                                            [this] { return displayInUse(); });
+        pollSpaces();
+}
+
+void AppController::pollSpaces() {
+    poll_ = std::make_unique<SpacePoll>(platform_.scheduler, platform_.windowServer, switchLog_,
+                                        displayInUse());
+    const auto follow = [this] { poll_->setDisplayInUse(displayInUse()); };
+    stamps_.push_back(store_.frontDisplays().observe(follow));
+    stamps_.push_back(store_.frontmostPID().observe(follow));
+    stamps_.push_back(platform_.screens.subscribe(follow));
 }
 
 /// The window server's name of the display with the front app's front window; empty when the front

@@ -96,6 +96,7 @@ class AppController {
     double wantedBarHeight() const;
     void wireCallbacks();
     void followSpaceSwitches();
+    void pollSpaces();
     std::string displayInUse() const;
     std::vector<BarState> barStates() const;
     void shrinkDock();
