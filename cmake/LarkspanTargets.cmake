@@ -8,8 +8,12 @@ endif()
 
 function(larkspan_options target)
     # A designated initialiser that leaves members at their defaults is how values are made here.
-    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow -Werror
-        -Wno-missing-field-initializers $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
+    target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+        $<$<BOOL:${LARKSPAN_WERROR}>:-Werror> -Wno-missing-field-initializers $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
+    # In a unity build g++ takes every source for a header that others may include, too.
+    if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
+        target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
+    endif()
     if(LARKSPAN_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${LARKSPAN_SANITIZE}
             -fno-sanitize-recover=all -fno-omit-frame-pointer

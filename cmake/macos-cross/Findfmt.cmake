@@ -1,4 +1,5 @@
+# The distribution's compiled library is not a Mac's, so its headers stand in for it.
 include(DistributionHeaders)
-distribution_headers(fmt::fmt-header-only fmt)
-target_compile_definitions(fmt::fmt-header-only INTERFACE FMT_HEADER_ONLY=1)
+distribution_headers(fmt::fmt fmt)
+target_compile_definitions(fmt::fmt INTERFACE FMT_HEADER_ONLY=1)
 set(fmt_FOUND TRUE)

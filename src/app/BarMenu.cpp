@@ -2,6 +2,8 @@
 
 #include "app/AppController.h"
 #include "dock/DockProfile.h"
+#include "platform/CoreDock.h"
+#include "platform/LoginItem.h"
 
 #include <array>
 #include <functional>

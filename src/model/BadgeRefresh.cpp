@@ -21,8 +21,8 @@ constexpr std::size_t ticksPerBadges = 4;
 constexpr double landingTime = 1.0;
 /// The longest rest between two bounces of one request, in seconds: after that it has ended.
 constexpr double longestRest = 3.0;
-constexpr const char* readQueue = "dock items";
-constexpr const char* category = "badges";
+constexpr const char* badgeQueue = "dock items";
+constexpr const char* badgeCategory = "badges";
 
 std::map<std::string, std::deque<std::string>> idsByPath(const DockStore& store) {
     std::map<std::string, std::deque<std::string>> ids;
@@ -67,13 +67,14 @@ void BadgeRefresh::tick() {
 
 void BadgeRefresh::read(Depth depth) {
     isReading_ = true;
-    scheduler_.queue(readQueue).post([this, &scheduler = scheduler_, reader = reader_,
-                                      pid = *dockPid_, depth, alive = std::weak_ptr(alive_)] {
-        auto icons = depth == Depth::all ? reader->read(pid) : reader->readFrames();
-        scheduler.post([this, icons = std::move(icons), depth, alive] {
-            if (!alive.expired()) readFinished(icons, depth);
+    scheduler_.queue(badgeQueue)
+        .post([this, &scheduler = scheduler_, reader = reader_, pid = *dockPid_, depth,
+               alive = std::weak_ptr(alive_)] {
+            auto icons = depth == Depth::all ? reader->read(pid) : reader->readFrames();
+            scheduler.post([this, icons = std::move(icons), depth, alive] {
+                if (!alive.expired()) readFinished(icons, depth);
+            });
         });
-    });
 }
 
 void BadgeRefresh::readFinished(const Icons& icons, Depth depth) {
@@ -82,12 +83,12 @@ void BadgeRefresh::readFinished(const Icons& icons, Depth depth) {
     if (!icons) {
         dockPid_.reset();
         if (!std::exchange(hasComplained_, true))
-            log_.write(category, "the Dock does not tell its icons; badges stay as they were");
+            log_.write(badgeCategory, "the Dock does not tell its icons; badges stay as they were");
         return;
     }
     if (depth == Depth::all) noteBadges(*icons);
     if (std::exchange(hasComplained_, false))
-        log_.write(category, "the Dock tells its icons again");
+        log_.write(badgeCategory, "the Dock tells its icons again");
     // An icon of a Dock at a side leaves its line sideways, which is no bounce of ours to see:
     // under the bar the Dock stands at the bottom.
     const bool isAtBottom = !dock_.has(CoreDockFunction::getOrientationAndPinning) ||
@@ -125,10 +126,10 @@ void BadgeRefresh::setBadges(std::map<std::string, std::string> badges) {
     store_.badgesChanged(std::move(badges));
     for (const auto& [id, text] : *store_.badges())
         if (const auto old = before.find(id); old == before.end() || old->second != text)
-            log_.write(category, fmt::format("badge of {} is {}", id, text));
+            log_.write(badgeCategory, fmt::format("badge of {} is {}", id, text));
     for (const auto& [id, text] : before)
         if (!store_.badges()->contains(id))
-            log_.write(category, fmt::format("{} has no badge", id));
+            log_.write(badgeCategory, fmt::format("{} has no badge", id));
 }
 
 /// What an app does while it starts or is in front asks for nobody.
@@ -186,7 +187,7 @@ void BadgeRefresh::updateAttention() {
     }
     for (const auto& id : ids)
         if (!store_.attentionIDs()->contains(id))
-            log_.write(category, fmt::format("{} wants attention", id));
+            log_.write(badgeCategory, fmt::format("{} wants attention", id));
     store_.attentionChanged(std::move(ids));
 }
 

@@ -29,7 +29,7 @@ std::set<std::string> idsOf(const std::vector<DisplayGroup>& groups) {
 }
 
 template <typename Key, typename Value>
-Value valueOf(const std::map<Key, Value>& map, const Key& key) {
+Value valueOrNone(const std::map<Key, Value>& map, const Key& key) {
     const auto found = map.find(key);
     return found == map.end() ? Value{} : found->second;
 }
@@ -268,7 +268,7 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
                       animator_.hasPendingHide(app.pid),
             .mayRegroup = regroupingIDs_.contains(ids[i]),
         };
-        auto appSlots = slotsForApp(placesOf(app.pid, valueOf(previousSlots, app.pid)), slots);
+        auto appSlots = slotsForApp(placesOf(app.pid, valueOrNone(previousSlots, app.pid)), slots);
         auto item = *items_.make(ids[i], &app, isPinned(ids[i], pinnedIDs_));
         // Without a display there is no slot to stand in, but an app that runs stands somewhere.
         if (sectionOf(facts) == Section::background || appSlots.empty())
@@ -280,10 +280,10 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
 }
 
 AppPlaces DockStore::placesOf(ProcessId pid, std::set<Slot> previous) const {
-    return {.slots = valueOf(windowSlots_, pid),
+    return {.slots = valueOrNone(windowSlots_, pid),
             .previous = std::move(previous),
-            .seenSlots = valueOf(seenSlots_, pid),
-            .seenDisplays = valueOf(seenDisplays_, pid)};
+            .seenSlots = valueOrNone(seenSlots_, pid),
+            .seenDisplays = valueOrNone(seenDisplays_, pid)};
 }
 
 std::vector<DockItem> DockStore::makePinnedItems() {

@@ -37,7 +37,7 @@ std::string listed(const std::set<DisplayId>& displays, const std::set<SpaceId>&
 }
 
 template <typename T>
-std::set<T> without(const std::set<T>& all, const std::set<T>& gone) {
+std::set<T> difference(const std::set<T>& all, const std::set<T>& gone) {
     std::set<T> rest;
     std::ranges::set_difference(all, gone, std::inserter(rest, rest.end()));
     return rest;
@@ -69,7 +69,7 @@ std::string windowChangeLine(const DisplaysByProcess& displaysBefore,
         if (displays == oldDisplays && spaces == oldSpaces) continue;
         changes.push_back(fmt::format(
             "pid {} windows now for [{}], none left for [{}]", pid, listed(displays, spaces),
-            listed(without(oldDisplays, displays), without(oldSpaces, spaces))));
+            listed(difference(oldDisplays, displays), difference(oldSpaces, spaces))));
     }
     return fmt::format("{}", fmt::join(changes, "; "));
 }

@@ -17,8 +17,8 @@ constexpr double housekeepingInterval = 2.0;
 constexpr double inputDelay = 0.1;
 /// How long a full read may serve as the base of a cheaper one, in seconds.
 constexpr double baseLifetime = 2.0;
-constexpr const char* readQueue = "windows";
-constexpr const char* category = "windows";
+constexpr const char* windowQueue = "windows";
+constexpr const char* windowCategory = "windows";
 
 /// Whole milliseconds, truncated.
 std::int64_t milliseconds(double from, double to) {
@@ -214,13 +214,14 @@ void WindowRefresh::readOnQueue() {
                  closed = reach_.closed()] {
         return base ? reader.readUnlessSame(*base, screens, closed) : reader.read(screens, closed);
     };
-    scheduler_.queue(readQueue).post([this, &scheduler = scheduler_, read = std::move(read), start,
-                                      alive = std::weak_ptr(alive_)] {
-        auto result = std::make_shared<std::optional<WindowRead>>(read());
-        scheduler.post([this, result, start, alive] {
-            if (!alive.expired()) readFinished(std::move(*result), start);
+    scheduler_.queue(windowQueue)
+        .post([this, &scheduler = scheduler_, read = std::move(read), start,
+               alive = std::weak_ptr(alive_)] {
+            auto result = std::make_shared<std::optional<WindowRead>>(read());
+            scheduler.post([this, result, start, alive] {
+                if (!alive.expired()) readFinished(std::move(*result), start);
+            });
         });
-    });
 }
 
 /// What a cheaper read may compare with. Only a desktop that is polled can be read so: it will be
@@ -236,7 +237,7 @@ void WindowRefresh::readFinished(std::optional<WindowRead> read, double start) {
     isReadingWindows_ = false;
     if (isSwitchingSpaces_) {
         readAgain_ = false;
-        log_.write(category,
+        log_.write(windowCategory,
                    fmt::format("window list read in {} ms, dropped since Spaces are sliding",
                                milliseconds(start, end)));
         return;
@@ -254,15 +255,16 @@ void WindowRefresh::apply(std::optional<WindowRead> read, double start, double e
     const bool isChanged = hasRead && store_.applyWindowRead(*std::move(read));
     const auto readTime = milliseconds(start, end);
     if (!isChanged && !rebuildAfterRead_) {
-        log_.write(category, fmt::format("window list read in {} ms; {}", readTime,
-                                         hasRead ? "nothing to regroup"
-                                                 : "no window came, went or changed on screen"));
+        log_.write(windowCategory,
+                   fmt::format("window list read in {} ms; {}", readTime,
+                               hasRead ? "nothing to regroup"
+                                       : "no window came, went or changed on screen"));
         return;
     }
     rebuildAfterRead_ = false;
     const double rebuildStart = scheduler_.uptime();
     store_.rebuild(windowReadAnimation);
-    log_.write(category,
+    log_.write(windowCategory,
                fmt::format("window list read in {} ms; icons regrouped in {} ms, SwiftUI animates "
                            "them for 0.35 s",
                            readTime, milliseconds(rebuildStart, scheduler_.uptime())));

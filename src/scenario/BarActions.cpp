@@ -78,13 +78,13 @@ Outcome start(Stage& stage, const json&) {
     return done;
 }
 
-Outcome quit(Stage& stage, const json&) {
+Outcome quitLarkspan(Stage& stage, const json&) {
     if (!stage.delegate()) return notRunning;
     stage.quit();
     return done;
 }
 
-Outcome kill(Stage& stage, const json& fields) {
+Outcome killLarkspan(Stage& stage, const json& fields) {
     if (!stage.delegate()) return notRunning;
     stage.kill(fields.value("stored", std::size_t{0}));
     return done;
@@ -104,8 +104,8 @@ const std::vector<ScenarioAction>& barActions() {
         {"mode", {{"mode", FieldKind::text, true}}, mode},
         {"tell", {{"words", FieldKind::texts, true}}, tell},
         {"startLarkspan", {}, start},
-        {"quitLarkspan", {}, quit},
-        {"killLarkspan", {{"stored", FieldKind::index}}, kill},
+        {"quitLarkspan", {}, quitLarkspan},
+        {"killLarkspan", {{"stored", FieldKind::index}}, killLarkspan},
     };
     return actions;
 }

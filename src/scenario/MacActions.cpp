@@ -45,7 +45,7 @@ Outcome open(Stage& stage, const json& fields) {
     });
 }
 
-Outcome quit(Stage& stage, const json& fields) {
+Outcome quitApp(Stage& stage, const json& fields) {
     Outcome refusal;
     const auto outcome = withApp(stage, fields, [&](SimMac& mac, ProcessId pid) {
         if (!mac.quit(pid)) refusal = fmt::format("{} did not quit", text(fields, "app"));
@@ -226,7 +226,7 @@ Outcome restartDock(Stage& stage, const json& fields) {
 }
 
 /// What is left out stays as it is.
-Outcome setDock(Stage& stage, const json& fields) {
+Outcome changeDock(Stage& stage, const json& fields) {
     DockSettings dock = stage.mac.world().dock;
     dock.tileSize = fields.value("tileSize", dock.tileSize);
     dock.autoHide = fields.value("autoHide", dock.autoHide);
@@ -254,66 +254,69 @@ Outcome jumpClock(Stage& stage, const json& fields) {
     return done;
 }
 
-constexpr Field app{"app", FieldKind::text, true};
-constexpr Field window{"window", FieldKind::text, true};
-constexpr Field display{"display", FieldKind::index};
-constexpr Field space{"space", FieldKind::index, true};
+constexpr Field appField{"app", FieldKind::text, true};
+constexpr Field windowField{"window", FieldKind::text, true};
+constexpr Field displayField{"display", FieldKind::index};
+constexpr Field spaceField{"space", FieldKind::index, true};
 /// The most by which a date moves: about thirty of them, in seconds.
 constexpr double years = 1e9;
 } // namespace
 
 const std::vector<ScenarioAction>& macActions() {
     static const std::vector<ScenarioAction> actions{
-        {"install", {app, {"name", FieldKind::text, true}}, install},
-        {"uninstall", {app}, uninstall},
+        {"install", {appField, {"name", FieldKind::text, true}}, install},
+        {"uninstall", {appField}, uninstall},
         {"launch",
-         {app, secondsField("seconds"), {"window", FieldKind::flag}, {"behind", FieldKind::flag}},
+         {appField,
+          secondsField("seconds"),
+          {"window", FieldKind::flag},
+          {"behind", FieldKind::flag}},
          launch},
-        {"open", {app}, open},
-        {"activate", {app}, onApp<&SimMac::activate>},
-        {"hide", {app}, onApp<&SimMac::hide>},
-        {"unhide", {app}, onApp<&SimMac::unhide>},
-        {"quit", {app}, quit},
-        {"kill", {app}, onApp<&SimMac::kill>},
-        {"badge", {app, {"text", FieldKind::text, true}}, badge},
-        {"bounce", {app, {"critical", FieldKind::flag}}, bounce},
+        {"open", {appField}, open},
+        {"activate", {appField}, onApp<&SimMac::activate>},
+        {"hide", {appField}, onApp<&SimMac::hide>},
+        {"unhide", {appField}, onApp<&SimMac::unhide>},
+        {"quit", {appField}, quitApp},
+        {"kill", {appField}, onApp<&SimMac::kill>},
+        {"badge", {appField, {"text", FieldKind::text, true}}, badge},
+        {"bounce", {appField, {"critical", FieldKind::flag}}, bounce},
         {"openWindow",
-         {app,
+         {appField,
           {"title", FieldKind::text, true},
           {"frame", FieldKind::frame},
-          display,
+          displayField,
           {"space", FieldKind::index},
           {"hasNumber", FieldKind::flag},
           {"hasName", FieldKind::flag}},
          openWindow},
-        {"closeWindow", {window}, onWindow<&SimMac::closeWindow>},
-        {"minimize", {window}, onWindow<&SimMac::minimize>},
-        {"unminimize", {window}, onWindow<&SimMac::unminimize>},
-        {"focus", {window}, onWindow<&SimMac::focusWindow>},
-        {"moveWindow", {window, {"frame", FieldKind::frame, true}}, moveWindow},
-        {"moveToDisplay", {window, {"display", FieldKind::index, true}}, moveToDisplay},
-        {"setTitle", {window, {"title", FieldKind::text, true}}, setTitle},
-        {"moveToSpace", {window, space, display}, moveToSpace},
-        {"enterFullScreen", {window}, onWindow<&SimMac::enterFullScreen>},
-        {"leaveFullScreen", {window}, onWindow<&SimMac::leaveFullScreen>},
+        {"closeWindow", {windowField}, onWindow<&SimMac::closeWindow>},
+        {"minimize", {windowField}, onWindow<&SimMac::minimize>},
+        {"unminimize", {windowField}, onWindow<&SimMac::unminimize>},
+        {"focus", {windowField}, onWindow<&SimMac::focusWindow>},
+        {"moveWindow", {windowField, {"frame", FieldKind::frame, true}}, moveWindow},
+        {"moveToDisplay", {windowField, {"display", FieldKind::index, true}}, moveToDisplay},
+        {"setTitle", {windowField, {"title", FieldKind::text, true}}, setTitle},
+        {"moveToSpace", {windowField, spaceField, displayField}, moveToSpace},
+        {"enterFullScreen", {windowField}, onWindow<&SimMac::enterFullScreen>},
+        {"leaveFullScreen", {windowField}, onWindow<&SimMac::leaveFullScreen>},
         {"addDisplay", {{"size", FieldKind::text, true}}, addDisplay},
         {"unplug", {{"display", FieldKind::index, true}}, unplug},
         {"unplugAll", {}, onMac<&SimMac::unplugAll>},
         {"mirror", {{"display", FieldKind::index, true}}, mirror},
         {"endMirroring", {}, onMac<&SimMac::endMirroring>},
         {"swipe",
-         {display,
+         {displayField,
           {"progress", FieldKind::number, true, -1, 1},
           {"velocity", FieldKind::number},
           secondsField("seconds"),
           {"cancelled", FieldKind::flag},
           {"switches", FieldKind::flag}},
          swipe},
-        {"switchSpace", {display, space}, switchSpace},
-        {"addSpace", {display}, addSpace},
-        {"removeSpace", {space, display}, removeSpace},
-        {"pin", {app}, pin},
-        {"unpin", {app}, unpin},
+        {"switchSpace", {displayField, spaceField}, switchSpace},
+        {"addSpace", {displayField}, addSpace},
+        {"removeSpace", {spaceField, displayField}, removeSpace},
+        {"pin", {appField}, pin},
+        {"unpin", {appField}, unpin},
         {"arrangeDock", {{"apps", FieldKind::texts, true}}, arrangeDock},
         {"restartDock", {secondsField("seconds")}, restartDock},
         {"setDock",
@@ -322,7 +325,7 @@ const std::vector<ScenarioAction>& macActions() {
           {"orientation", FieldKind::index, false, 2, 4},
           {"pinning", FieldKind::index, false, 1, 3},
           {"magnification", FieldKind::flag}},
-         setDock},
+         changeDock},
         {"setTrash", {{"items", FieldKind::index}, {"hiddenFile", FieldKind::flag}}, setTrash},
         {"sleep", {{"seconds", FieldKind::number, true, 0, years}}, sleep},
         {"jumpClock", {{"seconds", FieldKind::number, true, -years, years}}, jumpClock},

@@ -1,6 +1,7 @@
 #include "scenario/MacReport.h"
 
 #include "adapters/sim/SimMac.h"
+#include "platform/StatusBar.h"
 
 #include <nlohmann/json.hpp>
 

@@ -9,8 +9,8 @@ namespace larkspan {
 
 namespace {
 
-constexpr const char* queueName = "focused window";
-constexpr const char* category = "full screen";
+constexpr const char* focusQueue = "focused window";
+constexpr const char* fullScreenCategory = "full screen";
 /// Seconds from which a visit is worth a line.
 constexpr double slowVisit = 0.1;
 
@@ -128,25 +128,27 @@ void FullScreenWatcher::visit() {
               .observedWindow = observedWindow_,
               .onChange = ifFollowed([this] { visit(); }),
               .onDestroyed = ifFollowed([this] { windowGone(); })};
-    scheduler_.queue(queueName).post([this, task = std::move(task), round = round_,
-                                      &scheduler = scheduler_, alive = std::weak_ptr(alive_)] {
-        auto visit = std::make_shared<Visit>();
-        visit->round = round;
-        const double start = scheduler.uptime();
-        task.run(*visit);
-        visit->seconds = scheduler.uptime() - start;
-        // Given away: its observers must not end on this thread.
-        scheduler.post([this, visit = std::move(visit), alive] {
-            if (!alive.expired()) visited(std::move(*visit));
+    scheduler_.queue(focusQueue)
+        .post([this, task = std::move(task), round = round_, &scheduler = scheduler_,
+               alive = std::weak_ptr(alive_)] {
+            auto visit = std::make_shared<Visit>();
+            visit->round = round;
+            const double start = scheduler.uptime();
+            task.run(*visit);
+            visit->seconds = scheduler.uptime() - start;
+            // Given away: its observers must not end on this thread.
+            scheduler.post([this, visit = std::move(visit), alive] {
+                if (!alive.expired()) visited(std::move(*visit));
+            });
         });
-    });
 }
 
 void FullScreenWatcher::visited(Visit visit) {
     isVisiting_ = false;
     if (visit.seconds >= slowVisit)
-        log_.write(category, fmt::format("focused window read in {} ms off the main thread",
-                                         static_cast<std::int64_t>(visit.seconds * 1000)));
+        log_.write(fullScreenCategory,
+                   fmt::format("focused window read in {} ms off the main thread",
+                               static_cast<std::int64_t>(visit.seconds * 1000)));
     if (visit.round == round_) take(std::move(visit));
     if (std::exchange(visitAgain_, false)) this->visit();
 }

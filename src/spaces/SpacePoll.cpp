@@ -11,7 +11,7 @@
 namespace larkspan {
 namespace {
 
-constexpr const char* queueName = "com.tessaly.Vantrel.SpaceSwitchLog";
+constexpr const char* pollQueue = "com.tessaly.Vantrel.SpaceSwitchLog";
 
 std::optional<SpaceId> currentSpace(const WindowServer& server, const std::string& inUse) {
     const auto displays = server.managedDisplaySpaces();
@@ -54,7 +54,7 @@ struct SpacePoll::State {
 
 SpacePoll::SpacePoll(Scheduler& scheduler, const WindowServer& server, SpaceSwitchLog& log,
                      std::string displayInUse)
-    : queue_(scheduler.queue(queueName))
+    : queue_(scheduler.queue(pollQueue))
     , displayInUse_(std::move(displayInUse))
     , state_(std::make_shared<State>()) {
     state_->server = &server;

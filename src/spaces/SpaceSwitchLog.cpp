@@ -9,7 +9,7 @@ namespace larkspan {
 namespace {
 
 constexpr const char* subsystem = "com.tessaly.Vantrel";
-constexpr const char* category = "SpaceSwitchLog";
+constexpr const char* switchLogCategory = "SpaceSwitchLog";
 /// Frames further apart than this many seconds were kept waiting: three frames at sixty a second.
 constexpr double longestFrame = 0.05;
 
@@ -43,7 +43,7 @@ SpaceSwitchLog::SpaceSwitchLog(Scheduler& scheduler, SystemLog& systemLog, Displ
     , screens_(screens) {}
 
 void SpaceSwitchLog::write(SystemLog::Level level, const std::string& text) {
-    systemLog_.write(subsystem, category, level, text);
+    systemLog_.write(subsystem, switchLogCategory, level, text);
 }
 
 void SpaceSwitchLog::stamp(std::string_view kind, std::string_view text, Mark mark) {

@@ -4,6 +4,7 @@
 #include "dock/DockIconSize.h"
 #include "dock/DockProfile.h"
 #include "dock/PinnedApps.h"
+#include "platform/LoginItem.h"
 
 #include <gmock/gmock.h>
 
@@ -14,9 +15,6 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::SizeIs;
-
-constexpr sim::DockSettings usersDock{
-    .tileSize = 0.4F, .autoHide = true, .place = {3, 1}, .magnification = true};
 
 DockProfile profileOf(sim::SimMac& mac) {
     return *DockProfile::current(mac.coreDock);

@@ -11,13 +11,11 @@ namespace {
 
 using testing::Contains;
 
-constexpr sim::DockSettings usersDock{
-    .tileSize = 0.4F, .autoHide = true, .place = {3, 1}, .magnification = true};
-constexpr const char* film = "com.example.film";
+constexpr const char* filmApp = "com.example.film";
 
 struct Mac : sim::SimMac {
     Mac() {
-        install(film, "Film");
+        install(filmApp, "Film");
         install("com.example.notes", "Notes");
         setPinned({"com.example.notes"});
         setDock(usersDock);
@@ -67,7 +65,7 @@ constexpr Story stories[] = {
      [](Mac& mac) {
          LaunchedApp app(mac);
          mac.scheduler.runFor(1);
-         app.answer({"keep", film});
+         app.answer({"keep", filmApp});
          mac.scheduler.runFor(0.1);
          app.delegate.willTerminate();
      }},
@@ -154,7 +152,7 @@ TEST(BorrowedDock, AKillAroundTheWriteOfThePinnedListLeavesAWholeList) {
         const auto list = pinnedAppIdentifiers(platform.dockPreferences);
         EXPECT_THAT(list, Contains("com.example.notes")) << "killed before deed " << deed;
         if (!isKilled) {
-            EXPECT_THAT(list, Contains(film));
+            EXPECT_THAT(list, Contains(filmApp));
         }
         // The Dock shows a list that was written before the kill once it restarts by itself.
         mac.restartDock();

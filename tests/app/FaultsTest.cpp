@@ -48,7 +48,7 @@ class Faults : public testing::Test {
 
 /// The program's life on a Mac that lacks functions, from its start to its quit.
 void liveThrough(sim::SimMac& mac) {
-    const auto usersDock = mac.world().dock;
+    const auto dockBefore = mac.world().dock;
     mac.install(notesId, "Notes");
     const auto window = mac.openWindow(mac.launch(notesId));
     mac.install(mailId, "Mail");
@@ -76,10 +76,10 @@ void liveThrough(sim::SimMac& mac) {
         mac.scheduler.runFor(5);
         app.delegate.willTerminate();
     }
-    EXPECT_FLOAT_EQ(mac.world().dock.tileSize, usersDock.tileSize);
-    EXPECT_EQ(mac.world().dock.autoHide, usersDock.autoHide);
-    EXPECT_EQ(mac.world().dock.place, usersDock.place);
-    EXPECT_EQ(mac.world().dock.magnification, usersDock.magnification);
+    EXPECT_FLOAT_EQ(mac.world().dock.tileSize, dockBefore.tileSize);
+    EXPECT_EQ(mac.world().dock.autoHide, dockBefore.autoHide);
+    EXPECT_EQ(mac.world().dock.place, dockBefore.place);
+    EXPECT_EQ(mac.world().dock.magnification, dockBefore.magnification);
 }
 
 TEST(MissingFunctions, TheProgramLivesWithoutAnyOneOfThem) {

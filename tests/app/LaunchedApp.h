@@ -12,6 +12,10 @@
 
 namespace larkspan {
 
+/// A Dock that its user has set up otherwise than it comes.
+inline constexpr sim::DockSettings usersDock{
+    .tileSize = 0.4F, .autoHide = true, .place = {3, 1}, .magnification = true};
+
 /// The program on a simulated Mac, with panels that only take notes.
 class LaunchedApp {
   public:

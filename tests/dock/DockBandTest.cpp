@@ -2,6 +2,7 @@
 
 #include "dock/FixedScreens.h"
 #include "dock/RecordingDock.h"
+#include "platform/CoreDock.h"
 
 #include <gtest/gtest.h>
 

@@ -3,6 +3,7 @@
 #include "MemoryDefaults.h"
 #include "dock/DockIconSize.h"
 #include "dock/RecordingDock.h"
+#include "platform/CoreDock.h"
 
 #include <gmock/gmock.h>
 

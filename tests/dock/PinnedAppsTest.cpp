@@ -1,4 +1,6 @@
 #include "dock/PinnedApps.h"
+#include "platform/ApplicationControl.h"
+#include "platform/DockPreferences.h"
 
 #include <gmock/gmock.h>
 

@@ -13,8 +13,6 @@ using nlohmann::json;
 using x11::TestClient;
 using Numbers = std::vector<std::uint32_t>;
 
-constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
-
 struct Monitor {
     std::uint32_t name = 0;
     Rect area;
@@ -140,7 +138,7 @@ class ServerReader {
         }
         const auto display = monitorOf(frameOf(window));
         const auto desktop = client_.numbers(window, "_NET_WM_DESKTOP");
-        if (!desktop.empty() && desktop.front() != everyDesktop) {
+        if (!desktop.empty() && desktop.front() != TestClient::everyDesktop) {
             app.places.emplace(display, desktop.front());
             return;
         }

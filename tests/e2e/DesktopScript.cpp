@@ -8,7 +8,6 @@ namespace larkspan::e2e {
 namespace {
 
 constexpr std::uint32_t fromPager = 2;
-constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
 constexpr std::uint32_t toggle = 2;
 // The last one names no application at all.
 constexpr const char* windowClasses[] = {"XTerm",  "XClock", "XCalc",  "Editor",
@@ -171,7 +170,7 @@ void DesktopScript::sendToDesktop() {
 
 void DesktopScript::sendToAllDesktops() {
     if (const auto window = anyWindow())
-        pager_.ask(window->number, "_NET_WM_DESKTOP", {everyDesktop, fromPager});
+        pager_.ask(window->number, "_NET_WM_DESKTOP", {x11::TestClient::everyDesktop, fromPager});
 }
 
 void DesktopScript::switchDesktop() {

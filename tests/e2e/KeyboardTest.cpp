@@ -7,14 +7,14 @@
 namespace larkspan::e2e {
 namespace {
 
-const auto& xcalc = testApp("test-xcalc");
-const auto& xterm = testApp("test-xterm");
+const auto& calculatorApp = testApp("test-xcalc");
+const auto& terminalApp = testApp("test-xterm");
 
 class Keyboard : public testing::Test {
   protected:
     Keyboard() {
-        calculator = openInFront(xcalc);
-        terminal = openInFront(xterm);
+        calculator = openInFront(calculatorApp);
+        terminal = openInFront(terminalApp);
     }
 
     std::unique_ptr<ChildProcess> openInFront(const TestApp& app) {
@@ -42,12 +42,12 @@ class Keyboard : public testing::Test {
 TEST_F(Keyboard, WalksToATileAndOpensItThenIsGivenBack) {
     EXPECT_EQ(bar.command({"focus"}).exitCode, 0);
     EXPECT_TRUE(isKeyboardTaken());
-    EXPECT_TRUE(isFront(xterm)) << "the window worked in stays the active one";
+    EXPECT_TRUE(isFront(terminalApp)) << "the window worked in stays the active one";
     // From the last tile, the Trash, around to the calculator, the first of two with an x.
     screen().tapKey(XK_End);
     screen().tapKey(XK_x);
     screen().tapKey(XK_Return);
-    EXPECT_TRUE(screen().eventually([&] { return isFront(xcalc); })) << bar.state().dump(1);
+    EXPECT_TRUE(screen().eventually([&] { return isFront(calculatorApp); })) << bar.state().dump(1);
     EXPECT_FALSE(isKeyboardTaken());
 }
 
@@ -59,7 +59,7 @@ TEST_F(Keyboard, EscapeGivesItBackFromTheMenuAndFromTheTiles) {
     EXPECT_TRUE(isKeyboardTaken()) << "the tiles had it before the menu";
     screen().tapKey(XK_Escape);
     EXPECT_TRUE(screen().eventually([&] { return !isKeyboardTaken(); }));
-    EXPECT_TRUE(isFront(xterm));
+    EXPECT_TRUE(isFront(terminalApp));
 }
 
 TEST_F(Keyboard, ComesWhenWhoeverHoldsItLetsGo) {

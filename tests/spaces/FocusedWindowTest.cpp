@@ -6,7 +6,7 @@ namespace larkspan {
 namespace {
 
 // The menu bar takes 25 points of the first screen; the second lies to its left and has none.
-const std::vector<Screen> screens{
+const std::vector<Screen> neighbours{
     {.display = 1,
      .frame = {0, 0, 1440, 900},
      .visibleFrame = {0, 70, 1440, 805},
@@ -34,11 +34,11 @@ TEST(ScreenFilledBy, AWindowFillsAScreenWhenNothingIsLeftForTheBar) {
         {"wider", {0, 0, 1442, 900}, 0},
         {"moved to the side", {2, 0, 1440, 900}, 0},
         {"the left screen", {-1280, 0, 1280, 720}, 2},
-        {"both screens", {-1280, 0, 2720, 900}, 0},
+        {"both neighbours", {-1280, 0, 2720, 900}, 0},
         {"no size", {0, 0, 0, 0}, 0},
     };
     for (const auto& each : cases) {
-        const auto filled = screenFilledBy(each.window, screens, 72);
+        const auto filled = screenFilledBy(each.window, neighbours, 72);
         EXPECT_EQ(filled ? filled->display : 0, each.filled) << each.name;
     }
     EXPECT_FALSE(screenFilledBy({0, 0, 1440, 900}, {}, 72));

@@ -7,7 +7,7 @@ namespace larkspan::ui {
 namespace {
 
 /// The last tile of that name, in display coordinates.
-Rect tileOf(BarOnScreen& bar, const std::string& name) {
+Rect frameOnDisplay(BarOnScreen& bar, const std::string& name) {
     const TileModel& tiles = *bar.scene().tiles();
     for (int i = tiles.rowCount() - 1; i >= 0; --i) {
         if (tiles.row(i).item.name != name) continue;
@@ -27,11 +27,12 @@ TEST(QuickBarPanel, TellsWhereTheTilesOfRunningAppsAre) {
     const auto notes = bar.mac.pidOf("com.example.Notes");
     const auto told = [&] { return bar.dressing.tiles.at(notes); };
     const Rect before = told();
-    EXPECT_EQ(before, tileOf(bar, "Notes")) << "among the windows, though it is pinned, too";
+    EXPECT_EQ(before, frameOnDisplay(bar, "Notes"))
+        << "among the windows, though it is pinned, too";
     bar.mac.quit(bar.mac.pidOf("com.example.Mail"));
     bar.settle();
     EXPECT_NE(told(), before);
-    EXPECT_EQ(told(), tileOf(bar, "Notes"));
+    EXPECT_EQ(told(), frameOnDisplay(bar, "Notes"));
     bar.app.useSystemDock();
     bar.settle();
     EXPECT_TRUE(bar.dressing.tiles.empty());

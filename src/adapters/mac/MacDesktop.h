@@ -1,6 +1,8 @@
 #pragma once
 
 #include "platform/Desktop.h"
+#include "platform/DesktopPicture.h"
+#include "platform/PanelDressing.h"
 
 namespace larkspan::mac {
 

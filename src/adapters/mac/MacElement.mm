@@ -41,7 +41,7 @@ std::vector<AXElementRef> elementsOf(NSArray* list) {
     return elements;
 }
 
-struct ObjectMaker {
+struct AttributeMaker {
     id operator()(bool boolean) const { return boolean ? @YES : @NO; }
     id operator()(std::int64_t integer) const { return @(integer); }
     id operator()(double real) const { return @(real); }
@@ -99,7 +99,7 @@ std::optional<AXValue> axValueOf(id object) {
 }
 
 id objectOf(const AXValue& value) {
-    return std::visit(ObjectMaker{}, value);
+    return std::visit(AttributeMaker{}, value);
 }
 
 } // namespace larkspan::mac

@@ -15,7 +15,7 @@ bool isBoolean(id object) {
     return object != nil && CFGetTypeID((__bridge CFTypeRef)object) == CFBooleanGetTypeID();
 }
 
-struct ObjectMaker {
+struct PropertyMaker {
     id operator()(bool boolean) const { return boolean ? @YES : @NO; }
     id operator()(std::int64_t integer) const { return @(integer); }
     id operator()(double real) const { return @(real); }
@@ -97,7 +97,7 @@ std::optional<std::vector<std::pair<std::string, ObjectView>>> ObjectView::dicti
 }
 
 id objectOf(const PropertyValue& value) {
-    return std::visit(ObjectMaker{}, value.value);
+    return std::visit(PropertyMaker{}, value.value);
 }
 
 } // namespace larkspan::mac

@@ -53,7 +53,7 @@ class Exchange {
         std::string answer;
         std::array<char, 4096> buffer{};
         while (waitFor(POLLIN)) {
-            const auto count = read(socket_, buffer.data(), buffer.size());
+            const auto count = ::read(socket_, buffer.data(), buffer.size());
             if (count == 0) return answer;
             if (count < 0 && errno != EINTR && errno != EAGAIN) return std::nullopt;
             if (count > 0) answer.append(buffer.data(), static_cast<std::size_t>(count));

@@ -18,7 +18,7 @@ bool isDrawing(const std::string& path) {
 }
 
 /// A drawing is rendered at the wanted size; pixels are read as they are.
-QImage read(const std::string& path, int pixels) {
+QImage readPicture(const std::string& path, int pixels) {
     QImageReader reader(QString::fromStdString(path));
     if (isDrawing(path)) {
         const QSize size = reader.size();
@@ -58,7 +58,7 @@ std::vector<PictureFile::File> PictureFile::filesByFit(int pixels) const {
 Bitmap PictureFile::bitmap(int pixels) const {
     if (pixels <= 0) return {};
     for (const File& file : filesByFit(pixels)) {
-        const QImage picture = read(file.path, pixels);
+        const QImage picture = readPicture(file.path, pixels);
         if (!picture.isNull()) return fitted(picture, pixels);
     }
     return {};

@@ -67,7 +67,7 @@ void QtApplication::catchSignals() {
     }
     signalWatch_ = watchReadable(signalPipe[0], [this] {
         std::array<char, 16> bytes{};
-        while (read(signalPipe[0], bytes.data(), bytes.size()) > 0) {
+        while (::read(signalPipe[0], bytes.data(), bytes.size()) > 0) {
         }
         terminate();
     });

@@ -22,7 +22,7 @@ constexpr clockid_t uptimeClock = CLOCK_UPTIME_RAW;
 constexpr clockid_t uptimeClock = CLOCK_MONOTONIC;
 #endif
 
-double read(clockid_t clock) {
+double secondsOf(clockid_t clock) {
     timespec time{};
     clock_gettime(clock, &time);
     return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_nsec) * 1e-9;
@@ -41,11 +41,11 @@ QtScheduler::QtScheduler() = default;
 QtScheduler::~QtScheduler() = default;
 
 double QtScheduler::uptime() const {
-    return read(uptimeClock);
+    return secondsOf(uptimeClock);
 }
 
 double QtScheduler::wallClock() const {
-    return read(CLOCK_REALTIME);
+    return secondsOf(CLOCK_REALTIME);
 }
 
 Handle QtScheduler::after(double seconds, Task task) {

@@ -2,6 +2,7 @@
 
 #include "adapters/sim/world/Applications.h"
 #include "adapters/sim/world/DockProcess.h"
+#include "platform/ApplicationControl.h"
 
 namespace larkspan::sim {
 

@@ -1,4 +1,5 @@
 #include "adapters/sim/SimCoreDock.h"
+#include "platform/CoreDock.h"
 
 namespace larkspan::sim {
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/sim/world/World.h"
+#include "platform/CoreDock.h"
 
 namespace larkspan::sim {
 

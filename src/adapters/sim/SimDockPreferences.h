@@ -1,6 +1,7 @@
 #pragma once
 
 #include "adapters/sim/world/World.h"
+#include "platform/DockPreferences.h"
 
 #include <map>
 

@@ -2,6 +2,7 @@
 
 #include "adapters/sim/world/Displays.h"
 #include "adapters/sim/world/World.h"
+#include "platform/DockStrip.h"
 
 #include <utility>
 

@@ -61,7 +61,7 @@ struct X11Desktop::Parts {
                            [this](const auto& instance, const auto& className, auto process) {
                                return installed.match(instance, className, process);
                            },
-                           watchProcessExit};
+                           freedesktop::watchProcessExit};
 
     WindowMirror mirror{*connection, scale,
                         [this](const ClientProperties& facts) { return table.ownerOf(facts); }};

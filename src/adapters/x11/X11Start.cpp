@@ -6,6 +6,8 @@
 #include "adapters/x11/X11Desktop.h"
 #include "adapters/x11/X11SystemLog.h"
 #include "adapters/x11/connection/displayError.h"
+#include "platform/DesktopPicture.h"
+#include "platform/PanelDressing.h"
 
 #include <filesystem>
 #include <utility>

@@ -9,8 +9,8 @@ namespace larkspan::ui {
 
 namespace {
 
-constexpr double distance = 6;
-constexpr double cornerRadius = 8;
+constexpr double labelDistance = 6;
+constexpr double labelRadius = 8;
 
 } // namespace
 
@@ -33,10 +33,10 @@ void LabelWindow::showAbove(const QString& text, const QRectF& anchor, const QRe
     root_->setSize(size);
     const double x = std::clamp(anchor.center().x() - size.width() / 2, screen.left() + 2,
                                 std::max(screen.left() + 2, screen.right() - 2 - size.width()));
-    const QPointF place(std::round(x), std::round(anchor.top() - distance - size.height()));
+    const QPointF place(std::round(x), std::round(anchor.top() - labelDistance - size.height()));
     setGeometry(QRect(place.toPoint(), size.toSize()));
     root_->setProperty("cutsCorners", !isTranslucent);
-    setMask(isTranslucent ? QRegion() : roundedRegion(QRectF(QPointF(), size), cornerRadius));
+    setMask(isTranslucent ? QRegion() : roundedRegion(QRectF(QPointF(), size), labelRadius));
     show();
 }
 

@@ -51,7 +51,7 @@ void DemoDesktop::paintMenuBars(QPainter& painter, const sim::Display& display) 
     const auto& world = mac_.world();
     const sim::App* front = world.app(world.frontmost);
     const auto seconds = static_cast<qint64>(world.scheduler.wallClock());
-    const QString clock = QDateTime::fromSecsSinceEpoch(seconds, Qt::UTC).toString("ddd HH:mm");
+    const QString clock = QDateTime::fromSecsSinceEpoch(seconds).toUTC().toString("ddd HH:mm");
     paintMenuBar(painter, menuBarOf(world, display),
                  QString::fromStdString(front ? front->name : ""), clock,
                  !mac_.statusBar.items().empty());

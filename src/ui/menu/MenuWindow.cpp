@@ -14,8 +14,8 @@ namespace larkspan::ui {
 
 namespace {
 
-constexpr double distance = 6;
-constexpr double cornerRadius = 10;
+constexpr double menuDistance = 6;
+constexpr double menuRadius = 10;
 
 } // namespace
 
@@ -46,13 +46,13 @@ void MenuWindow::open(const Menu& menu, const QRectF& anchor, const QRectF& scre
     root_->findChild<QQuickItem*>("lines")->ensurePolished();
     const QSizeF size(std::ceil(root_->implicitWidth()), std::ceil(root_->implicitHeight()));
     root_->setSize(size);
-    const double x =
-        std::clamp(anchor.center().x() - size.width() / 2, screen.left() + distance,
-                   std::max(screen.left() + distance, screen.right() - distance - size.width()));
-    const double y = std::max(screen.top(), anchor.top() - distance - size.height());
+    const double x = std::clamp(
+        anchor.center().x() - size.width() / 2, screen.left() + menuDistance,
+        std::max(screen.left() + menuDistance, screen.right() - menuDistance - size.width()));
+    const double y = std::max(screen.top(), anchor.top() - menuDistance - size.height());
     setGeometry(QRect(QPointF(x, y).toPoint(), size.toSize()));
     root_->setProperty("cutsCorners", !isTranslucent);
-    setMask(isTranslucent ? QRegion() : roundedRegion(QRectF(QPointF(), size), cornerRadius));
+    setMask(isTranslucent ? QRegion() : roundedRegion(QRectF(QPointF(), size), menuRadius));
     show();
 }
 

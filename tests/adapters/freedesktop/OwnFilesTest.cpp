@@ -4,6 +4,7 @@
 
 #include "adapters/freedesktop/DesktopFolders.h"
 #include "adapters/freedesktop/entries/ExecLine.h"
+#include "platform/LoginItem.h"
 
 #include <gmock/gmock.h>
 

@@ -2,6 +2,7 @@
 #include "adapters/freedesktop/PanelOnBus.h"
 #include "adapters/freedesktop/bus/StatusNotifierItem.h"
 #include "adapters/qt/RunLoop.h"
+#include "platform/StatusBar.h"
 #include "platform/contract/StatusBarContract.h"
 
 #include <gmock/gmock.h>

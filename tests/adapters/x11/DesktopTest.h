@@ -8,6 +8,8 @@
 #include "adapters/x11/TestClient.h"
 #include "adapters/x11/X11Desktop.h"
 #include "adapters/x11/X11SystemLog.h"
+#include "platform/ApplicationControl.h"
+#include "platform/HostApplication.h"
 
 #include <gtest/gtest.h>
 

@@ -37,6 +37,9 @@ struct TestWindow {
 /// A program with windows, as the X server sees one. Its windows end with it.
 class TestClient {
   public:
+    /// What _NET_WM_DESKTOP says of a window on all of them.
+    static constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
+
     explicit TestClient(const std::string& display);
     ~TestClient();
     TestClient(const TestClient&) = delete;

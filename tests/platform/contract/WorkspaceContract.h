@@ -1,5 +1,6 @@
 #pragma once
 
+#include "platform/ApplicationControl.h"
 #include "platform/contract/DesktopWorld.h"
 
 #include <set>

@@ -33,7 +33,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, ItemProperties&) 
 
 constexpr int root = 0;
 constexpr uint revision = 1;
-constexpr const char* description = R"xml(<interface name="com.canonical.dbusmenu">
+constexpr const char* menuInterface = R"xml(<interface name="com.canonical.dbusmenu">
   <property name="Version" type="u" access="read"/>
   <property name="Status" type="s" access="read"/>
   <property name="TextDirection" type="s" access="read"/>
@@ -174,7 +174,7 @@ bool DBusMenu::handleMessage(const QDBusMessage& message, const QDBusConnection&
 }
 
 QString DBusMenu::introspect(const QString&) const {
-    return QString::fromUtf8(description);
+    return QString::fromUtf8(menuInterface);
 }
 
 } // namespace larkspan::freedesktop

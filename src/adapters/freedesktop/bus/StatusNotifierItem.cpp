@@ -33,7 +33,7 @@ const QDBusArgument& operator>>(const QDBusArgument& argument, Pixmap&) {
     return argument;
 }
 
-constexpr const char* description = R"xml(<interface name="org.kde.StatusNotifierItem">
+constexpr const char* itemInterface = R"xml(<interface name="org.kde.StatusNotifierItem">
   <property name="Category" type="s" access="read"/>
   <property name="Id" type="s" access="read"/>
   <property name="Title" type="s" access="read"/>
@@ -90,7 +90,7 @@ StatusNotifierItem::StatusNotifierItem(const StatusItem& item) {
 }
 
 QString StatusNotifierItem::introspect(const QString&) const {
-    return QString::fromUtf8(description);
+    return QString::fromUtf8(itemInterface);
 }
 
 // A click is no method here: panels show the menu where there is none.

@@ -14,10 +14,10 @@ namespace larkspan::freedesktop {
 namespace {
 
 constexpr std::string_view folderType = "inode/directory";
-constexpr std::string_view suffix = ".desktop";
+constexpr std::string_view entrySuffix = ".desktop";
 
 std::string withoutSuffix(const std::string& file) {
-    return file.ends_with(suffix) ? file.substr(0, file.size() - suffix.size()) : file;
+    return file.ends_with(entrySuffix) ? file.substr(0, file.size() - entrySuffix.size()) : file;
 }
 
 /// The lists of default applications, the user's choices first.

@@ -13,7 +13,7 @@ namespace larkspan::freedesktop {
 
 namespace {
 
-constexpr std::string_view suffix = ".desktop";
+constexpr std::string_view entryFileSuffix = ".desktop";
 // An installation writes many files; the entries are read again once it is through.
 constexpr double settlingSeconds = 0.3;
 constexpr int deepestFolder = 4;
@@ -64,8 +64,9 @@ void DesktopEntries::readFolder(const std::string& folder, const std::string& pr
         const std::string_view name = file->d_name;
         if (name.starts_with('.')) continue;
         const std::string path = folder + "/" + file->d_name;
-        if (name.ends_with(suffix)) {
-            addFile(path, prefix + std::string(name.substr(0, name.size() - suffix.size())));
+        if (name.ends_with(entryFileSuffix)) {
+            addFile(path,
+                    prefix + std::string(name.substr(0, name.size() - entryFileSuffix.size())));
         } else if (depth < deepestFolder && name.find('.') == std::string_view::npos &&
                    std::filesystem::is_directory(path)) {
             readFolder(path, prefix + file->d_name + "-", depth + 1);

@@ -14,7 +14,7 @@ namespace larkspan::freedesktop {
 namespace {
 
 /// The path as an argument of an `Exec` line.
-std::string quoted(const std::string& path) {
+std::string quotedForExec(const std::string& path) {
     std::string result = "\"";
     for (const char character : path) {
         // Escaped for the quotes, and its backslash once more for the file.
@@ -46,7 +46,7 @@ bool LoginEntry::registerItem() {
                                                   "Comment=A bar along the bottom of every screen\n"
                                                   "Icon=larkspan\n"
                                                   "Exec={}\n",
-                                                  quoted(program_)));
+                                                  quotedForExec(program_)));
 }
 
 bool LoginEntry::unregisterItem() {

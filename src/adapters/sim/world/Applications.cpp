@@ -9,7 +9,7 @@
 
 namespace larkspan::sim {
 
-using Kind = WorkspaceEvent::Kind;
+using EventKind = WorkspaceEvent::Kind;
 
 InstalledApp& Applications::install(std::string bundleIdentifier, std::string name) {
     InstalledApp app{.bundleIdentifier = bundleIdentifier,
@@ -29,7 +29,7 @@ void Applications::uninstall(std::string_view bundleIdentifier) {
 
 void Applications::tellOfInstalled() {
     // A Mac keeps it to itself.
-    if (world_.announcesChanges) world_.tell(Kind::runningApplicationsDidChange);
+    if (world_.announcesChanges) world_.tell(EventKind::runningApplicationsDidChange);
 }
 
 ProcessId Applications::launch(std::string_view bundleIdentifier, const LaunchOptions& options) {
@@ -50,7 +50,7 @@ ProcessId Applications::launch(std::string_view bundleIdentifier, const LaunchOp
     }
     const ProcessId pid = app.pid;
     world_.apps.push_back(std::move(app));
-    world_.tell(Kind::runningApplicationsDidChange);
+    world_.tell(EventKind::runningApplicationsDidChange);
     if (options.launchSeconds > 0) {
         launches_[pid] = world_.scheduler.after(
             options.launchSeconds, [this, pid, options] { finishLaunching(pid, options); });
@@ -64,7 +64,7 @@ void Applications::finishLaunching(ProcessId pid, const LaunchOptions& options) 
     App* app = world_.app(pid);
     if (!app) return;
     app->finishedLaunching = true;
-    world_.tell(Kind::didLaunchApplication, *app);
+    world_.tell(EventKind::didLaunchApplication, *app);
     if (!options.inBackground && options.policy == ActivationPolicy::regular) activate(pid);
     if (options.opensWindow) windows_.open(pid, {.title = app->name});
 }
@@ -165,7 +165,7 @@ void Applications::reportFront() {
     frontReport_.reset();
     world_.reportedFrontmost = world_.frontmost;
     if (const App* app = world_.app(world_.frontmost))
-        world_.tell(Kind::didActivateApplication, *app);
+        world_.tell(EventKind::didActivateApplication, *app);
 }
 
 void Applications::activate(ProcessId pid) {
@@ -186,7 +186,7 @@ void Applications::hide(ProcessId pid) {
     App* app = world_.app(pid);
     if (!app || app->hidden) return;
     app->hidden = true;
-    world_.tell(Kind::didHideApplication, *app);
+    world_.tell(EventKind::didHideApplication, *app);
     world_.windowsDidChange();
     if (world_.frontmost == pid) settleFrontmost();
 }
@@ -195,7 +195,7 @@ void Applications::unhide(ProcessId pid) {
     App* app = world_.app(pid);
     if (!app || !app->hidden) return;
     app->hidden = false;
-    world_.tell(Kind::didUnhideApplication, *app);
+    world_.tell(EventKind::didUnhideApplication, *app);
     world_.windowsDidChange();
 }
 
@@ -221,8 +221,8 @@ void Applications::kill(ProcessId pid) {
     world_.apps.erase(found);
     launches_.erase(pid);
     if (!gone.leavesWindows) windows_.closeAll(pid);
-    world_.tell(Kind::didTerminateApplication, gone);
-    world_.tell(Kind::runningApplicationsDidChange);
+    world_.tell(EventKind::didTerminateApplication, gone);
+    world_.tell(EventKind::runningApplicationsDidChange);
     if (world_.frontmost == pid) settleFrontmost();
 }
 

@@ -7,26 +7,27 @@ namespace larkspan::sim {
 
 namespace {
 
-struct Names {
+struct PermissionName {
     Permission permission;
     std::string_view name;
     std::string_view pane;
 };
 
-constexpr std::array names{
-    Names{Permission::accessibility, "accessibility", "Privacy_Accessibility"},
-    Names{Permission::screenRecording, "screenRecording", "Privacy_ScreenCapture"}};
+constexpr std::array permissionNames{
+    PermissionName{Permission::accessibility, "accessibility", "Privacy_Accessibility"},
+    PermissionName{Permission::screenRecording, "screenRecording", "Privacy_ScreenCapture"}};
 
-constexpr std::string_view settings = "x-apple.systempreferences:com.apple.preference.security?";
+constexpr std::string_view privacySettings =
+    "x-apple.systempreferences:com.apple.preference.security?";
 
 } // namespace
 
 std::string_view permissionName(Permission permission) {
-    return names[static_cast<std::size_t>(permission)].name;
+    return permissionNames[static_cast<std::size_t>(permission)].name;
 }
 
 std::optional<Permission> permissionNamed(std::string_view name) {
-    for (const Names& each : names) {
+    for (const PermissionName& each : permissionNames) {
         if (each.name == name) return each.permission;
     }
     return std::nullopt;
@@ -44,9 +45,9 @@ void Privacy::answer(bool opensSettings) {
 }
 
 bool Privacy::open(std::string_view url) {
-    if (!url.starts_with(settings)) return false;
-    url.remove_prefix(settings.size());
-    for (const Names& each : names) {
+    if (!url.starts_with(privacySettings)) return false;
+    url.remove_prefix(privacySettings.size());
+    for (const PermissionName& each : permissionNames) {
         if (each.pane == url) pane_ = each.permission;
     }
     return true;

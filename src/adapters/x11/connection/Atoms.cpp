@@ -1,6 +1,7 @@
 #include "adapters/x11/connection/Atoms.h"
 
 #include <array>
+#include <cstdint>
 #include <cstdlib>
 #include <string_view>
 

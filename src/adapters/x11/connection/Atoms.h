@@ -1,5 +1,7 @@
 #pragma once
 
+#include <cstdint>
+
 #include <xcb/xcb.h>
 
 namespace larkspan::x11 {
@@ -65,5 +67,14 @@ struct Atoms {
     /// The selection that a compositor of the default screen owns.
     xcb_atom_t compositor = 0;
 };
+
+// What properties of several uses say.
+
+/// In _NET_WM_DESKTOP.
+inline constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
+/// In WM_STATE, and in the request to minimise a window.
+inline constexpr std::uint32_t iconicState = 3;
+/// A flag of WM_HINTS: the hints say whether the window takes the focus.
+inline constexpr std::uint32_t inputHint = 1u << 0;
 
 } // namespace larkspan::x11

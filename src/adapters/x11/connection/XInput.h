@@ -9,6 +9,7 @@ namespace larkspan::x11 {
 
 /// The bits of XInput's events, of its numbers 0 to 31 and 32 to 63.
 using XInputMask = std::array<std::uint32_t, 2>;
+inline constexpr XInputMask noEvents{0, 0};
 
 /// Whether the X server knows XInput 2 at least up to that minor version.
 bool knowsXInput(X11Connection& connection, int minor);

@@ -14,7 +14,6 @@ namespace {
 /// Seconds without listening after each move that was told.
 constexpr double pauseAfterMove = 0.05;
 
-constexpr XInputMask noEvents{0, 0};
 constexpr XInputMask motions{XCB_INPUT_XI_EVENT_MASK_RAW_MOTION, 0};
 
 } // namespace

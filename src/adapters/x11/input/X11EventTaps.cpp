@@ -13,12 +13,11 @@ namespace {
 
 using SwipeEvent = xcb_input_gesture_swipe_update_event_t;
 
-constexpr XInputMask noEvents{0, 0};
 constexpr XInputMask allSwipes{1U << XCB_INPUT_GESTURE_SWIPE_BEGIN |
                                    1U << XCB_INPUT_GESTURE_SWIPE_UPDATE,
                                1U << (XCB_INPUT_GESTURE_SWIPE_END - 32)};
 
-bool select(X11Connection& connection, const XInputMask& events) {
+bool selectDeviceEvents(X11Connection& connection, const XInputMask& events) {
     return selectXInput(connection, XCB_INPUT_DEVICE_ALL_MASTER, events);
 }
 
@@ -67,7 +66,7 @@ class X11EventTap final : public EventTap {
     }
     ~X11EventTap() override {
         isListening_ = false;
-        if (connection_.isAlive()) select(connection_, noEvents);
+        if (connection_.isAlive()) selectDeviceEvents(connection_, noEvents);
     }
     // An X server disables nothing.
     void enable() override {}
@@ -109,7 +108,7 @@ void X11EventTap::handle(const xcb_generic_event_t& event) {
 
 std::unique_ptr<EventTap> X11EventTaps::listen(std::uint64_t mask, Callback callback) {
     if (isListening_ || (mask >> TapEvent::gesture & 1) == 0) return nullptr;
-    if (!knowsXInput(connection_, 4) || !select(connection_, allSwipes)) return nullptr;
+    if (!knowsXInput(connection_, 4) || !selectDeviceEvents(connection_, allSwipes)) return nullptr;
     return std::make_unique<X11EventTap>(connection_, std::move(callback), isListening_);
 }
 

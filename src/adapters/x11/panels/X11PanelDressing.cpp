@@ -12,8 +12,6 @@ namespace larkspan::x11 {
 
 namespace {
 
-constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
-constexpr std::uint32_t inputHint = 1;
 constexpr std::size_t longestHints = 9;
 
 void setProperty(xcb_connection_t* connection, xcb_window_t window, xcb_atom_t property,

@@ -14,7 +14,6 @@ namespace {
 
 // A title may be a megabyte long; no one reads more of it than this. In 32-bit units.
 constexpr std::uint32_t longestText = 512;
-constexpr std::uint32_t inputHint = 1u << 0;
 constexpr std::uint32_t iconPixmapHint = 1u << 2;
 constexpr std::uint32_t urgencyHint = 1u << 8;
 

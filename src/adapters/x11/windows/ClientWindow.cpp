@@ -6,9 +6,6 @@ namespace larkspan::x11 {
 
 namespace {
 
-constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
-constexpr std::uint32_t iconicState = 3;
-
 bool has(const std::vector<xcb_atom_t>& list, xcb_atom_t atom) {
     return std::find(list.begin(), list.end(), atom) != list.end();
 }

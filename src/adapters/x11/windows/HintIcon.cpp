@@ -1,7 +1,5 @@
 #include "adapters/x11/windows/HintIcon.h"
 
-#include <optional>
-
 namespace larkspan::x11 {
 
 namespace {
@@ -11,7 +9,7 @@ constexpr std::uint32_t maskHint = 1u << 5;
 constexpr std::uint32_t pixmapField = 3;
 constexpr std::uint32_t maskField = 7;
 constexpr std::uint32_t hintFields = 9;
-constexpr int largestSide = 1024;
+constexpr int largestPixmapSide = 1024;
 
 /// The pixels of a pixmap as the X server sends them.
 struct Pixels {
@@ -20,6 +18,7 @@ struct Pixels {
     int depth = 0;
     std::size_t stride = 0;
     bool isMostSignificantFirst = false;
+    /// Nullptr when there are none.
     Reply<xcb_get_image_reply_t> image;
 
     bool contains(int x, int y) const { return x < width && y < height; }
@@ -37,13 +36,13 @@ struct Pixels {
     }
 };
 
-std::optional<Pixels> pixelsOf(X11Connection& connection, xcb_pixmap_t pixmap) {
+Pixels pixelsOf(X11Connection& connection, xcb_pixmap_t pixmap) {
     auto* raw = connection.raw();
     const auto geometry = connection.reply(xcb_get_geometry_reply, xcb_get_geometry(raw, pixmap));
-    if (!geometry || geometry->width > largestSide || geometry->height > largestSide)
-        return std::nullopt;
+    if (!geometry || geometry->width > largestPixmapSide || geometry->height > largestPixmapSide)
+        return {};
     Pixels pixels{.width = geometry->width, .height = geometry->height, .depth = geometry->depth};
-    if (pixels.depth != 1 && pixels.depth != 24 && pixels.depth != 32) return std::nullopt;
+    if (pixels.depth != 1 && pixels.depth != 24 && pixels.depth != 32) return {};
     pixels.image = connection.reply(xcb_get_image_reply,
                                     xcb_get_image(raw, XCB_IMAGE_FORMAT_Z_PIXMAP, pixmap, 0, 0,
                                                   geometry->width, geometry->height, ~0u));
@@ -56,7 +55,7 @@ std::optional<Pixels> pixelsOf(X11Connection& connection, xcb_pixmap_t pixmap) {
     pixels.stride = (bits + pad - 1) / pad * pad / 8;
     if (!pixels.image || static_cast<std::size_t>(xcb_get_image_data_length(pixels.image.get())) <
                              pixels.stride * static_cast<std::size_t>(pixels.height))
-        return std::nullopt;
+        return {};
     return pixels;
 }
 
@@ -74,17 +73,16 @@ Bitmap hintIcon(X11Connection& connection, WindowId window) {
                                                  XCB_ATOM_WM_HINTS, 0, hintFields));
     if (!reply || reply->format != 32 || reply->value_len <= pixmapField) return {};
     const auto* hints = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
-    const auto icon =
-        hints[0] & pixmapHint ? pixelsOf(connection, hints[pixmapField]) : std::nullopt;
-    if (!icon) return {};
+    const Pixels icon = hints[0] & pixmapHint ? pixelsOf(connection, hints[pixmapField]) : Pixels{};
+    if (!icon.image) return {};
     const bool hasMask = (hints[0] & maskHint) && reply->value_len > maskField;
-    const auto mask = hasMask ? pixelsOf(connection, hints[maskField]) : std::nullopt;
+    const Pixels mask = hasMask ? pixelsOf(connection, hints[maskField]) : Pixels{};
 
-    Bitmap bitmap{.width = icon->width, .height = icon->height};
-    for (int y = 0; y < icon->height; ++y) {
-        for (int x = 0; x < icon->width; ++x) {
-            const bool isSeen = !mask || (mask->contains(x, y) && mask->at(x, y) != 0);
-            bitmap.pixels.push_back(isSeen ? colourOf(*icon, x, y) : 0);
+    Bitmap bitmap{.width = icon.width, .height = icon.height};
+    for (int y = 0; y < icon.height; ++y) {
+        for (int x = 0; x < icon.width; ++x) {
+            const bool isSeen = !mask.image || (mask.contains(x, y) && mask.at(x, y) != 0);
+            bitmap.pixels.push_back(isSeen ? colourOf(icon, x, y) : 0);
         }
     }
     return bitmap;

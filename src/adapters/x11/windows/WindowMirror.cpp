@@ -37,7 +37,7 @@ std::uint32_t numberOr(std::uint32_t fallback, const std::vector<std::uint32_t>&
     return numbers.empty() ? fallback : numbers.front();
 }
 
-void select(X11Connection& connection, xcb_window_t window, std::uint32_t mask) {
+void selectEvents(X11Connection& connection, xcb_window_t window, std::uint32_t mask) {
     xcb_change_window_attributes(connection.raw(), window, XCB_CW_EVENT_MASK, &mask);
 }
 
@@ -61,7 +61,7 @@ WindowMirror::WindowMirror(X11Connection& connection, double scale, FindOwner fi
           connection.events.subscribe([this](const xcb_generic_event_t& event) { handle(event); }))
     , drainedSubscription_(connection.drained.subscribe([this] { refresh(); })) {
     // Selected before the first read, so that nothing can change unseen in between.
-    select(connection_, connection_.root(), rootEvents);
+    selectEvents(connection_, connection_.root(), rootEvents);
     refresh();
 }
 
@@ -156,13 +156,13 @@ void WindowMirror::readManager() {
     const auto named = numberOr(0, numbers(connection_, askRoot(connection_, check)));
     manager_ = 0;
     if (named != 0) {
-        select(connection_, named, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+        selectEvents(connection_, named, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
         const auto itself =
             xcb_get_property(connection_.raw(), 0, named, check, XCB_GET_PROPERTY_TYPE_ANY, 0, 1);
         if (numberOr(0, numbers(connection_, itself)) == named) manager_ = named;
     }
-    select(connection_, connection_.root(),
-           rootEvents | (manager_ ? 0 : XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY));
+    selectEvents(connection_, connection_.root(),
+                 rootEvents | (manager_ ? 0 : XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY));
     stale_ = {.manager = false};
 }
 
@@ -272,7 +272,7 @@ void WindowMirror::findFrames() {
             if (climb.at == climb.client) return true;
             // Of a managed window with another in it more is selected already.
             if (!clients_.contains(climb.at))
-                select(connection_, climb.at, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
+                selectEvents(connection_, climb.at, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
             framed_[climb.at] = climb.client;
             return true;
         });

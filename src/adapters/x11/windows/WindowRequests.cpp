@@ -8,7 +8,6 @@ namespace {
 // forward.
 constexpr std::uint32_t fromPager = 2;
 constexpr std::uint32_t normalState = 1;
-constexpr std::uint32_t iconicState = 3;
 
 } // namespace
 
