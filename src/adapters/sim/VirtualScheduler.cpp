@@ -62,10 +62,10 @@ Handle VirtualScheduler::start(double seconds, double interval, Task task, Queue
     return Handle([weakTimers = std::weak_ptr(timers_), weakTimer = std::weak_ptr(timer)] {
         // A timer that has run is gone already, and its moment may be another's by now.
         const auto timers = weakTimers.lock();
-        const auto timer = weakTimer.lock();
-        if (!timers || !timer) return;
-        const auto found = timers->find(timer->due);
-        if (found != timers->end() && found->second == timer) timers->erase(found);
+        const auto ended = weakTimer.lock();
+        if (!timers || !ended) return;
+        const auto found = timers->find(ended->due);
+        if (found != timers->end() && found->second == ended) timers->erase(found);
     });
 }
 
