@@ -2,6 +2,7 @@
 
 #include "dock/DockIconSize.h"
 #include "dock/DockProfile.h"
+#include "spaces/WindowPresence.h"
 
 #include <algorithm>
 #include <set>
@@ -247,16 +248,54 @@ void AppController::showStatusItem() {
     const Menu menu{
         {.title = "Use Larkspan", .action = [this] { useVantrel(); }},
         MenuItem::separator(),
-        {.title = "Quit Larkspan", .action = [this] { platform_.application.terminate(); }},
+        {.title = "Quit Larkspan", .action = [this] { quit(); }},
     };
     statusItem_ = platform_.statusBar.show(
         {.symbol = "dock.rectangle", .accessibilityDescription = "Larkspan", .menu = menu});
 }
 
+bool AppController::opensAtLogin() const {
+    return platform_.loginItem.status() == LoginItem::Status::enabled;
+}
+
+void AppController::quit() {
+    platform_.application.terminate();
+}
+
+bool AppController::hasSystemDock() const {
+    return DockProfile::current(platform_.coreDock).has_value();
+}
+
+std::optional<std::string> AppController::heightRefusalReason() const {
+    // A higher bar would lie over windows when the Dock below cannot grow with it.
+    const auto why = whyNoResize(platform_.coreDock);
+    return why && hasSystemDock() ? std::optional<std::string>(*why) : std::nullopt;
+}
+
+bool AppController::isAccessibilityTrusted() const {
+    return platform_.accessibility.isProcessTrusted();
+}
+
+bool AppController::canCaptureScreen() const {
+    return platform_.screenCapture.preflightAccess();
+}
+
+std::optional<std::vector<AppWindow>> AppController::listedWindows(ProcessId pid,
+                                                                   float patience) const {
+    return WindowPresence::accessibilityWindows(platform_.accessibility, pid, patience);
+}
+
+std::vector<Screen> AppController::screens() const {
+    return platform_.screens.screens();
+}
+
+std::string AppController::description() const {
+    return platform_.application.description();
+}
+
 void AppController::toggleLoginItem() {
     auto& item = platform_.loginItem;
-    const bool isDone =
-        item.status() == LoginItem::Status::enabled ? item.unregisterItem() : item.registerItem();
+    const bool isDone = opensAtLogin() ? item.unregisterItem() : item.registerItem();
     if (!isDone) item.openSystemSettings();
 }
 

@@ -314,7 +314,7 @@ void Control::reopen(const Words&, const Reply& reply) {
 }
 
 void Control::quit(const Words&, const Reply& reply) {
-    controller_.platform().application.terminate();
+    controller_.quit();
     reply({});
 }
 

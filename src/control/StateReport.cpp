@@ -3,7 +3,6 @@
 #include "app/AppController.h"
 #include "control/NamedSettings.h"
 #include "settings/RawValues.h"
-#include "spaces/WindowPresence.h"
 
 #include <algorithm>
 #include <map>
@@ -47,8 +46,7 @@ WindowCounts countWindows(AppController& controller, ProcessId pid) {
     std::set<WindowId> ids;
     for (const auto& window : controller.store().latestWindows())
         if (window.pid == pid) ids.insert(window.id);
-    const auto windows =
-        WindowPresence::accessibilityWindows(controller.platform().accessibility, pid, patience);
+    const auto windows = controller.listedWindows(pid, patience);
     WindowCounts counts;
     for (const auto& window : windows.value_or(std::vector<AppWindow>{})) {
         ids.insert(window.id);
@@ -150,9 +148,8 @@ json permissionsWindowJson(const PermissionsWindow& window) {
 }
 
 json permissionsJson(AppController& controller) {
-    const auto& platform = controller.platform();
-    return {{"accessibility", platform.accessibility.isProcessTrusted()},
-            {"screenRecording", platform.screenCapture.preflightAccess()},
+    return {{"accessibility", controller.isAccessibilityTrusted()},
+            {"screenRecording", controller.canCaptureScreen()},
             {"window", permissionsWindowJson(controller.permissions())}};
 }
 
