@@ -16,6 +16,7 @@
 #include "platform/Platform.h"
 #include "settings/BarLook.h"
 #include "settings/BarSettings.h"
+#include "spaces/AppWindow.h"
 #include "spaces/FullScreenWatcher.h"
 #include "spaces/PointerWatcher.h"
 #include "spaces/SpacePoll.h"
@@ -75,9 +76,26 @@ class AppController {
     /// Brings the keyboard onto the bar of the display in use; false when no bar is shown.
     bool focusBar();
 
+    bool opensAtLogin() const;
     /// Opens the program at login, or no longer does; where the system refuses, its own settings
     /// are shown instead.
     void toggleLoginItem();
+    /// Ends the program; the desktop calls `stop` on the way.
+    void quit();
+
+    /// There is a system Dock, which takes the bar's place when the bar goes.
+    bool hasSystemDock() const;
+    /// Why the bar's height cannot be chosen; absent when it can.
+    std::optional<std::string> heightRefusalReason() const;
+    /// The permissions as the system grants them now.
+    bool isAccessibilityTrusted() const;
+    bool canCaptureScreen() const;
+    /// The app's windows as Accessibility lists them; absent when it did not answer within that
+    /// many seconds.
+    std::optional<std::vector<AppWindow>> listedWindows(ProcessId pid, float patience) const;
+    std::vector<Screen> screens() const;
+    /// The program and the system it runs on, in one line.
+    std::string description() const;
 
     DiagnosticsLog& log() { return log_; }
     const DiagnosticsLog& log() const { return log_; }
@@ -94,7 +112,6 @@ class AppController {
     ItemMenu& itemMenu() { return itemMenu_; }
     SpaceSlide& slide() { return slide_; }
     TrashFolder& trash() { return platform_.trash; }
-    const Platform& platform() const { return platform_; }
     /// Nullptr before the first bars were needed.
     const BarController* bars() const { return bars_.get(); }
 
@@ -103,6 +120,7 @@ class AppController {
     void followBarHeight();
     void wireCallbacks();
     void followSpaceSwitches();
+    void pollSpaces();
     std::string displayInUse() const;
     std::vector<BarState> barStates() const;
     void shrinkDock();

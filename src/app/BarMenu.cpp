@@ -1,7 +1,6 @@
 #include "app/BarMenu.h"
 
 #include "app/AppController.h"
-#include "dock/DockProfile.h"
 #include "platform/CoreDock.h"
 #include "platform/LoginItem.h"
 
@@ -51,16 +50,10 @@ void addChoices(Menu& menu, AppController& controller, const Setting& setting) {
     }
 }
 
-bool hasSystemDock(const CoreDock& dock) {
-    return DockProfile::current(dock).has_value();
-}
-
 void addHeights(Menu& menu, AppController& controller) {
     menu.push_back(heading(std::string(controller.settings().row("barHeight").title)));
-    const auto& dock = controller.platform().coreDock;
-    // A higher bar would lie over windows when the Dock below cannot grow with it.
-    if (const auto why = whyNoResize(dock); why && hasSystemDock(dock)) {
-        menu.push_back({.title = std::string(*why), .isEnabled = false});
+    if (const auto why = controller.heightRefusalReason()) {
+        menu.push_back({.title = *why, .isEnabled = false});
         return;
     }
     const auto current = controller.barHeight();
@@ -83,15 +76,12 @@ void addParts(Menu& menu, AppController& controller) {
 
 void addProgram(Menu& menu, AppController& controller) {
     menu.push_back(MenuItem::separator());
-    const auto& platform = controller.platform();
-    menu.push_back(checked("Open Larkspan at login",
-                           platform.loginItem.status() == LoginItem::Status::enabled,
+    menu.push_back(checked("Open Larkspan at login", controller.opensAtLogin(),
                            [&controller] { controller.toggleLoginItem(); }));
     // Where no Dock takes the bar's place, all that is left to say is that the bar goes.
-    menu.push_back(action(hasSystemDock(platform.coreDock) ? "Use the macOS Dock" : "Hide the bar",
+    menu.push_back(action(controller.hasSystemDock() ? "Use the macOS Dock" : "Hide the bar",
                           [&controller] { controller.useSystemDock(); }));
-    menu.push_back(
-        action("Quit Larkspan", [&controller] { controller.platform().application.terminate(); }));
+    menu.push_back(action("Quit Larkspan", [&controller] { controller.quit(); }));
 }
 
 } // namespace

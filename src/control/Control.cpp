@@ -35,7 +35,7 @@ const DockItem* find(const std::vector<DockItem>& items, const std::string& id) 
 
 Tile findInGroups(const DockStore& store, const std::string& id) {
     Tile tile;
-    for (const auto& group : *store.windowAppGroups) {
+    for (const auto& group : *store.windowAppGroups()) {
         const auto* item = find(group.items, id);
         // A group on a shown Space counts before one that is elsewhere.
         if (item && (!tile.item || (tile.group->isRing && !group.isRing))) tile = {item, &group};
@@ -45,8 +45,8 @@ Tile findInGroups(const DockStore& store, const std::string& id) {
 
 Tile findTile(const DockStore& store, const std::string& id) {
     if (const auto tile = findInGroups(store, id); tile.item) return tile;
-    if (const auto* item = find(*store.pinnedItems, id)) return {item};
-    return {find(*store.backgroundItems, id)};
+    if (const auto* item = find(*store.pinnedItems(), id)) return {item};
+    return {find(*store.backgroundItems(), id)};
 }
 
 /// Where the tile stands, as far as is known here: the bar of its display.
@@ -97,14 +97,14 @@ std::optional<Number> wholeNumber(std::string_view text) {
 std::optional<std::string> whyItStays(const AppController& controller, WindowId window,
                                       SpaceId space) {
     const auto& store = controller.store();
-    if (!store.spaceMap || !controller.canMoveWindows())
+    if (!store.spaceMap() || !controller.canMoveWindows())
         return "windows cannot be moved between Spaces here";
-    const auto& map = *store.spaceMap;
+    const auto& map = *store.spaceMap();
     const auto isFullScreen = [&](SpaceId each) { return map.fullScreen.contains(each); };
     const auto spaces = map.windowSpaces.find(window);
     if (spaces == map.windowSpaces.end() ||
-        std::ranges::find(store.latestWindows, window, &WindowInfo::id) ==
-            store.latestWindows.end())
+        std::ranges::find(store.latestWindows(), window, &WindowInfo::id) ==
+            store.latestWindows().end())
         return fmt::format("no Space has a window {} (a minimised or hidden one is on none)",
                            window);
     if (!map.owners.contains(space)) return fmt::format("there is no Space {}", space);
@@ -330,7 +330,7 @@ void Control::reopen(const Words&, const Reply& reply) {
 }
 
 void Control::quit(const Words&, const Reply& reply) {
-    controller_.platform().application.terminate();
+    controller_.quit();
     reply({});
 }
 
