@@ -1,4 +1,4 @@
-# What every target of the project has in common: strict warnings, sanitizers, ccache, and the include root src/.
+# Options of every target: strict warnings, sanitizers, ccache, and the include root src/.
 
 find_program(CCACHE ccache)
 if(CCACHE)
@@ -7,17 +7,17 @@ if(CCACHE)
 endif()
 
 function(larkspan_options target)
-    # A designated initialiser that leaves members at their defaults is how values are made here.
+    # Designated initialisers that leave members at their defaults are used everywhere.
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
         $<$<BOOL:${LARKSPAN_WERROR}>:-Werror> -Wno-missing-field-initializers $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
-    # In a unity build g++ takes every source for a header that others may include, too.
+    # In a unity build, g++ treats every source like a header.
     if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
         target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
     endif()
     if(LARKSPAN_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${LARKSPAN_SANITIZE}
             -fno-sanitize-recover=all -fno-omit-frame-pointer
-            # g++ takes its own instrumentation for reads of what was never written.
+            # g++ reports its own instrumentation as reads of uninitialised values.
             -Wno-maybe-uninitialized)
         target_link_options(${target} PRIVATE -fsanitize=${LARKSPAN_SANITIZE})
     endif()

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/PermissionsWindow.h"
+#include "app/PermissionsModel.h"
 #include "bar/BarController.h"
 #include "bar/KeyboardEntry.h"
 #include "diagnostics/DiagnosticsLog.h"
@@ -102,7 +102,7 @@ class AppController {
     BarLook& look() { return look_; }
     BarSettings& settings() { return settings_; }
     const BarSettings& settings() const { return settings_; }
-    PermissionsWindow& permissions() { return permissions_; }
+    PermissionsModel& permissions() { return permissions_; }
     DockStore& store() { return store_; }
     const DockStore& store() const { return store_; }
     const LostProcesses& lostProcesses() const { return lostProcesses_; }
@@ -135,7 +135,7 @@ class AppController {
     LostProcesses lostProcesses_;
     SpaceSwitchLog switchLog_;
     BarSettings settings_;
-    PermissionsWindow permissions_;
+    PermissionsModel permissions_;
     BarLook look_;
     PointerWatcher pointer_;
     FullScreenWatcher fullScreenWatcher_;

@@ -140,7 +140,7 @@ json frontmostJson(const DockStore& store) {
 }
 
 /// What the rows of the permissions window say; null while it is not shown.
-json permissionsWindowJson(const PermissionsWindow& window) {
+json permissionsWindowJson(const PermissionsModel& window) {
     if (!*window.isShown) return nullptr;
     return {{"accessibility", *window.hasAccessibility},
             {"screenRecording", *window.hasScreenRecording}};
