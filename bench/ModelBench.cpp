@@ -108,7 +108,7 @@ void answerOfTheWindowServer(benchmark::State& state) {
     const auto& server = desktop.platform.windowServer;
     for (auto _ : state) {
         benchmark::DoNotOptimize(server.windowList(WindowListOption::excludeDesktopElements));
-        for (const auto& [space, display] : desktop.store.spaceMap->owners)
+        for (const auto& [space, display] : desktop.store.spaceMap()->owners)
             benchmark::DoNotOptimize(server.windowsOfSpace(space));
     }
 }

@@ -47,6 +47,22 @@ function(larkspan_library folder)
     endif()
 endfunction()
 
+# larkspan_views(target): compiles what the toolkit generated for the target's views in a target of its own, which is
+# not held to our warnings, and can be a unity build.
+function(larkspan_views target)
+    get_target_property(sources ${target} SOURCES)
+    set(generated ${sources})
+    list(FILTER generated INCLUDE REGEX "qmlcache|qmltyperegistrations")
+    list(FILTER sources EXCLUDE REGEX "qmlcache|qmltyperegistrations")
+    set_target_properties(${target} PROPERTIES SOURCES "${sources}")
+    add_library(${target}_views OBJECT ${generated})
+    target_compile_options(${target}_views PRIVATE -w)
+    target_include_directories(${target}_views PRIVATE $<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>)
+    target_compile_definitions(${target}_views PRIVATE $<TARGET_PROPERTY:${target},COMPILE_DEFINITIONS>)
+    target_link_libraries(${target}_views PRIVATE Qt6::Quick)
+    target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_views>)
+endfunction()
+
 # larkspan_test(name folder [DEPENDS targets…] [WHOLE]): one test program of every source directly inside
 # tests/<folder>. ctest runs its cases one by one, or with WHOLE the program as a single test (for suites that
 # share an expensive fixture, such as an X server).
@@ -58,6 +74,8 @@ function(larkspan_test name folder)
     endif()
     add_executable(${name} ${sources})
     larkspan_options(${name})
+    # Half the time of an optimised test goes into its expectations.
+    target_compile_options(${name} PRIVATE ${LARKSPAN_TEST_FLAGS})
     target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} GTest::gmock GTest::gtest_main)
     if(ARG_WHOLE)

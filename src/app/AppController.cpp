@@ -2,6 +2,7 @@
 
 #include "dock/DockIconSize.h"
 #include "dock/DockProfile.h"
+#include "spaces/WindowPresence.h"
 
 #include <algorithm>
 #include <set>
@@ -15,10 +16,10 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
     , log_(platform.scheduler)
     , lostProcesses_(platform.scheduler, platform.workspace, log_)
     , switchLog_(platform.scheduler, platform.systemLog, platform.displayLink, platform.screens)
-    , settings_(platform.defaults)
+    , settings_(platform.defaults, hasIslands)
     , permissions_(platform.scheduler, platform.accessibility, platform.screenCapture,
                    platform.applications, platform.application)
-    , look_(platform.defaults, hasIslands)
+    , look_(settings_)
     , pointer_(platform.screens, platform.eventMonitors)
     , fullScreenWatcher_(platform.scheduler, platform.workspace, platform.screens,
                          platform.accessibility, log_)
@@ -30,7 +31,7 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
                platform.windowServer, platform.accessibility, platform.dockPreferences,
                platform.eventMonitors, log_)
     , trashWatch_(platform.scheduler, platform.trash,
-                  [this](bool isEmpty) { store_.isTrashEmpty.set(isEmpty); })
+                  [this](bool isEmpty) { store_.trashChanged(isEmpty); })
     , mover_(platform.scheduler, platform.windowServer)
     , actions_(store_, platform.scheduler, platform.workspace, platform.applications,
                platform.accessibility, platform.coreDock, platform.loginItems)
@@ -93,16 +94,24 @@ void AppController::followSpaceSwitches() {
     if (!swipes_.start()) log_.write("swipe", "could not listen for swipes");
     if (!platform_.windowServer.abilities().announcesChanges &&
         platform_.systemLog.isEnabled(SystemLog::Level::standard))
-        poll_ = std::make_unique<SpacePoll>(platform_.scheduler, platform_.windowServer, switchLog_,
-                                            [this] { return displayInUse(); });
+        pollSpaces();
+}
+
+void AppController::pollSpaces() {
+    poll_ = std::make_unique<SpacePoll>(platform_.scheduler, platform_.windowServer, switchLog_,
+                                        displayInUse());
+    const auto follow = [this] { poll_->setDisplayInUse(displayInUse()); };
+    stamps_.push_back(store_.frontDisplays().observe(follow));
+    stamps_.push_back(store_.frontmostPID().observe(follow));
+    stamps_.push_back(platform_.screens.subscribe(follow));
 }
 
 /// The window server's name of the display with the front app's front window; empty when the front
 /// app has none.
 std::string AppController::displayInUse() const {
     for (const auto& screen : platform_.screens.screens()) {
-        const auto front = store_.frontDisplays->find(screen.display);
-        if (front != store_.frontDisplays->end() && front->second == *store_.frontmostPID)
+        const auto front = store_.frontDisplays()->find(screen.display);
+        if (front != store_.frontDisplays()->end() && front->second == *store_.frontmostPID())
             return screen.displayIdentifier;
     }
     return {};
@@ -208,7 +217,7 @@ BarController& AppController::makeBars() {
                                                 platform_.coreDock, *barPanels_, log_,
                                                 wantedBarHeight());
         bars_->onBarsGone = [this] { refresh_.setPointerOnBar(false); };
-        bars_->fullScreenChanged(store_.fullScreen);
+        bars_->fullScreenChanged(store_.fullScreen());
         keyboardEntry_ = std::make_unique<KeyboardEntry>(platform_.scheduler, store_, *bars_, log_);
     }
     return *bars_;
@@ -227,11 +236,25 @@ void AppController::moveWindow(WindowId window, SpaceId space, WindowMover::Done
 }
 
 void AppController::setBarHeight(std::optional<double> height) {
-    settings_.setBarHeight(height);
+    changeSetting(settings_.row("barHeight"), height);
+}
+
+/// The Dock and its strip take part in the height, so that storing it is not enough.
+void AppController::followBarHeight() {
     if (mode_ != BarMode::vantrel || !bars_) return;
     platform_.dockStrip.hold(wantedBarHeight());
     bars_->setHeight(wantedBarHeight());
     startFitting();
+}
+
+SettingValue AppController::settingInEffect(const Setting& setting) const {
+    return look_.has(setting) ? look_.value(setting) : settings_.value(setting);
+}
+
+void AppController::changeSetting(const Setting& setting, const SettingValue& value) {
+    if (look_.has(setting)) return look_.set(setting, value);
+    settings_.set(setting, value);
+    if (setting.key == "barHeight") followBarHeight();
 }
 
 void AppController::showStatusItem() {
@@ -239,16 +262,54 @@ void AppController::showStatusItem() {
     const Menu menu{
         {.title = "Use Larkspan", .action = [this] { useVantrel(); }},
         MenuItem::separator(),
-        {.title = "Quit Larkspan", .action = [this] { platform_.application.terminate(); }},
+        {.title = "Quit Larkspan", .action = [this] { quit(); }},
     };
     statusItem_ = platform_.statusBar.show(
         {.symbol = "dock.rectangle", .accessibilityDescription = "Larkspan", .menu = menu});
 }
 
+bool AppController::opensAtLogin() const {
+    return platform_.loginItem.status() == LoginItem::Status::enabled;
+}
+
+void AppController::quit() {
+    platform_.application.terminate();
+}
+
+bool AppController::hasSystemDock() const {
+    return DockProfile::current(platform_.coreDock).has_value();
+}
+
+std::optional<std::string> AppController::heightRefusalReason() const {
+    // A higher bar would lie over windows when the Dock below cannot grow with it.
+    const auto why = whyNoResize(platform_.coreDock);
+    return why && hasSystemDock() ? std::optional<std::string>(*why) : std::nullopt;
+}
+
+bool AppController::isAccessibilityTrusted() const {
+    return platform_.accessibility.isProcessTrusted();
+}
+
+bool AppController::canCaptureScreen() const {
+    return platform_.screenCapture.preflightAccess();
+}
+
+std::optional<std::vector<AppWindow>> AppController::listedWindows(ProcessId pid,
+                                                                   float patience) const {
+    return WindowPresence::accessibilityWindows(platform_.accessibility, pid, patience);
+}
+
+std::vector<Screen> AppController::screens() const {
+    return platform_.screens.screens();
+}
+
+std::string AppController::description() const {
+    return platform_.application.description();
+}
+
 void AppController::toggleLoginItem() {
     auto& item = platform_.loginItem;
-    const bool isDone =
-        item.status() == LoginItem::Status::enabled ? item.unregisterItem() : item.registerItem();
+    const bool isDone = opensAtLogin() ? item.unregisterItem() : item.registerItem();
     if (!isDone) item.openSystemSettings();
 }
 

@@ -16,6 +16,7 @@
 #include "platform/Platform.h"
 #include "settings/BarLook.h"
 #include "settings/BarSettings.h"
+#include "spaces/AppWindow.h"
 #include "spaces/FullScreenWatcher.h"
 #include "spaces/PointerWatcher.h"
 #include "spaces/SpacePoll.h"
@@ -40,7 +41,7 @@ class AppController {
     /// Makes the views' side of the bars; called once, when the first bars are needed.
     using MakeBarPanels = std::function<std::unique_ptr<BarPanels>(AppController&)>;
 
-    /// Nothing shows before `start`. `hasIslands` as `BarLook` takes it.
+    /// Nothing shows before `start`. `hasIslands` as `settingsTable` takes it.
     AppController(const Platform& platform, MakeBarPanels makeBarPanels, bool hasIslands = true);
     AppController(const AppController&) = delete;
     AppController& operator=(const AppController&) = delete;
@@ -62,6 +63,11 @@ class AppController {
     /// strip follow at once.
     void setBarHeight(std::optional<double> height);
 
+    /// The value in effect. Of the settings that the bars watch, this is what they show.
+    SettingValue settingInEffect(const Setting& setting) const;
+    /// Stores the value; everything that shows the setting follows at once.
+    void changeSetting(const Setting& setting, const SettingValue& value);
+
     /// Whether windows can be moved between Spaces, as far as is known.
     bool canMoveWindows() const { return mover_.canMove(); }
     /// As `WindowMover::move`; the bars follow at once.
@@ -70,14 +76,32 @@ class AppController {
     /// Brings the keyboard onto the bar of the display in use; false when no bar is shown.
     bool focusBar();
 
+    bool opensAtLogin() const;
     /// Opens the program at login, or no longer does; where the system refuses, its own settings
     /// are shown instead.
     void toggleLoginItem();
+    /// Ends the program; the desktop calls `stop` on the way.
+    void quit();
+
+    /// There is a system Dock, which takes the bar's place when the bar goes.
+    bool hasSystemDock() const;
+    /// Why the bar's height cannot be chosen; absent when it can.
+    std::optional<std::string> heightRefusalReason() const;
+    /// The permissions as the system grants them now.
+    bool isAccessibilityTrusted() const;
+    bool canCaptureScreen() const;
+    /// The app's windows as Accessibility lists them; absent when it did not answer within that
+    /// many seconds.
+    std::optional<std::vector<AppWindow>> listedWindows(ProcessId pid, float patience) const;
+    std::vector<Screen> screens() const;
+    /// The program and the system it runs on, in one line.
+    std::string description() const;
 
     DiagnosticsLog& log() { return log_; }
     const DiagnosticsLog& log() const { return log_; }
     BarLook& look() { return look_; }
     BarSettings& settings() { return settings_; }
+    const BarSettings& settings() const { return settings_; }
     PermissionsModel& permissions() { return permissions_; }
     DockStore& store() { return store_; }
     const DockStore& store() const { return store_; }
@@ -88,14 +112,15 @@ class AppController {
     ItemMenu& itemMenu() { return itemMenu_; }
     SpaceSlide& slide() { return slide_; }
     TrashFolder& trash() { return platform_.trash; }
-    const Platform& platform() const { return platform_; }
     /// Nullptr before the first bars were needed.
     const BarController* bars() const { return bars_.get(); }
 
   private:
     double wantedBarHeight() const;
+    void followBarHeight();
     void wireCallbacks();
     void followSpaceSwitches();
+    void pollSpaces();
     std::string displayInUse() const;
     std::vector<BarState> barStates() const;
     void shrinkDock();

@@ -201,10 +201,12 @@ void BarController::setShown(Bar& bar, bool isShown) {
 }
 
 void BarController::updateBarFrames() {
-    store_.barFrames.clear();
+    std::vector<Rect> frames;
     for (const auto& bar : bars_)
-        if (bar.isShown) store_.barFrames.push_back(bar.panel->barFrame());
-    if (store_.barFrames.empty() && onBarsGone) onBarsGone();
+        if (bar.isShown) frames.push_back(bar.panel->barFrame());
+    const bool areGone = frames.empty();
+    store_.barFramesChanged(std::move(frames));
+    if (areGone && onBarsGone) onBarsGone();
 }
 
 } // namespace larkspan

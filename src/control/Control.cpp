@@ -2,9 +2,9 @@
 
 #include "control/DiagnosticsReport.h"
 #include "control/MenuReport.h"
-#include "control/NamedSettings.h"
+#include "control/SettingsReport.h"
 #include "control/StateReport.h"
-#include "settings/RawValues.h"
+#include "settings/SettingValue.h"
 
 #include <algorithm>
 #include <charconv>
@@ -33,7 +33,7 @@ const DockItem* find(const std::vector<DockItem>& items, const std::string& id) 
 
 Tile findInGroups(const DockStore& store, const std::string& id) {
     Tile tile;
-    for (const auto& group : *store.windowAppGroups) {
+    for (const auto& group : *store.windowAppGroups()) {
         const auto* item = find(group.items, id);
         // A group on a shown Space counts before one that is elsewhere.
         if (item && (!tile.item || (tile.group->isRing && !group.isRing))) tile = {item, &group};
@@ -43,8 +43,8 @@ Tile findInGroups(const DockStore& store, const std::string& id) {
 
 Tile findTile(const DockStore& store, const std::string& id) {
     if (const auto tile = findInGroups(store, id); tile.item) return tile;
-    if (const auto* item = find(*store.pinnedItems, id)) return {item};
-    return {find(*store.backgroundItems, id)};
+    if (const auto* item = find(*store.pinnedItems(), id)) return {item};
+    return {find(*store.backgroundItems(), id)};
 }
 
 /// Where the tile stands, as far as is known here: the bar of its display.
@@ -69,6 +69,16 @@ ControlAnswer noSuchItem(const std::string& id) {
     return {ExitCode::rejected, fmt::format("there is no item {} on the bar", id)};
 }
 
+/// The setting that a person may see and change under that key; nullptr when there is none.
+const Setting* findOffered(const AppController& controller, std::string_view key) {
+    const auto* setting = findSetting(controller.settings().table(), key);
+    return setting && setting->isOffered() ? setting : nullptr;
+}
+
+ControlAnswer noSuchSetting(const std::string& key) {
+    return {ExitCode::rejected, fmt::format("there is no setting named {}", key)};
+}
+
 /// A whole number as people write it: tools of the X server give those of windows as 0x1400003.
 template <typename Number>
 std::optional<Number> wholeNumber(std::string_view text) {
@@ -85,14 +95,14 @@ std::optional<Number> wholeNumber(std::string_view text) {
 std::optional<std::string> moveRefusalReason(const AppController& controller, WindowId window,
                                              SpaceId space) {
     const auto& store = controller.store();
-    if (!store.spaceMap || !controller.canMoveWindows())
+    if (!store.spaceMap() || !controller.canMoveWindows())
         return "windows cannot be moved between Spaces here";
-    const auto& map = *store.spaceMap;
+    const auto& map = *store.spaceMap();
     const auto isFullScreen = [&](SpaceId each) { return map.fullScreen.contains(each); };
     const auto spaces = map.windowSpaces.find(window);
     if (spaces == map.windowSpaces.end() ||
-        std::ranges::find(store.latestWindows, window, &WindowInfo::id) ==
-            store.latestWindows.end())
+        std::ranges::find(store.latestWindows(), window, &WindowInfo::id) ==
+            store.latestWindows().end())
         return fmt::format(
             "no Space has a window {} (minimised and hidden windows are on no Space)", window);
     if (!map.owners.contains(space)) return fmt::format("there is no Space {}", space);
@@ -209,13 +219,12 @@ void Control::state(const Words&, const Reply& reply) {
 void Control::mode(const Words& words, const Reply& reply) {
     if (words.empty())
         return reply({ExitCode::succeeded, std::string(rawValue(controller_.mode()))});
-    const auto mode =
-        words[0] == "bar" ? std::optional(BarMode::vantrel) : fromRawValue<BarMode>(words[0]);
-    if (!mode) return reply({ExitCode::rejected, "the mode must be bar or systemDock"});
-    if (*mode == BarMode::vantrel)
+    if (words[0] == "bar" || words[0] == rawValue(BarMode::vantrel))
         controller_.useVantrel();
-    else
+    else if (words[0] == rawValue(BarMode::systemDock))
         controller_.useSystemDock();
+    else
+        return reply({ExitCode::rejected, "the mode must be bar or systemDock"});
     reply({});
 }
 
@@ -282,16 +291,22 @@ void Control::focus(const Words&, const Reply& reply) {
 }
 
 void Control::get(const Words& words, const Reply& reply) {
-    if (words.empty()) return reply({ExitCode::succeeded, dump(allSettings(controller_), 2)});
-    const auto value = namedSetting(controller_, words[0]);
-    if (!value)
-        return reply({ExitCode::rejected, fmt::format("there is no setting named {}", words[0])});
-    reply({ExitCode::succeeded, value->is_string() ? value->get<std::string>() : dump(*value, -1)});
+    if (words.empty()) return reply({ExitCode::succeeded, dump(settingsReport(controller_), 2)});
+    const auto* setting = findOffered(controller_, words[0]);
+    if (!setting) return reply(noSuchSetting(words[0]));
+    const auto value = settingReport(controller_, *setting);
+    reply({ExitCode::succeeded, value.is_string() ? value.get<std::string>() : dump(value, -1)});
 }
 
 void Control::set(const Words& words, const Reply& reply) {
-    const auto error = setNamedSetting(controller_, words[0], words[1]);
-    reply(error ? ControlAnswer{ExitCode::rejected, *error} : ControlAnswer{});
+    const auto* setting = findOffered(controller_, words[0]);
+    if (!setting) return reply(noSuchSetting(words[0]));
+    const auto value = parseSetting(*setting, words[1]);
+    if (!value)
+        return reply(
+            {ExitCode::rejected, fmt::format("{} must be {}", words[0], acceptedText(*setting))});
+    controller_.changeSetting(*setting, *value);
+    reply({});
 }
 
 void Control::resetAppearance(const Words&, const Reply& reply) {
@@ -323,7 +338,7 @@ void Control::reopen(const Words&, const Reply& reply) {
 }
 
 void Control::quit(const Words&, const Reply& reply) {
-    controller_.platform().application.terminate();
+    controller_.quit();
     reply({});
 }
 

@@ -28,6 +28,8 @@ class DiagnosticsLog {
 
     void write(std::string_view category, std::string text);
     const std::deque<Line>& lines() const { return lines_; }
+    /// The time that a line written now gets.
+    double now() const { return scheduler_.wallClock(); }
 
     /// Calls back with every further line, until the handle ends.
     Handle subscribe(std::function<void(const Line&)> follower) {

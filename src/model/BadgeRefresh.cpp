@@ -26,11 +26,11 @@ constexpr const char* badgeCategory = "badges";
 
 std::map<std::string, std::deque<std::string>> idsByPath(const DockStore& store) {
     std::map<std::string, std::deque<std::string>> ids;
-    auto runningIds = itemIds(store.running);
-    for (std::size_t i = 0; i < store.running.size(); ++i)
-        if (const auto& path = store.running[i].bundleURL)
+    auto runningIds = itemIds(store.running());
+    for (std::size_t i = 0; i < store.running().size(); ++i)
+        if (const auto& path = store.running()[i].bundleURL)
             ids[*path].push_back(std::move(runningIds[i]));
-    for (const auto& item : *store.pinnedItems)
+    for (const auto& item : *store.pinnedItems())
         if (!item.app && item.url) ids[*item.url].push_back(item.id);
     return ids;
 }
@@ -46,7 +46,6 @@ BadgeRefresh::BadgeRefresh(DockStore& store, Scheduler& scheduler, Workspace& wo
     , dock_(dock)
     , log_(log)
     , reader_(std::make_shared<DockItemsReader>(accessibility)) {
-    store_.isReadingBounces = false;
     if (!notices.announcesChanges()) {
         source_ = scheduler.every(bounceInterval, [this] { tick(); });
         return;
@@ -56,7 +55,7 @@ BadgeRefresh::BadgeRefresh(DockStore& store, Scheduler& scheduler, Workspace& wo
 }
 
 void BadgeRefresh::tick() {
-    if (store_.isReadingBounces) return;
+    if (isReading_) return;
     const auto depth = ticks_++ % ticksPerBadges == 0 ? Depth::all : Depth::frames;
     // A Dock that did not answer, or is no more, is looked for with the labels.
     if (!dockPid_ && depth == Depth::all) dockPid_ = dockProcess(workspace_);
@@ -67,7 +66,7 @@ void BadgeRefresh::tick() {
 }
 
 void BadgeRefresh::read(Depth depth) {
-    store_.isReadingBounces = true;
+    isReading_ = true;
     scheduler_.queue(badgeQueue)
         .post([this, &scheduler = scheduler_, reader = reader_, pid = *dockPid_, depth,
                alive = std::weak_ptr(alive_)] {
@@ -79,7 +78,7 @@ void BadgeRefresh::read(Depth depth) {
 }
 
 void BadgeRefresh::readFinished(const Icons& icons, Depth depth) {
-    store_.isReadingBounces = false;
+    isReading_ = false;
     if (!icons && depth == Depth::frames) return; // An icon went; the next whole read tells which.
     if (!icons) {
         dockPid_.reset();
@@ -123,42 +122,41 @@ void BadgeRefresh::noteBadges(const std::vector<DockIcon>& icons) {
 }
 
 void BadgeRefresh::setBadges(std::map<std::string, std::string> badges) {
-    const auto before = *store_.badges;
-    if (!store_.badges.set(std::move(badges))) return;
-    for (const auto& [id, text] : *store_.badges)
+    const auto before = *store_.badges();
+    store_.badgesChanged(std::move(badges));
+    for (const auto& [id, text] : *store_.badges())
         if (const auto old = before.find(id); old == before.end() || old->second != text)
             log_.write(badgeCategory, fmt::format("badge of {} is {}", id, text));
     for (const auto& [id, text] : before)
-        if (!store_.badges->contains(id))
+        if (!store_.badges()->contains(id))
             log_.write(badgeCategory, fmt::format("{} has no badge", id));
 }
 
 /// What an app does while it starts or is in front asks for nobody.
 void BadgeRefresh::seeApps() {
-    const auto ids = itemIds(store_.running);
+    const auto ids = itemIds(store_.running());
     for (std::size_t i = 0; i < ids.size(); ++i) {
-        const auto& app = store_.running[i];
-        if (!app.isFinishedLaunching || app.pid == *store_.frontmostPID)
-            store_.bouncesSeen[ids[i]] = scheduler_.uptime();
+        const auto& app = store_.running()[i];
+        if (!app.isFinishedLaunching || app.pid == *store_.frontmostPID())
+            store_.acknowledgeAttention(ids[i]);
     }
 }
 
 void BadgeRefresh::noteBounces(const std::vector<DockIcon>& icons) {
     seeApps();
-    const auto running = itemIds(store_.running);
+    const auto running = itemIds(store_.running());
     const auto ids = idsOf(icons);
     const double now = scheduler_.uptime();
     for (const std::size_t i : liftedIcons(icons)) {
         // An app that is not in the list yet is about to start.
         if (!ids[i] || std::ranges::find(running, *ids[i]) == running.end()) continue;
-        const auto seen = store_.bouncesSeen.find(*ids[i]);
-        if (seen == store_.bouncesSeen.end() || now - seen->second >= landingTime)
-            requests_[*ids[i]] = now;
+        const auto seen = store_.attentionAcknowledged(*ids[i]);
+        if (!seen || now - *seen >= landingTime) requests_[*ids[i]] = now;
     }
 }
 
 void BadgeRefresh::dropOldBounces() {
-    const auto running = itemIds(store_.running);
+    const auto running = itemIds(store_.running());
     const double oldest = scheduler_.uptime() - longestRest;
     std::erase_if(requests_, [&](const auto& request) {
         return request.second < oldest ||
@@ -184,13 +182,13 @@ void BadgeRefresh::takeNotices(const std::vector<AppNotice>& notices) {
 void BadgeRefresh::updateAttention() {
     std::set<std::string> ids;
     for (const auto& [id, since] : requests_) {
-        const auto seen = store_.bouncesSeen.find(id);
-        if (seen == store_.bouncesSeen.end() || seen->second < since) ids.insert(id);
+        const auto seen = store_.attentionAcknowledged(id);
+        if (!seen || *seen < since) ids.insert(id);
     }
     for (const auto& id : ids)
-        if (!store_.attentionIDs->contains(id))
+        if (!store_.attentionIDs()->contains(id))
             log_.write(badgeCategory, fmt::format("{} wants attention", id));
-    store_.attentionIDs.set(std::move(ids));
+    store_.attentionChanged(std::move(ids));
 }
 
 } // namespace larkspan

@@ -54,6 +54,7 @@ class BadgeRefresh {
     /// Absent until the Dock has answered, and again when it ceased to.
     std::optional<ProcessId> dockPid_;
     std::size_t ticks_ = 0;
+    bool isReading_ = false;
     bool hasComplained_ = false;
     /// The apps that ask for attention, by item id, and the uptime at which each began to, or at
     /// which its icon was last seen in the air.

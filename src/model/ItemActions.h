@@ -56,9 +56,6 @@ class ItemActions {
     void activate(ProcessId pid);
     void makeMain(const AXElementRef& window);
     void restore(const std::vector<AppWindow>& windows);
-    /// Tiles keep their places under the pointer, but not the one whose app was just asked to show
-    /// itself: it goes where its window is.
-    void letTileMove(const std::string& id);
 
   private:
     void spreadWindows(ProcessId pid);
@@ -77,8 +74,6 @@ class ItemActions {
     /// While an app is on its way to the front, where its windows are to be spread out.
     Handle comingForward_;
     Handle comingForwardLimit_;
-    /// The making of the lists that moves the tile that may.
-    Handle regroup_;
 };
 
 } // namespace larkspan

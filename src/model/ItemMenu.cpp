@@ -129,7 +129,7 @@ Menu ItemMenu::notRunningMenu(const Tile& tile) const {
 void ItemMenu::addWindows(Menu& menu, const Tile& tile, Listing listing) const {
     const auto windows =
         store_.windowsOf(tile.item.app->pid, tile.groupOrNull(), std::move(listing));
-    const bool isFront = store_.frontmostPID.get() == tile.item.app->pid;
+    const bool isFront = store_.frontmostPID().get() == tile.item.app->pid;
     bool hasFront = false;
     for (const auto& window : windows) {
         auto line = action(window.title, [this, window] { actions_.bringForward(window); });
@@ -175,7 +175,7 @@ MenuItem ItemMenu::hiding(const Tile& tile) const {
     const auto* app = store_.runningApplication(pid);
     const bool isHidden = app && app->isHidden;
     const auto show = [this, item] { actions_.show(item); };
-    const auto hide = [this, pid, frame = tile.frame] { store_.animator.hide(pid, frame); };
+    const auto hide = [this, pid, frame = tile.frame] { store_.animator().hide(pid, frame); };
     const auto hideOthers = [this, item] {
         actions_.show(item);
         actions_.hideOthers(item.app->pid);

@@ -57,6 +57,8 @@ class WindowReach {
     const Accessibility& accessibility_;
     std::function<void()> closedChanged_;
     std::map<ProcessId, App> apps_;
+    /// Apps with a visit under way, which goes on when they are no longer to be reached.
+    std::set<ProcessId> reaching_;
     /// Ends with this object, so that a visit that comes back later finds nobody.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };

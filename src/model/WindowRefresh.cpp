@@ -1,7 +1,5 @@
 #include "model/WindowRefresh.h"
 
-#include "model/Animation.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -123,19 +121,19 @@ void WindowRefresh::endSpaceSwitch() {
 }
 
 void WindowRefresh::followAnimator(WorkspaceEvent::Kind kind, ProcessId pid) {
-    if (kind == WorkspaceEvent::Kind::didTerminateApplication) store_.animator.forget(pid);
-    if (kind == WorkspaceEvent::Kind::didUnhideApplication) store_.animator.unhidden(pid);
+    if (kind == WorkspaceEvent::Kind::didTerminateApplication) store_.animator().forget(pid);
+    if (kind == WorkspaceEvent::Kind::didUnhideApplication) store_.animator().unhidden(pid);
 }
 
 std::optional<RunningApplication> WindowRefresh::followFront() {
     auto front = workspace_.frontmostApplication();
-    store_.frontmostPID.set(front ? std::optional(front->pid) : std::nullopt);
+    store_.frontAppChanged(front ? std::optional(front->pid) : std::nullopt);
     return front;
 }
 
 void WindowRefresh::frontmostChanged() {
     const auto front = followFront();
-    if (front && front->bundleIdentifier) store_.seeBounces(*front->bundleIdentifier);
+    if (front && front->bundleIdentifier) store_.acknowledgeAttention(*front->bundleIdentifier);
     requestRead(false);
 }
 
@@ -143,7 +141,7 @@ void WindowRefresh::screensChanged() {
     std::vector<DisplayId> displays;
     for (const auto& screen : screens_.screens())
         displays.push_back(screen.display);
-    if (displays != store_.groupedScreens)
+    if (displays != store_.groupedScreens())
         requestRead(true);
     else if (abilities_.announcesChanges)
         // Without a poll nobody else would notice that windows now lie on other displays.
@@ -158,21 +156,19 @@ void WindowRefresh::setPointerOnBar(bool onBar, bool isMenuOpen) {
 
 /// Views may miss that the pointer has left, when a window opens beneath it or a screen goes.
 void WindowRefresh::poll() {
-    const bool wasHeld = store_.isPointerOnBar;
+    const bool wasHeld = store_.isPointerOnBar();
     holdTiles(isMenuOpen_ || (isPointerTold_ && isPointerInBarFrames()));
-    if (!wasHeld || store_.isPointerOnBar) requestRead(false);
+    if (!wasHeld || store_.isPointerOnBar()) requestRead(false);
 }
 
 bool WindowRefresh::isPointerInBarFrames() const {
     const Point pointer = monitors_.mouseLocation();
-    return std::ranges::any_of(store_.barFrames,
+    return std::ranges::any_of(store_.barFrames(),
                                [&](const Rect& frame) { return frame.contains(pointer); });
 }
 
 void WindowRefresh::holdTiles(bool hold) {
-    if (std::exchange(store_.isPointerOnBar, hold) == hold || hold) return;
-    store_.regroupingIDs.clear();
-    requestRead(true);
+    if (store_.pointerOnBarChanged(hold) && !hold) requestRead(true);
 }
 
 void WindowRefresh::inputHeard(const InputEvent& event) {
@@ -267,7 +263,7 @@ void WindowRefresh::apply(std::optional<WindowRead> read, double start, double e
     }
     rebuildAfterRead_ = false;
     const double rebuildStart = scheduler_.uptime();
-    withAnimation(windowReadAnimation, [this] { store_.rebuild(); });
+    store_.rebuild(windowReadAnimation);
     log_.write(windowCategory,
                fmt::format("window list read in {} ms; icons regrouped in {} ms, SwiftUI animates "
                            "them for 0.35 s",

@@ -29,7 +29,7 @@ class Observed {
         return true;
     }
 
-    [[nodiscard]] Handle observe(std::function<void()> callback) {
+    [[nodiscard]] Handle observe(std::function<void()> callback) const {
         return changed_.subscribe(std::move(callback));
     }
 

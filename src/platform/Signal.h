@@ -18,7 +18,7 @@ class Signal {
   public:
     using Callback = std::function<void(Arguments...)>;
 
-    [[nodiscard]] Handle subscribe(Callback callback) {
+    [[nodiscard]] Handle subscribe(Callback callback) const {
         auto entry = std::make_shared<Callback>(std::move(callback));
         entries_->push_back(entry);
         return Handle([weak = std::weak_ptr(entries_), entry] {

@@ -63,7 +63,7 @@ Outcome status(Stage& stage, const json& fields) {
 Outcome pointer(Stage& stage, const json& fields) {
     if (!stage.delegate()) return notRunning;
     AppController& controller = stage.delegate()->controller();
-    const auto& bars = controller.store().barFrames;
+    const auto& bars = controller.store().barFrames();
     if (bars.empty()) return "no bar is shown";
     const Rect& bar = bars.front();
     const bool isOnBar = fields["onBar"].get<bool>();

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 #include <string_view>
 
 namespace larkspan::sim {

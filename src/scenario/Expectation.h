@@ -2,7 +2,7 @@
 
 #include "scenario/ScenarioFields.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <optional>
 #include <string>

@@ -1,6 +1,7 @@
 #include "scenario/ScenarioAction.h"
 
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 namespace larkspan::sim {
 

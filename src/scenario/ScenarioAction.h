@@ -3,7 +3,7 @@
 #include "scenario/ScenarioFields.h"
 #include "scenario/Stage.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <optional>
 #include <string>

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 namespace larkspan::sim {
 

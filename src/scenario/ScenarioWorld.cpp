@@ -1,11 +1,11 @@
 #include "scenario/ScenarioWorld.h"
 
-#include "control/NamedSettings.h"
-#include "scenario/Stage.h"
+#include "settings/Setting.h"
 
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <utility>
 
@@ -88,15 +88,10 @@ bool isStorable(const json& value) {
 
 Error checkSettings(const json& settings) {
     if (!settings.is_object()) return "\"settings\" is not an object";
-    // Stored beside the settings that a user changes.
-    std::set<std::string> known{"mode", "savedDockProfile", "syncedTileSize"};
-    Stage stage;
-    stage.start();
-    const json all = allSettings(stage.delegate()->controller());
-    for (const auto& [key, value] : all.items())
-        known.insert(key);
     for (const auto& [key, value] : settings.items()) {
-        if (!known.contains(key)) return fmt::format("unknown setting \"{}\"", key);
+        // Beside the settings, the Dock's own ones are kept while the bar is in use.
+        if (!findSetting(settingsTable(true), key) && key != "savedDockProfile")
+            return fmt::format("unknown setting \"{}\"", key);
         if (!isStorable(value)) return fmt::format("the setting \"{}\" has an invalid value", key);
     }
     return std::nullopt;

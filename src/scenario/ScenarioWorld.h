@@ -3,7 +3,7 @@
 #include "adapters/sim/SimMac.h"
 #include "scenario/ScenarioFields.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <optional>
 #include <string>

@@ -65,7 +65,7 @@ TEST_F(BarControllerTest, EachScreenWithAStripGetsABar) {
     EXPECT_THAT(takeLog(), ElementsAre("bar: no Space of their own; bars stay on every desktop",
                                        "layout: bars built again for 2; Dock strip on "
                                        "[(0, 0, 1440, 900), (-800, 0, 800, 600)]"));
-    EXPECT_THAT(store.barFrames, ElementsAre(Rect{0, 0, 1440, 72}, Rect{-800, 0, 800, 72}));
+    EXPECT_THAT(store.barFrames(), ElementsAre(Rect{0, 0, 1440, 72}, Rect{-800, 0, 800, 72}));
 }
 
 TEST_F(BarControllerTest, TheSameScreensOnlyCheckVisibility) {
@@ -148,7 +148,7 @@ TEST_F(BarControllerTest, ACoveredScreenHidesItsBarAlone) {
     EXPECT_THAT(takeLog(), ElementsAre("bar: the window list now shows full-screen Spaces on "
                                        "[(0, 1, 1441, 899)], screen-sized windows on []",
                                        "bar: display 1 cover space, revealed false, wanted false"));
-    EXPECT_THAT(store.barFrames, ElementsAre(Rect{1440, 0, 1280, 72}));
+    EXPECT_THAT(store.barFrames(), ElementsAre(Rect{1440, 0, 1280, 72}));
     bars.fullScreenChanged({.spaces = {}, .windows = {right}});
     EXPECT_THAT(panels.takeCalls(), ElementsAre("in 1", "out 2"));
     EXPECT_THAT(takeLog(), Contains("bar: display 2 cover window, revealed false, wanted false"));
@@ -207,7 +207,7 @@ TEST_F(BarControllerTest, HiddenBarsComeBackToScreensThatChangedMeanwhile) {
     screens.list = {screen(1, left)};
     bars.show();
     bars.hide();
-    EXPECT_THAT(store.barFrames, IsEmpty());
+    EXPECT_THAT(store.barFrames(), IsEmpty());
     panels.calls.clear();
     screens.set({screen(1, right)});
     EXPECT_THAT(panels.calls, IsEmpty()) << "bars that are not wanted stay where they are";
@@ -223,7 +223,7 @@ TEST_F(BarControllerTest, TheHeightIsTakenAtOnce) {
     EXPECT_THAT(panels.calls, IsEmpty());
     bars.setHeight(40);
     EXPECT_THAT(panels.calls, ElementsAre("place 1 at 0,0 1440x40"));
-    EXPECT_THAT(store.barFrames, ElementsAre(Rect{0, 0, 1440, 40}));
+    EXPECT_THAT(store.barFrames(), ElementsAre(Rect{0, 0, 1440, 40}));
 }
 
 } // namespace

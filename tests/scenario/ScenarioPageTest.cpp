@@ -7,6 +7,7 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <set>
 
 namespace larkspan::sim {

@@ -39,15 +39,15 @@ BarScene::BarScene(DockStore& store, BarLook& look, Appearance& appearance, Icon
 
 void BarScene::observe() {
     const auto refresh = [this] { refreshSoon(); };
-    observations_.push_back(store_.pinnedItems.observe(refresh));
-    observations_.push_back(store_.windowAppGroups.observe(refresh));
-    observations_.push_back(store_.backgroundItems.observe(refresh));
-    observations_.push_back(store_.frontmostPID.observe(refresh));
-    observations_.push_back(store_.frontDisplays.observe(refresh));
-    observations_.push_back(store_.badges.observe(refresh));
-    observations_.push_back(store_.launchingIDs.observe(refresh));
-    observations_.push_back(store_.attentionIDs.observe(refresh));
-    observations_.push_back(store_.isTrashEmpty.observe(refresh));
+    observations_.push_back(store_.pinnedItems().observe(refresh));
+    observations_.push_back(store_.windowAppGroups().observe(refresh));
+    observations_.push_back(store_.backgroundItems().observe(refresh));
+    observations_.push_back(store_.frontmostPID().observe(refresh));
+    observations_.push_back(store_.frontDisplays().observe(refresh));
+    observations_.push_back(store_.badges().observe(refresh));
+    observations_.push_back(store_.launchingIDs().observe(refresh));
+    observations_.push_back(store_.attentionIDs().observe(refresh));
+    observations_.push_back(store_.isTrashEmpty().observe(refresh));
     observations_.push_back(look_.showsTrash.observe(refresh));
     const auto relook = [this] { applyLook(); };
     observations_.push_back(look_.style.observe(relook));
@@ -79,7 +79,7 @@ void BarScene::applyLook() {
 
 /// The model sets several properties in one go; the bar follows once, at the end of the turn.
 void BarScene::refreshSoon() {
-    if (const auto animation = currentAnimation()) pendingAnimation_ = animation;
+    if (const auto animation = store_.animation()) pendingAnimation_ = animation;
     if (std::exchange(isRefreshPending_, true)) return;
     QMetaObject::invokeMethod(this, &BarScene::refresh, Qt::QueuedConnection);
 }

@@ -30,7 +30,7 @@ void TileActions::setPointerOnBar(bool onBar, bool isMenuOpen) {
 
 const DisplayGroup* TileActions::group(const TileRow& row) const {
     if (!row.slot) return nullptr;
-    for (const DisplayGroup& group : *store_.windowAppGroups)
+    for (const DisplayGroup& group : *store_.windowAppGroups())
         if (group.slot == *row.slot) return &group;
     return nullptr;
 }

@@ -47,21 +47,21 @@ std::string layoutOf(const DockStore& store) {
             list.push_back(item.app ? fmt::format("{}({})", item.id, item.app->pid) : item.id);
         return fmt::format("{}", fmt::join(list, " "));
     };
-    auto text = fmt::format("pinned [{}]", ids(*store.pinnedItems));
-    for (const auto& group : *store.windowAppGroups)
+    auto text = fmt::format("pinned [{}]", ids(*store.pinnedItems()));
+    for (const auto& group : *store.windowAppGroups())
         text += fmt::format(" {}/{}{} [{}]", group.slot.display, group.slot.space.value_or(0),
                             group.isRing ? " ring" : "", ids(group.items));
-    return text + fmt::format(" background [{}]", ids(*store.backgroundItems));
+    return text + fmt::format(" background [{}]", ids(*store.backgroundItems()));
 }
 
 /// A tile with its section and its slots. An app without windows is where it was last seen, which a
 /// fresh read cannot know: only its section is compared.
 std::map<std::string, std::set<Slot>> placesOf(const DockStore& store) {
     std::map<std::string, std::set<Slot>> places;
-    for (const auto& group : *store.windowAppGroups)
+    for (const auto& group : *store.windowAppGroups())
         for (const auto& item : group.items) {
             auto& slots = places[item.id];
-            if (store.windowSlots.contains(item.app->pid)) slots.insert(group.slot);
+            if (store.windowSlots().contains(item.app->pid)) slots.insert(group.slot);
         }
     return places;
 }
@@ -69,19 +69,19 @@ std::map<std::string, std::set<Slot>> placesOf(const DockStore& store) {
 /// Compares the store with the fresh one.
 MaybeFailure sameFacts(const DockStore& store, const DockStore& fresh) {
     const std::pair<const char*, bool> facts[] = {
-        {"the running apps", comparable(store.running) == comparable(fresh.running)},
-        {"the process in front", *store.frontmostPID == *fresh.frontmostPID},
-        {"the fronts of displays", *store.frontDisplays == *fresh.frontDisplays},
-        {"the Spaces in front", *store.frontSpaces == *fresh.frontSpaces},
-        {"the pinned list", store.pinnedIDs == fresh.pinnedIDs},
-        {"what is full screen", store.fullScreen == fresh.fullScreen},
-        {"the Space map", store.spaceMap == fresh.spaceMap},
-        {"the windows", store.latestWindows == fresh.latestWindows},
-        {"the processes with windows", store.windowPIDs == fresh.windowPIDs},
-        {"the displays of windows", store.windowDisplays == fresh.windowDisplays},
-        {"the slots of windows", store.windowSlots == fresh.windowSlots},
-        {"the displays with groups", store.groupedScreens == fresh.groupedScreens},
-        {"the pinned tiles", comparable(*store.pinnedItems) == comparable(*fresh.pinnedItems)},
+        {"the running apps", comparable(store.running()) == comparable(fresh.running())},
+        {"the process in front", *store.frontmostPID() == *fresh.frontmostPID()},
+        {"the fronts of displays", *store.frontDisplays() == *fresh.frontDisplays()},
+        {"the Spaces in front", *store.frontSpaces() == *fresh.frontSpaces()},
+        {"the pinned list", store.pinnedIDs() == fresh.pinnedIDs()},
+        {"what is full screen", store.fullScreen() == fresh.fullScreen()},
+        {"the Space map", store.spaceMap() == fresh.spaceMap()},
+        {"the windows", store.latestWindows() == fresh.latestWindows()},
+        {"the processes with windows", store.windowPIDs() == fresh.windowPIDs()},
+        {"the displays of windows", store.windowDisplays() == fresh.windowDisplays()},
+        {"the slots of windows", store.windowSlots() == fresh.windowSlots()},
+        {"the displays with groups", store.groupedScreens() == fresh.groupedScreens()},
+        {"the pinned tiles", comparable(*store.pinnedItems()) == comparable(*fresh.pinnedItems())},
     };
     for (const auto& [name, isSame] : facts)
         if (!isSame)
@@ -91,26 +91,23 @@ MaybeFailure sameFacts(const DockStore& store, const DockStore& fresh) {
 }
 
 MaybeFailure samePlaces(const DockStore& store, const DockStore& fresh) {
-    if (store.isPointerOnBar) return std::nullopt;
+    if (store.isPointerOnBar()) return std::nullopt;
     return require(placesOf(store) == placesOf(fresh) &&
-                       comparable(*store.backgroundItems) == comparable(*fresh.backgroundItems),
+                       comparable(*store.backgroundItems()) == comparable(*fresh.backgroundItems()),
                    "at rest the tiles stand where a fresh read would put them",
                    fmt::format("{}\nrather than {}", layoutOf(store), layoutOf(fresh)));
 }
 
-/// With everything that is remembered, rebuilding the lists changes nothing.
-MaybeFailure rebuildChangesNothing(const DockStore& store, DockStore& fresh) {
-    fresh.isPointerOnBar = store.isPointerOnBar;
-    fresh.regroupingIDs = store.regroupingIDs;
-    fresh.seenSlots = store.seenSlots;
-    fresh.seenDisplays = store.seenDisplays;
-    fresh.windowAppGroups.set(*store.windowAppGroups);
-    fresh.backgroundItems.set(*store.backgroundItems);
-    fresh.rebuild();
-    return require(comparable(*fresh.windowAppGroups) == comparable(*store.windowAppGroups) &&
-                       comparable(*fresh.backgroundItems) == comparable(*store.backgroundItems),
+/// With all that is remembered, building the lists again changes nothing.
+MaybeFailure rebuildChangesNothing(DockStore& store) {
+    const auto before = layoutOf(store);
+    const auto groups = comparable(*store.windowAppGroups());
+    const auto background = comparable(*store.backgroundItems());
+    store.rebuild();
+    return require(comparable(*store.windowAppGroups()) == groups &&
+                       comparable(*store.backgroundItems()) == background,
                    "at rest a rebuild changes nothing",
-                   fmt::format("{}\nbecomes {}", layoutOf(store), layoutOf(fresh)));
+                   fmt::format("{}\nbecomes {}", before, layoutOf(store)));
 }
 
 /// Windows on Spaces out of view about which their apps were asked, and which do not count as
@@ -136,24 +133,24 @@ void leaveOut(const std::set<WindowId>& closed, BareModel& fresh) {
 
 MaybeFailure modelFailure(Day& day) {
     const auto& world = day.mac.world();
-    const auto& store = day.controller()->store();
+    auto& store = day.controller()->store();
     const auto closed = day.controller()->refresh().closedWindows();
-    for (const auto& [pid, slots] : store.seenSlots)
+    for (const auto& [pid, slots] : store.seenSlots())
         if (!world.app(pid)) return Failure{"the memory of an app ends with it", {}};
     if (!day.controller()->refresh().isAtRest())
         return Failure{"every flag of the reads is back at rest", {}};
-    if (*store.isTrashEmpty != isTrashEmpty(day.mac.trash))
+    if (*store.isTrashEmpty() != isTrashEmpty(day.mac.trash))
         return Failure{"at rest the Trash tile shows what is in the Trash", {}};
     if (auto failure = closedFailure(world, closed)) return failure;
-    // Without a window list, the model keeps its last state.
+    // Nobody can know more than before.
     if (!world.windowListAnswers) return std::nullopt;
     BareModel fresh(day.mac.platform());
-    fresh.store.showsEmptyDesktops.set(*store.showsEmptyDesktops);
+    fresh.store.setShowsEmptyDesktops(*store.showsEmptyDesktops());
     fresh.start();
     leaveOut(closed, fresh);
     if (auto failure = sameFacts(store, fresh.store)) return failure;
     if (auto failure = samePlaces(store, fresh.store)) return failure;
-    return rebuildChangesNothing(store, fresh.store);
+    return rebuildChangesNothing(store);
 }
 
 MaybeFailure panelsStandOn(const Day& day, const std::vector<DockBand>& bands) {
@@ -167,8 +164,8 @@ MaybeFailure panelsStandOn(const Day& day, const std::vector<DockBand>& bands) {
             return Failure{"one panel for each screen that wants one", {}};
         const auto& panel = **std::ranges::find_if(day.panels, isOwn);
         const Rect wanted{frame.x, frame.y, frame.width, controller.bars()->height()};
-        if (panel.frame != wanted) return Failure{"a panel is at the bottom of its screen", {}};
-        const auto cover = coverOf(frame, controller.store().fullScreen);
+        if (panel.frame != wanted) return Failure{"a panel lies at the bottom of its screen", {}};
+        const auto cover = coverOf(frame, controller.store().fullScreen());
         if (panel.isShown != isBarShown(true, cover, false))
             return Failure{"a bar is shown unless its screen is covered", {}};
     }
@@ -180,13 +177,13 @@ MaybeFailure panelsFailure(Day& day) {
     std::vector<Rect> shown;
     for (const auto* panel : day.panels)
         if (panel->isShown) shown.push_back(panel->frame);
-    auto known = controller.store().barFrames;
+    auto known = controller.store().barFrames();
     if (!std::ranges::is_permutation(known, shown))
         return Failure{"the frames of the bars are known", {}};
-    if (shown.empty() && controller.store().isPointerOnBar)
-        return Failure{"the pointer is on no bar if none is shown", {}};
-    // If windows are polled, the pointer is checked too; otherwise only the views report it.
-    if (!day.mac.world().announcesChanges && controller.store().isPointerOnBar &&
+    if (shown.empty() && controller.store().isPointerOnBar())
+        return Failure{"the pointer is on no bar where none shows", {}};
+    // Where windows are polled the pointer is looked for too; elsewhere the views alone tell.
+    if (!day.mac.world().announcesChanges && controller.store().isPointerOnBar() &&
         std::ranges::none_of(
             known, [&](const Rect& bar) { return bar.contains(day.mac.world().pointer); }))
         return Failure{"at rest no tile is held for a pointer that is elsewhere", {}};

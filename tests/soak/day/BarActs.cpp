@@ -48,7 +48,7 @@ bool chooseLine(Day& day, int line, int) {
 /// The views report it.
 bool movePointer(Day& day, int, int isOnBar) {
     if (!day.controller()) return false;
-    const auto& bars = day.controller()->store().barFrames;
+    const auto& bars = day.controller()->store().barFrames();
     const bool isOnAnyBar = isOnBar != 0 && !bars.empty();
     if (isOnAnyBar)
         day.mac.movePointer({bars.front().x + 1, bars.front().y + 1});
@@ -87,7 +87,7 @@ bool focusBar(Day& day, int, int) {
 
 bool dragPinned(Day& day, int from, int to) {
     if (!day.controller()) return false;
-    auto ids = day.controller()->store().pinnedIDs;
+    auto ids = day.controller()->store().pinnedIDs();
     if (ids.size() < 2) return false;
     std::swap(ids[static_cast<std::size_t>(from) % ids.size()],
               ids[static_cast<std::size_t>(to) % ids.size()]);
@@ -105,7 +105,7 @@ bool setBarHeight(Day& day, int kind, int) {
 
 bool showEmptyDesktops(Day& day, int, int shows) {
     if (!day.controller()) return false;
-    day.controller()->store().showsEmptyDesktops.set(shows != 0);
+    day.controller()->store().setShowsEmptyDesktops(shows != 0);
     day.controller()->refresh().requestRead(true);
     return true;
 }

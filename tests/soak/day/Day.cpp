@@ -78,12 +78,12 @@ std::optional<Day::Tile> Day::tile(int app, int count) {
         if (item.id != identifier(app) && item.name != nameOf(app)) return;
         tiles.push_back({item, group ? std::optional(*group) : std::nullopt});
     };
-    for (const auto& item : *store.pinnedItems)
+    for (const auto& item : *store.pinnedItems())
         take(item, nullptr);
-    for (const auto& group : *store.windowAppGroups)
+    for (const auto& group : *store.windowAppGroups())
         for (const auto& item : group.items)
             take(item, &group);
-    for (const auto& item : *store.backgroundItems)
+    for (const auto& item : *store.backgroundItems())
         take(item, nullptr);
     const auto* found = atRound(tiles, count);
     return found ? std::optional(*found) : std::nullopt;

@@ -37,15 +37,15 @@ MaybeFailure idsAreUnique(const std::vector<DockItem>& items, std::set<std::stri
 
 MaybeFailure listsAreSound(const DockStore& store) {
     std::set<std::string> pinned;
-    if (auto failure = idsAreUnique(*store.pinnedItems, pinned, "the pinned section"))
+    if (auto failure = idsAreUnique(*store.pinnedItems(), pinned, "the pinned section"))
         return failure;
-    if (store.pinnedItems->empty() || store.pinnedItems->front().id != finderIdentifier)
+    if (store.pinnedItems()->empty() || store.pinnedItems()->front().id != finderIdentifier)
         return Failure{"the Finder is first", {}};
     std::set<std::string> background;
-    if (auto failure = idsAreUnique(*store.backgroundItems, background, "the background"))
+    if (auto failure = idsAreUnique(*store.backgroundItems(), background, "the background"))
         return failure;
     std::set<Slot> slots;
-    for (const auto& group : *store.windowAppGroups) {
+    for (const auto& group : *store.windowAppGroups()) {
         if (!slots.insert(group.slot).second) return Failure{"a slot has one group", {}};
         std::set<std::string> ids;
         if (auto failure = idsAreUnique(group.items, ids, "a group")) return failure;
@@ -68,13 +68,13 @@ Watch::Moment Watch::look() const {
     if (!controller) return now;
     now.run = day_.runsEnded;
     const auto& store = controller->store();
-    now.isPointerOnBar = store.isPointerOnBar;
-    now.regrouping = store.regroupingIDs;
-    now.pinned = store.pinnedIDs;
-    for (const auto& group : *store.windowAppGroups)
+    now.isPointerOnBar = store.isPointerOnBar();
+    now.regrouping = store.regroupingIDs();
+    now.pinned = store.pinnedIDs();
+    for (const auto& group : *store.windowAppGroups())
         for (const auto& item : group.items)
             now.isWindowApp[{item.id, item.app->pid}] = true;
-    for (const auto& item : *store.backgroundItems)
+    for (const auto& item : *store.backgroundItems())
         now.isWindowApp[{item.id, item.app->pid}] = false;
     return now;
 }
@@ -156,7 +156,7 @@ MaybeFailure Watch::oneRead(const Moment& now) {
 
 void Watch::followLaunching() {
     const auto launching =
-        day_.controller() ? *day_.controller()->store().launchingIDs : std::set<std::string>{};
+        day_.controller() ? *day_.controller()->store().launchingIDs() : std::set<std::string>{};
     std::erase_if(launchingSince_,
                   [&](const auto& entry) { return !launching.contains(entry.first); });
     for (const auto& id : launching)

@@ -73,7 +73,8 @@ StatusNotifier::StatusNotifier(std::function<void(const std::string&)> report)
 Handle StatusNotifier::show(StatusItem item) {
     auto shown = std::make_shared<ShownItem>(item);
     if (!shown->hasBus()) {
-        report_(std::string("there is no session bus, so the status icon cannot be shown; ") + wayBack);
+        report_(std::string("there is no session bus, so the status icon cannot be shown; ") +
+                wayBack);
         return {};
     }
     if (!shown->hasPanel())
