@@ -106,8 +106,8 @@ void AppController::pollSpaces() {
     stamps_.push_back(platform_.screens.subscribe(follow));
 }
 
-/// The window server's name of the display with the front app's front window; empty when the front
-/// app has none.
+/// The window server's name of the display with the frontmost app's front window; empty if that app
+/// has none.
 std::string AppController::displayInUse() const {
     for (const auto& screen : platform_.screens.screens()) {
         const auto front = store_.frontDisplays()->find(screen.display);
@@ -147,7 +147,7 @@ void AppController::useVantrel() {
     if (!badges_)
         badges_.emplace(store_, platform_.scheduler, platform_.workspace, platform_.accessibility,
                         platform_.coreDock, platform_.notices, log_);
-    // Where every change is announced, the window list is no later than the app itself.
+    // If every change is announced, the window list is as current as the app itself.
     if (!platform_.windowServer.abilities().announcesChanges) fullScreenWatcher_.start();
     startFitting();
 }
@@ -173,9 +173,9 @@ void AppController::stop() {
 void AppController::shrinkDock() {
     const auto current = DockProfile::current(platform_.coreDock);
     if (!current) return;
-    // A profile that is still there is from a run that did not end well: the Dock of now is already
-    // the shrunken one, and the saved one is the user's own. What is not safe from a kill before
-    // the first change could not be given back, and is left alone.
+    // An existing profile is from a run that crashed: the Dock is still shrunk, and the profile has
+    // the user's settings. Settings that could not be stored before the first change could not be
+    // restored after a kill, so then the Dock is not changed.
     if (!DockProfile::saved(platform_.defaults) && !current->save(platform_.defaults)) {
         log_.write("dock", "the Dock's settings could not be saved; the Dock stays as it is");
         return;
@@ -195,7 +195,7 @@ void AppController::giveDockBack() {
 
 void AppController::startFitting() {
     fitting_.reset();
-    // What cannot be read or is not saved could not be given back.
+    // Settings that cannot be read or are not saved could not be restored.
     const auto& dock = platform_.coreDock;
     if (!DockProfile::current(dock) || !DockProfile::saved(platform_.defaults)) return;
     if (const auto why = whyNoResize(dock)) {
@@ -229,7 +229,7 @@ bool AppController::focusBar() {
 
 void AppController::moveWindow(WindowId window, SpaceId space, WindowMover::Done done) {
     mover_.move({window}, space, [this, done = std::move(done)](WindowMover::Outcome outcome) {
-        // A cheaper read would miss a window that went from one Space out of view to another.
+        // A cheaper read would miss a window that moved between two Spaces out of view.
         if (outcome == WindowMover::Outcome::moved) refresh_.requestRead(true);
         done(outcome);
     });
@@ -239,7 +239,7 @@ void AppController::setBarHeight(std::optional<double> height) {
     changeSetting(settings_.row("barHeight"), height);
 }
 
-/// The Dock and its strip take part in the height, so that storing it is not enough.
+/// The height also affects the Dock and its strip, so storing it is not enough.
 void AppController::followBarHeight() {
     if (mode_ != BarMode::vantrel || !bars_) return;
     platform_.dockStrip.hold(wantedBarHeight());
@@ -281,7 +281,7 @@ bool AppController::hasSystemDock() const {
 }
 
 std::optional<std::string> AppController::heightRefusalReason() const {
-    // A higher bar would lie over windows when the Dock below cannot grow with it.
+    // A higher bar would cover windows if the Dock under it cannot grow.
     const auto why = whyNoResize(platform_.coreDock);
     return why && hasSystemDock() ? std::optional<std::string>(*why) : std::nullopt;
 }

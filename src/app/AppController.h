@@ -34,64 +34,64 @@
 
 namespace larkspan {
 
-/// The root of the program: builds every long-lived object, wires their callbacks and chooses
+/// The root of the program: creates every long-lived object, connects their callbacks, and chooses
 /// between the two modes, the bar or the system Dock. Main thread only.
 class AppController {
   public:
-    /// Makes the views' side of the bars; called once, when the first bars are needed.
+    /// Creates the views' side of the bars; called once, when the first bars are needed.
     using MakeBarPanels = std::function<std::unique_ptr<BarPanels>(AppController&)>;
 
-    /// Nothing shows before `start`. `hasIslands` as `settingsTable` takes it.
+    /// Nothing is shown before `start`. `hasIslands` as in `settingsTable`.
     AppController(const Platform& platform, MakeBarPanels makeBarPanels, bool hasIslands = true);
     AppController(const AppController&) = delete;
     AppController& operator=(const AppController&) = delete;
 
-    /// Applies the stored mode and asks for missing permissions. Once, when launching has finished.
+    /// Applies the stored mode and asks for missing permissions. Call it once, when launching has
+    /// finished.
     void start();
-    /// Puts everything of the system's back as the user had it. When the program is about to end.
+    /// Restores the system's settings. Call it when the program is about to quit.
     void stop();
 
-    /// Switches to the bar, or puts it in place anew.
+    /// Switches to the bar, or places it again.
     void useVantrel();
-    /// Puts the bar away and gives the Dock back as it was.
+    /// Hides the bar and restores the Dock.
     void useSystemDock();
 
     BarMode mode() const { return mode_; }
     /// Points; absent while the system Dock is in use.
     std::optional<double> barHeight() const;
-    /// Stores the height, or with none goes back to the height of the system; the bars and the
-    /// strip follow at once.
+    /// Stores the height, or without one resets it to the default; the bars and the strip follow at
+    /// once.
     void setBarHeight(std::optional<double> height);
 
-    /// The value in effect. Of the settings that the bars watch, this is what they show.
+    /// The current value. For settings that the bars watch, it is the shown one.
     SettingValue settingInEffect(const Setting& setting) const;
     /// Stores the value; everything that shows the setting follows at once.
     void changeSetting(const Setting& setting, const SettingValue& value);
 
     /// Whether windows can be moved between Spaces, as far as is known.
     bool canMoveWindows() const { return mover_.canMove(); }
-    /// As `WindowMover::move`; the bars follow at once.
+    /// Like `WindowMover::move`; the bars follow at once.
     void moveWindow(WindowId window, SpaceId space, WindowMover::Done done);
 
-    /// Brings the keyboard onto the bar of the display in use; false when no bar is shown.
+    /// Moves the keyboard focus to the bar of the display in use; false if no bar is shown.
     bool focusBar();
 
     bool opensAtLogin() const;
-    /// Opens the program at login, or no longer does; where the system refuses, its own settings
-    /// are shown instead.
+    /// Toggles opening the program at login; if the system refuses, shows its settings instead.
     void toggleLoginItem();
-    /// Ends the program; the desktop calls `stop` on the way.
+    /// Quits the program; the desktop calls `stop` before it ends.
     void quit();
 
-    /// There is a system Dock, which takes the bar's place when the bar goes.
+    /// Whether there is a system Dock, which is used when the bar is hidden.
     bool hasSystemDock() const;
-    /// Why the bar's height cannot be chosen; absent when it can.
+    /// Why the bar's height cannot be chosen; absent if it can.
     std::optional<std::string> heightRefusalReason() const;
-    /// The permissions as the system grants them now.
+    /// The permissions that the system grants now.
     bool isAccessibilityTrusted() const;
     bool canCaptureScreen() const;
-    /// The app's windows as Accessibility lists them; absent when it did not answer within that
-    /// many seconds.
+    /// The app's windows as Accessibility lists them; absent if it did not respond within that many
+    /// seconds.
     std::optional<std::vector<AppWindow>> listedWindows(ProcessId pid, float patience) const;
     std::vector<Screen> screens() const;
     /// The program and the system it runs on, in one line.
@@ -112,7 +112,7 @@ class AppController {
     ItemMenu& itemMenu() { return itemMenu_; }
     SpaceSlide& slide() { return slide_; }
     TrashFolder& trash() { return platform_.trash; }
-    /// Nullptr before the first bars were needed.
+    /// nullptr before the first bars are needed.
     const BarController* bars() const { return bars_.get(); }
 
   private:
@@ -154,12 +154,12 @@ class AppController {
     std::unique_ptr<KeyboardEntry> keyboardEntry_;
     /// Present only while the system Dock is in use.
     Handle statusItem_;
-    /// Only while the bar is in use: who sees the Dock sees its badges there.
+    /// Only while the bar is in use: with the Dock, its own badges are visible.
     std::optional<BadgeRefresh> badges_;
     std::unique_ptr<DockFitting> fitting_;
     SpaceSlide slide_;
     SwipeListener swipes_;
-    /// Only where the desktop does not tell of changes by itself, and somebody keeps the log.
+    /// Only if the desktop does not announce changes and somebody reads the log.
     std::unique_ptr<SpacePoll> poll_;
     std::vector<Handle> stamps_;
 };

@@ -17,7 +17,7 @@ struct HeightStep {
     double points;
 };
 
-/// A bar of another height, set by hand, is none of these and checks none.
+/// A bar with another height, set by hand, checks none of these.
 constexpr std::array<HeightStep, 3> heightSteps{
     {{"Small", 56}, {"Medium", BarSettings::defaultBarHeight}, {"Large", 88}}};
 
@@ -38,7 +38,7 @@ MenuItem checked(std::string title, bool isChecked, std::function<void()> chosen
 }
 
 void addChoices(Menu& menu, AppController& controller, const Setting& setting) {
-    // Where one is all there is, there is nothing to choose.
+    // With a single choice, there is nothing to choose.
     if (setting.choices.size() < 2) return;
     menu.push_back(heading(std::string(setting.title)));
     const auto current = controller.settingInEffect(setting);
@@ -78,7 +78,7 @@ void addProgram(Menu& menu, AppController& controller) {
     menu.push_back(MenuItem::separator());
     menu.push_back(checked("Open Larkspan at login", controller.opensAtLogin(),
                            [&controller] { controller.toggleLoginItem(); }));
-    // Where no Dock takes the bar's place, all that is left to say is that the bar goes.
+    // Without a Dock, the bar is just hidden.
     menu.push_back(action(controller.hasSystemDock() ? "Use the macOS Dock" : "Hide the bar",
                           [&controller] { controller.useSystemDock(); }));
     menu.push_back(action("Quit Larkspan", [&controller] { controller.quit(); }));

@@ -2,8 +2,9 @@
 
 namespace larkspan {
 
-/// A spring that travels with a change of the model, so that the views know how to move. `response`
-/// is the seconds of one free swing, `damping` the fraction of critical damping.
+/// A spring that is passed along with a change of the model, for the views to animate it.
+/// `response` is the duration of one free oscillation in seconds, `damping` the fraction of
+/// critical damping.
 struct Animation {
     double response = 0;
     double damping = 1;

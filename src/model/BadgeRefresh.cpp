@@ -15,11 +15,11 @@ namespace larkspan {
 namespace {
 
 constexpr double bounceInterval = 0.25;
-/// Labels are read with every so many bounce reads: once a second.
+/// The number of bounce reads per read of the labels, which is once a second.
 constexpr std::size_t ticksPerBadges = 4;
-/// An icon may come down for so many seconds after its app has started or come forward.
+/// The seconds that an icon may take to land after its app has started or come forward.
 constexpr double landingTime = 1.0;
-/// The longest rest between two bounces of one request, in seconds: after that it has ended.
+/// The longest pause between two bounces of one request, in seconds: after that it has ended.
 constexpr double longestRest = 3.0;
 constexpr const char* badgeQueue = "dock items";
 constexpr const char* badgeCategory = "badges";
@@ -57,10 +57,10 @@ BadgeRefresh::BadgeRefresh(DockStore& store, Scheduler& scheduler, Workspace& wo
 void BadgeRefresh::tick() {
     if (isReading_) return;
     const auto depth = ticks_++ % ticksPerBadges == 0 ? Depth::all : Depth::frames;
-    // A Dock that did not answer, or is no more, is looked for with the labels.
+    // If the Dock did not respond, or has quit, it is looked for when labels are read.
     if (!dockPid_ && depth == Depth::all) dockPid_ = dockProcess(workspace_);
     if (dockPid_) read(depth);
-    // Requests end while nobody answers, too.
+    // Requests also end while the Dock does not respond.
     dropOldBounces();
     updateAttention();
 }
@@ -83,22 +83,22 @@ void BadgeRefresh::readFinished(const Icons& icons, Depth depth) {
     if (!icons) {
         dockPid_.reset();
         if (!std::exchange(hasComplained_, true))
-            log_.write(badgeCategory, "the Dock does not tell its icons; badges stay as they were");
+            log_.write(badgeCategory, "the Dock's icons cannot be read; badges stay as they were");
         return;
     }
     if (depth == Depth::all) noteBadges(*icons);
     if (std::exchange(hasComplained_, false))
-        log_.write(badgeCategory, "the Dock tells its icons again");
-    // An icon of a Dock at a side leaves its line sideways, which is no bounce of ours to see:
-    // under the bar the Dock stands at the bottom.
+        log_.write(badgeCategory, "the Dock's icons can be read again");
+    // An icon of a Dock at a side bounces sideways, which is not detected: under the bar, the Dock
+    // is at the bottom.
     const bool isAtBottom = !dock_.has(CoreDockFunction::getOrientationAndPinning) ||
                             dock_.orientationAndPinning().orientation == DockProfile::bottom;
     if (isAtBottom) noteBounces(*icons);
     updateAttention();
 }
 
-/// For each icon the item it stands for. Two processes of one bundle have an icon each, in the
-/// order in which they were started.
+/// The item of each icon. Two processes of one bundle have an icon each, in the order in which they
+/// were started.
 std::vector<std::optional<std::string>>
 BadgeRefresh::idsOf(const std::vector<DockIcon>& icons) const {
     auto left = idsByPath(store_);
@@ -132,7 +132,7 @@ void BadgeRefresh::setBadges(std::map<std::string, std::string> badges) {
             log_.write(badgeCategory, fmt::format("{} has no badge", id));
 }
 
-/// What an app does while it starts or is in front asks for nobody.
+/// Bounces of an app that is starting or in front are not requests for attention.
 void BadgeRefresh::seeApps() {
     const auto ids = itemIds(store_.running());
     for (std::size_t i = 0; i < ids.size(); ++i) {

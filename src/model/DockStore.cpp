@@ -17,7 +17,7 @@ namespace larkspan {
 namespace {
 
 constexpr double pinnedWriteDelay = 1.0;
-/// How long a tile may take to its new place, in seconds.
+/// The longest time of a tile's move, in seconds.
 constexpr double moveTime = 1.0;
 
 std::set<std::string> idsOf(const std::vector<DisplayGroup>& groups) {
@@ -53,8 +53,8 @@ bool haveSameLayout(const std::optional<SpaceMap>& a, const std::optional<SpaceM
                   a->fullScreen == b->fullScreen && a->shown == b->shown);
 }
 
-/// Whether two readings are of the same state. Which app is in front is told by `frontmostPID`, and
-/// some systems make an icon anew each time they are asked.
+/// Whether two readings have the same state. `frontmostPID` has the frontmost app, and some systems
+/// create a new icon for each call.
 bool isSameState(RunningApplication a, const RunningApplication& b) {
     a.isActive = b.isActive;
     a.icon = b.icon;
@@ -114,7 +114,7 @@ void DockStore::pruneLaunching(const std::set<std::string>& idsBefore) {
     for (const auto& app : running_)
         if (app.bundleIdentifier && app.pid >= 1 && app.isFinishedLaunching)
             launching.erase(*app.bundleIdentifier);
-    // One that ran and quit again will not finish.
+    // An app that has quit again will not finish launching.
     std::erase_if(launching, [&](const std::string& id) {
         return idsBefore.contains(id) && !runningIDs_.contains(id);
     });
@@ -164,8 +164,8 @@ bool DockStore::pointerOnBarChanged(bool isOnBar) {
 void DockStore::allowRegroup(const std::string& id) {
     checkThread();
     if (!isPointerOnBar_ || !regroupingIDs_.insert(id).second) return;
-    // Nothing else may come to move the tile: its app's window may have been there for long, behind
-    // the pointer. In a turn of its own, since the caller may hold an item of the lists.
+    // There may be no other event that moves the tile: its app's window may already be there. In a
+    // separate turn, since the caller may hold an item of the lists.
     regroup_ = scheduler_.after(0, [this] { rebuild(windowReadAnimation); });
 }
 
@@ -184,7 +184,7 @@ bool DockStore::applyWindowRead(WindowRead read) {
     unite(seenSlots_, read.windowSlots);
     unite(seenDisplays_, read.windowDisplays);
 
-    // A new layout moves slots along the bar even when every window stays in its own.
+    // A new layout moves slots along the bar even if every window stays in its slot.
     if (!hasNewLayout && read.windowPIDs == windowPIDs_ && read.windowDisplays == windowDisplays_ &&
         read.windowSlots == windowSlots_)
         return false;
@@ -217,8 +217,8 @@ void DockStore::rebuild(std::optional<Animation> animation) {
     pruneIcons();
 }
 
-/// Notes who comes from its pinned tile and who leaves, before the groups are taken over: a view
-/// that hears of them finds here how their tiles get there.
+/// Records which apps come from their pinned tile and which leave, before the groups change, so
+/// that observers of the groups know how to animate their tiles.
 void DockStore::followMoves(const std::vector<DisplayGroup>& groups) {
     const auto before = idsOf(*windowAppGroups_);
     const auto now = idsOf(groups);
@@ -242,7 +242,7 @@ void DockStore::followMoves(const std::vector<DisplayGroup>& groups) {
 
 DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
     std::set<std::string> previousWindowApps;
-    // By process: when one copy of an app quits, another takes over its id, not its place.
+    // By process: when one copy of an app quits, another takes over its id, but not its place.
     std::map<ProcessId, std::set<Slot>> previousSlots;
     for (const auto& group : *windowAppGroups_) {
         for (const auto& item : group.items) {
@@ -270,7 +270,7 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
         };
         auto appSlots = slotsForApp(placesOf(app.pid, valueOrNone(previousSlots, app.pid)), slots);
         auto item = *items_.make(ids[i], &app, isPinned(ids[i], pinnedIDs_));
-        // Without a display there is no slot to stand in, but an app that runs stands somewhere.
+        // Without a display there is no slot, but a running app must be in some section.
         if (sectionOf(facts) == Section::background || appSlots.empty())
             sections.background.push_back(std::move(item));
         else
@@ -328,7 +328,7 @@ void DockStore::pruneReached() {
 std::vector<AppWindow> DockStore::windowsOf(ProcessId pid, const DisplayGroup* group,
                                             std::optional<std::vector<AppWindow>> listed) const {
     checkThread();
-    // A hung app could raise none of its windows, the reached ones as little as the others.
+    // A hung app could not raise any of its windows, including the reached ones.
     if (!listed) return {};
     auto windows = *std::move(listed);
     if (!reachedWindows_.empty()) {
@@ -387,7 +387,7 @@ void DockStore::flushPinned() {
     if (!pinnedWrite_) return;
     writePinnedApps(dock_, workspace_, applications_, pinnedIDs_);
     pinnedWrite_.reset();
-    // What else was changed in it while ours waited is lost, but not all of ours may be kept.
+    // Changes made elsewhere during our wait are lost, but some of ours may not be accepted either.
     reloadPinned();
 }
 

@@ -30,8 +30,8 @@
 
 namespace larkspan {
 
-/// The one observable model of everything the bar shows: every bar renders from it and every click
-/// acts through it. `WindowRefresh` keeps it in step with the desktop. Main thread only.
+/// The one observable model of everything the bar shows: every bar renders from it, and every click
+/// acts through it. `WindowRefresh` keeps it up to date. Main thread only.
 class DockStore {
   public:
     DockStore(Scheduler& scheduler, Workspace& workspace, ApplicationControl& applications,
@@ -44,9 +44,9 @@ class DockStore {
     /// Running regular apps that have no window on screen and are not hidden.
     const Observed<std::vector<DockItem>>& backgroundItems() const { return backgroundItems_; }
     const Observed<std::optional<ProcessId>>& frontmostPID() const { return frontmostPID_; }
-    /// Per display, the process whose window is in front there.
+    /// For each display, the process of the front window.
     const Observed<std::map<DisplayId, ProcessId>>& frontDisplays() const { return frontDisplays_; }
-    /// Per display, the Space shown there.
+    /// For each display, the shown Space.
     const Observed<std::map<DisplayId, SpaceId>>& frontSpaces() const { return frontSpaces_; }
     /// The text of each app's badge, by item id; an item without a badge has no entry.
     const Observed<std::map<std::string, std::string>>& badges() const { return badges_; }
@@ -56,16 +56,16 @@ class DockStore {
     const Observed<std::set<std::string>>& attentionIDs() const { return attentionIDs_; }
     const Observed<bool>& isTrashEmpty() const { return isTrashEmpty_; }
     const Observed<bool>& showsEmptyDesktops() const { return showsEmptyDesktops_; }
-    /// The tiles of window apps that come from their pinned tile, and its frame (screen
-    /// coordinates). For as long as such a flight takes.
+    /// The tiles of window apps that fly from their pinned tile, with its frame (screen
+    /// coordinates), for as long as the flight takes.
     const Observed<std::map<std::string, Rect>>& flyingIn() const { return flyingIn_; }
     /// Ids of apps that have just lost their last place among the window apps.
     const Observed<std::set<std::string>>& leftWindowApps() const { return leftWindowApps_; }
 
-    // What the rules read besides.
+    // State that only the rules read.
     const std::vector<std::string>& pinnedIDs() const { return pinnedIDs_; }
     WindowAnimator& animator() const { return animator_; }
-    /// The pointer is over a bar: tiles keep their sections meanwhile.
+    /// The pointer is over a bar: tiles keep their sections.
     bool isPointerOnBar() const { return isPointerOnBar_; }
     /// Screen frames of the bars that are shown.
     const std::vector<Rect>& barFrames() const { return barFrames_; }
@@ -84,21 +84,21 @@ class DockStore {
     const std::map<ProcessId, std::set<Slot>>& seenSlots() const { return seenSlots_; }
     /// The elements of windows on Spaces not shown, which Accessibility does not list.
     const std::map<WindowId, AXElementRef>& reachedWindows() const { return reachedWindows_; }
-    /// Ids of the items that may move between sections although the pointer is on the bar.
+    /// Ids of the items that may change their section although the pointer is on the bar.
     const std::set<std::string>& regroupingIDs() const { return regroupingIDs_; }
     /// The displays, in the order their groups were built.
     const std::vector<DisplayId>& groupedScreens() const { return groupedScreens_; }
-    /// The uptime, in seconds, up to which what the app did asks for nothing: its user looked at it
-    /// then. Absent when that never was.
+    /// The uptime, in seconds, of the user's last look at the app: earlier bounces do not count.
+    /// Absent if there was none.
     std::optional<double> attentionAcknowledged(const std::string& id) const;
-    /// Those of the app's windows that the group stands for; all of them when there is no group.
-    /// First the windows `listed` by Accessibility, then the reached ones of Spaces not shown; none
-    /// when the app did not answer.
+    /// The app's windows in the group; all of them if there is no group. First the windows `listed`
+    /// by Accessibility, then the reached ones on Spaces that are not shown; none if the app did
+    /// not respond.
     std::vector<AppWindow> windowsOf(ProcessId pid, const DisplayGroup* group,
                                      std::optional<std::vector<AppWindow>> listed) const;
-    /// The running application as it is now; absent when it has quit.
+    /// The current state of the running application; absent if it has quit.
     const RunningApplication* runningApplication(ProcessId pid) const;
-    /// The item of one pinned bundle identifier; absent when no such application is to be found.
+    /// The item of one pinned bundle identifier; absent if there is no such application.
     std::optional<DockItem> makePinnedItem(const std::string& id);
 
     /// Called when `fullScreen` has changed.
@@ -106,49 +106,48 @@ class DockStore {
 
     // The desktop has changed.
 
-    /// Takes over the regular apps that run now; answers whether that changed anything.
+    /// Updates the running regular apps; returns whether anything changed.
     bool refreshRunning();
     void frontAppChanged(std::optional<ProcessId> pid) { frontmostPID_.set(pid); }
-    /// Stores a read; answers whether anything that matters for grouping changed.
+    /// Stores a read; returns whether anything that matters for grouping changed.
     bool applyWindowRead(WindowRead read);
     void windowsReached(const std::vector<AppWindow>& windows);
-    /// Builds the item lists again from what is known; sets only those that differ. Observers find
+    /// Rebuilds the item lists from the current state; sets only those that differ. Observers find
     /// the spring in `animation`.
     void rebuild(std::optional<Animation> animation = std::nullopt);
-    /// The spring of the change that observers are being told of; absent when it has none.
+    /// The spring of the change that is being announced; absent if it has none.
     const std::optional<Animation>& animation() const { return animation_; }
     void badgesChanged(std::map<std::string, std::string> badges) {
         badges_.set(std::move(badges));
     }
     void attentionChanged(std::set<std::string> ids) { attentionIDs_.set(std::move(ids)); }
-    /// The user looks at the app, which asks for attention no more.
+    /// The user looks at the app, whose request for attention ends.
     void acknowledgeAttention(const std::string& id);
     void trashChanged(bool isEmpty) { isTrashEmpty_.set(isEmpty); }
 
     // The user has done something on a bar.
 
     void barFramesChanged(std::vector<Rect> frames) { barFrames_ = std::move(frames); }
-    /// Answers whether that is a change.
+    /// Returns whether this is a change.
     bool pointerOnBarChanged(bool isOnBar);
     /// While the pointer is on the bar, lets the tile of an app that was just asked to show itself
-    /// go where its window is. Ends when the pointer leaves.
+    /// move to its window's group. Ends when the pointer leaves.
     void allowRegroup(const std::string& id);
-    /// The app was sent away again: its tile keeps its place.
+    /// The app was hidden again: its tile keeps its place.
     void forbidRegroup(const std::string& id) { regroupingIDs_.erase(id); }
-    /// The app was asked to launch from its tile, which stands there on the screen.
+    /// The app was asked to launch from its tile, which has that frame on the screen.
     void launchBegan(const DockItem& item, const Rect& tileFrame);
-    /// The app did not come in time: a later window has nothing to do with the tile.
+    /// The app did not launch in time: a later window does not belong to this launch.
     void launchFailed(const std::string& id);
     void setShowsEmptyDesktops(bool shows) { showsEmptyDesktops_.set(shows); }
 
-    /// Follows the Dock's own list, unless a change of ours waits to be written.
+    /// Reads the Dock's own list, unless a change of ours is waiting to be written.
     void reloadPinned();
-    /// Builds the pinned tiles again when an app of theirs went from the disk, came back or
-    /// changed.
+    /// Rebuilds the pinned tiles when one of their apps was installed, removed or changed.
     void refreshPinned();
-    /// Takes the list at once and writes it to the Dock one second after the last change.
+    /// Sets the list at once, and writes it to the Dock one second after the last change.
     void setPinned(std::vector<std::string> ids);
-    /// Writes a waiting list now, so that nothing is lost on quit.
+    /// Writes a waiting list now, so that nothing is lost when quitting.
     void flushPinned();
 
   private:
@@ -219,7 +218,7 @@ class DockStore {
     std::vector<DisplayId> groupedScreens_;
     /// By item id. Uptime, since the date may jump.
     std::map<std::string, double> attentionAcknowledged_;
-    /// The rebuild that moves the tile that may.
+    /// The pending rebuild that moves the allowed tile.
     Handle regroup_;
     /// The wait before the pinned list is written to the Dock.
     Handle pinnedWrite_;

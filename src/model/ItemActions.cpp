@@ -11,10 +11,10 @@ namespace larkspan {
 
 namespace {
 
-/// How long an app may take to appear before its launching mark is given up, in seconds.
+/// The seconds after which an app that has not appeared loses its launching mark.
 constexpr double launchLimit = 30.0;
-/// How long an app may take to come to the front before its windows are no longer spread out, in
-/// seconds: by then the user does something else.
+/// The seconds that an app may take to come to the front before its windows are spread out; after
+/// that, the user is doing something else.
 constexpr double comingForwardLimit = 1.0;
 
 } // namespace
@@ -82,7 +82,7 @@ void ItemActions::showAllWindows(const DockItem& item) {
         bringAllForward(item.app->pid);
 }
 
-/// The Dock does it for the app in front only, and this one may still be on its way there.
+/// The Dock can do it only for the frontmost app, and this one may not be in front yet.
 void ItemActions::spreadWindows(ProcessId pid) {
     const auto isInFront = [this, pid] {
         const auto front = workspace_.frontmostApplication();
@@ -95,7 +95,7 @@ void ItemActions::spreadWindows(ProcessId pid) {
     comingForward_ = workspace_.subscribe([this, isInFront](const WorkspaceEvent& event) {
         const bool hasCome =
             event.kind == WorkspaceEvent::Kind::didActivateApplication && isInFront();
-        // In a turn of its own: the subscription must not end amid the news.
+        // In a separate turn: the subscription must not end during the notification.
         if (hasCome)
             comingForwardLimit_ = scheduler_.after(0, [this] { spreadWindowsOfFrontApp(); });
     });
@@ -112,7 +112,7 @@ void ItemActions::bringAllForward(ProcessId pid) {
     const auto windows = WindowPresence::accessibilityWindows(accessibility_, pid);
     if (!windows || windows->empty()) return;
     restore(*windows);
-    // From the back to the front, so that they come to lie as they did.
+    // From back to front, to restore their stacking order.
     for (const auto& window : std::views::reverse(*windows))
         makeMain(window.element);
     activate(pid);

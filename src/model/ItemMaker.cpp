@@ -22,8 +22,8 @@ std::optional<DockItem> ItemMaker::make(std::string id, const RunningApplication
     if (!app && !item.url) return std::nullopt;
     if (app) {
         item.app = *app;
-        // Which app is in front is told by `frontmostPID`, and the picture by `icon`. Kept here
-        // too, they would make a tile differ from itself at every activation.
+        // `frontmostPID` has the frontmost app, and `icon` the image. Otherwise each activation
+        // would make the tile differ from itself.
         item.app->isActive = false;
         item.app->icon = nullptr;
         item.name = app->localizedName;

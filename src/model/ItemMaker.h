@@ -11,17 +11,17 @@
 
 namespace larkspan {
 
-/// Builds the items of the bar: their names, addresses and icons. An icon is looked up once and
-/// kept for as long as its tile is shown. Main thread only.
+/// Creates the items of the bar: their names, paths and icons. An icon is looked up once and cached
+/// while its tile is shown. Main thread only.
 class ItemMaker {
   public:
     explicit ItemMaker(Workspace& workspace)
         : workspace_(workspace) {}
 
-    /// The item of an app that runs, or that is kept on the bar as `id`. Absent when it does not
-    /// run and no such application is to be found.
+    /// The item of a running app, or of one that is pinned as `id`. Absent if it is not running and
+    /// there is no such application.
     std::optional<DockItem> make(std::string id, const RunningApplication* app, bool isPinned);
-    /// Forgets the icons of all other items.
+    /// Removes the cached icons of all other items.
     void keepIcons(const std::set<std::string_view>& ids);
 
   private:

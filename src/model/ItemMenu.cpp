@@ -8,9 +8,9 @@ namespace larkspan {
 
 namespace {
 
-/// How long a menu waits for the app's answer before it shows without, in seconds.
+/// How long a menu waits for the app before it is shown without its windows, in seconds.
 constexpr double patience = 0.1;
-/// How long an app that did not answer is left alone before it is asked again, in seconds.
+/// The seconds before an app that did not respond is asked again.
 constexpr double secondsBetweenQuestions = 0.5;
 
 MenuItem action(std::string title, std::function<void()> chosen) {
@@ -24,7 +24,7 @@ MenuItem withOption(MenuItem item, MenuItem alternate) {
     return item;
 }
 
-/// A line between what is there and what comes next, never at the top.
+/// A separator before what comes next, but never at the top.
 void separate(Menu& menu) {
     if (!menu.empty() && menu.back().kind != MenuItem::Kind::separator)
         menu.push_back(MenuItem::separator());
@@ -32,11 +32,11 @@ void separate(Menu& menu) {
 
 } // namespace
 
-/// A menu while it is shown.
+/// A menu while it is open.
 struct ItemMenu::Opened {
     Tile tile;
     Show show;
-    /// Whether the app answered when it was last asked; absent before the first answer.
+    /// Whether the app responded to the last request; absent before the first one.
     std::optional<bool> answers;
     Handle patience;
     Handle nextQuestion;
@@ -102,7 +102,7 @@ Menu ItemMenu::runningMenu(const Tile& tile, Listing listing, bool isHung) const
     Menu menu;
     const auto pid = tile.item.app->pid;
     const auto* app = store_.runningApplication(pid);
-    // An app that is still launching has not begun to answer.
+    // An app that is still launching cannot respond yet.
     isHung = isHung && app && app->isFinishedLaunching;
     if (isHung) menu.push_back({.title = "Application Not Responding", .isEnabled = false});
     addWindows(menu, tile, std::move(listing));
@@ -112,7 +112,7 @@ Menu ItemMenu::runningMenu(const Tile& tile, Listing listing, bool isHung) const
     menu.push_back(
         action("Show All Windows", [this, item = tile.item] { actions_.showAllWindows(item); }));
     menu.push_back(hiding(tile));
-    // The file manager of a Mac never ends.
+    // The Finder cannot quit.
     if (tile.item.id != finderIdentifier) menu.push_back(quitting(pid, isHung));
     return menu;
 }
@@ -146,7 +146,7 @@ void ItemMenu::addWindows(Menu& menu, const Tile& tile, Listing listing) const {
 void ItemMenu::addOptions(Menu& menu, const Tile& tile) const {
     const auto& item = tile.item;
     MenuItem options{.kind = MenuItem::Kind::submenu, .title = "Options"};
-    // Finder always stays, and only what can be found again can be kept.
+    // Finder is always pinned, and only an app that can be found again can be pinned.
     const bool canBeKept = !item.app || (item.app->bundleIdentifier == item.id && item.url);
     if (item.id != finderIdentifier && canBeKept) options.submenu.push_back(keeping(tile));
     const auto opens = actions_.opensAtLogin(item);

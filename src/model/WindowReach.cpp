@@ -46,7 +46,7 @@ void WindowReach::follow(const std::vector<WindowInfo>& unconfirmed) {
 
     for (auto& [pid, own] : windows) {
         auto& app = apps_[pid];
-        // What is seen is not closed.
+        // A window on screen is not closed.
         app.closed = without(app.closed, numbersOnScreen(own));
         std::set<WindowId> listed;
         for (const auto& window : own)

@@ -12,8 +12,8 @@ namespace {
 
 using Array = PropertyValue::Array;
 
-// Between the types of the properties and those of the table. A value that the table accepted has
-// its row's type; another is a broken invariant.
+// Converts between the types of the properties and those of the table. An accepted value always has
+// the type of its row.
 
 template <typename Enumeration>
 Enumeration choiceFrom(const Setting& setting, const PropertyValue& value) {

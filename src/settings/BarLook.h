@@ -14,17 +14,17 @@ namespace larkspan {
 
 class BarSettings;
 
-// The choices of the settings of the same name, in the order in which the table lists them.
+// The choices of the settings with the same names, in the order of the table.
 enum class BarStyle { bar, island };
 enum class GlassKind { clear, regular };
-/// The tools at the end of the bar; the declaration order is the order on the bar.
+/// The tools at the end of the bar, in the order on the bar.
 enum class BarTool { widgets, clipboard, screenshot, xcode, keepAwake, settings };
 
 /// Red, green, blue and alpha, each 0...1.
 using DotColor = std::array<double, 4>;
 
-/// The settings that every bar watches. Each property writes its key the moment it changes. Main
-/// thread only.
+/// The settings that every bar watches. Each property writes its key when it changes. Main thread
+/// only.
 class BarLook {
   public:
     explicit BarLook(BarSettings& settings);
@@ -42,7 +42,7 @@ class BarLook {
     /// Absent means the built-in color.
     Observed<std::optional<DotColor>> dotColor;
     Observed<std::optional<DotColor>> dotGray;
-    /// Always in canonical order, always with `settings`.
+    /// Always in canonical order, and always with `settings`.
     Observed<std::vector<BarTool>> tools;
     Observed<bool> showsTrash;
 
@@ -52,11 +52,11 @@ class BarLook {
     SettingValue value(const Setting& setting) const;
     void set(const Setting& setting, const SettingValue& value);
 
-    /// Style, glass, blur, island shape and dot colors go back to how they first were.
+    /// Resets style, glass, blur, island shape and dot colors to their defaults.
     void resetAppearance();
 
   private:
-    /// A property by its row of the table.
+    /// A property and its row of the table.
     struct Property {
         const Setting* setting;
         std::function<SettingValue()> get;

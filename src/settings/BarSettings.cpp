@@ -86,7 +86,7 @@ std::optional<nlohmann::json> BarSettings::record(Record record) const {
 }
 
 void BarSettings::setRecord(Record record, const nlohmann::json& content) {
-    // Names of files may hold bytes that are no UTF-8; they must not make the write fail.
+    // File names may contain invalid UTF-8, which must not make the write fail.
     defaults_.set(keyOf(record),
                   Data{content.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)});
 }

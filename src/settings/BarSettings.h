@@ -10,40 +10,40 @@
 
 namespace larkspan {
 
-/// Whether the bar is in use or the system Dock is left to itself. In the order in which the table
-/// of settings lists them.
+/// Whether the bar is in use, or the system Dock, which is then not changed. In the order of the
+/// table of settings.
 enum class BarMode { vantrel, systemDock };
 
 /// The mode as it is stored.
 std::string_view rawValue(BarMode mode);
 
-/// The table of settings over what is stored. Each accessor reads its key when it is asked, so that
-/// what another process wrote is seen. Main thread only.
+/// Reads and writes the stored settings by the table. Each accessor reads its key when it is
+/// called, so that it sees what another process has written. Main thread only.
 class BarSettings {
   public:
-    /// Records that other subsystems keep as JSON.
+    /// Records of other subsystems, stored as JSON.
     enum class Record { shelf, stacks, folderStacks };
 
     static constexpr double defaultBarHeight = 72;
 
-    /// `hasIslands` as `settingsTable` takes it.
+    /// `hasIslands` as in `settingsTable`.
     BarSettings(UserDefaults& defaults, bool hasIslands)
         : table_(settingsTable(hasIslands))
         , defaults_(defaults) {}
 
     const std::vector<Setting>& table() const { return table_; }
-    /// The row of a key that is in the table.
+    /// The row of a key, which must be in the table.
     const Setting& row(std::string_view key) const;
 
-    /// What is stored, as far as it is acceptable; else what holds without it.
+    /// The stored value if it is acceptable; else the default.
     SettingValue value(const Setting& setting) const;
-    /// With no value the key is removed.
+    /// Without a value, the key is removed.
     void set(const Setting& setting, const SettingValue& value);
 
     BarMode mode() const;
     void setMode(BarMode mode);
 
-    /// Points; absent while the user has chosen none.
+    /// Points; absent if the user has not chosen a height.
     std::optional<double> barHeight() const { return number("barHeight"); }
 
     /// Whether hovering an app with a single window shows a preview of it.
@@ -53,7 +53,7 @@ class BarSettings {
     std::optional<float> syncedTileSize() const;
     void setSyncedTileSize(float fraction);
 
-    /// Absent when nothing is stored or what is stored does not parse.
+    /// Absent if nothing is stored or it cannot be parsed.
     std::optional<nlohmann::json> record(Record record) const;
     void setRecord(Record record, const nlohmann::json& content);
 

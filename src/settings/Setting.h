@@ -9,10 +9,10 @@
 
 namespace larkspan {
 
-/// The value of a setting as it is stored; absent while the setting follows the system.
+/// The stored value of a setting; absent while the setting follows the system.
 using SettingValue = std::optional<PropertyValue>;
 
-/// One row of the table of settings. The store, the commands, the menus and the guide go by it.
+/// One row of the table of settings, which the store, the commands, the menus and the guide use.
 struct Setting {
     enum class Kind {
         /// The word of one of `choices`.
@@ -24,17 +24,17 @@ struct Setting {
         list,
         flag,
     };
-    /// Where the settings window shows it. "Reset appearance" resets what is under `appearance`.
-    /// What is under `none` the program keeps for itself: it has no name in commands.
+    /// The pane of the settings window. "Reset appearance" resets the settings in `appearance`.
+    /// Those in `none` are internal to the program: commands cannot use them.
     enum class Pane { none, general, appearance, tools };
 
     struct Choice {
-        /// As it is stored and typed.
+        /// The stored and typed form.
         std::string_view word;
-        /// As it is shown.
+        /// The shown form.
         std::string_view title = {};
     };
-    /// The numbers that a person may choose. What is stored already may lie outside.
+    /// The numbers that a user may choose. A stored number may be outside.
     struct Bounds {
         double least;
         double most;
@@ -45,16 +45,16 @@ struct Setting {
     Kind kind;
     Pane pane = Pane::none;
     std::string_view title = {};
-    /// Explains the setting where its title does not.
+    /// Explains the setting if its title does not.
     std::string_view sentence = {};
-    /// In the order of the enumeration that stands for them in the code.
+    /// In the order of the enumeration in the code.
     std::vector<Choice> choices = {};
-    /// The word that a list always holds.
+    /// A word that the list always contains.
     std::string_view alwaysListed = {};
     Bounds bounds = {};
-    /// A stored number below the least one reads as the least one.
+    /// Whether a stored number below the minimum is read as the minimum.
     bool raisesStored = false;
-    /// What holds while nothing, or nothing acceptable, is stored.
+    /// The value if nothing, or nothing acceptable, is stored.
     SettingValue initial = std::nullopt;
 
     bool isOffered() const { return pane != Pane::none; }
@@ -64,10 +64,10 @@ struct Setting {
 /// and every desktop that is not a Mac).
 const std::vector<Setting>& settingsTable(bool hasIslands);
 
-/// The row of that key; nullptr when there is none.
+/// The row of that key; nullptr if there is none.
 const Setting* findSetting(const std::vector<Setting>& table, std::string_view key);
 
-/// The place of that word among the choices; absent when it is not one of them.
+/// The index of that word among the choices; absent if it is not one of them.
 std::optional<std::size_t> choiceIndex(const Setting& setting, std::string_view word);
 
 } // namespace larkspan

@@ -17,7 +17,7 @@ using Words = std::vector<std::string_view>;
 
 constexpr std::size_t colorParts = 4;
 
-/// What a person types to go back to what the system gives.
+/// The word that resets a setting to the system's value.
 constexpr std::string_view defaultWord = "default";
 
 std::optional<double> numberOf(const PropertyValue& value) {
@@ -38,7 +38,7 @@ SettingValue acceptColor(const PropertyValue& stored) {
     return color;
 }
 
-/// Each choice that the words name, in the row's own order.
+/// Each of the choices that is among the words, in the row's order.
 PropertyValue listOf(const Setting& setting, const Words& words) {
     Array list;
     for (const auto& choice : setting.choices)
@@ -59,7 +59,7 @@ SettingValue acceptList(const Setting& setting, const PropertyValue& stored) {
     return listOf(setting, words);
 }
 
-/// Absent when what is stored is not acceptable.
+/// Absent if the stored value is not acceptable.
 SettingValue accept(const Setting& setting, const PropertyValue& stored) {
     switch (setting.kind) {
     case Kind::choice: {
@@ -109,7 +109,7 @@ SettingValue parseColor(std::string_view text) {
     return color;
 }
 
-/// Absent when the text is none of the values.
+/// Absent if the text is not a valid value.
 SettingValue parse(const Setting& setting, std::string_view text) {
     switch (setting.kind) {
     case Kind::choice:

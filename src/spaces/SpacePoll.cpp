@@ -26,13 +26,13 @@ std::optional<SpaceId> currentSpace(const WindowServer& server, const std::strin
 
 } // namespace
 
-/// What reads share with the poller, and may outlive it.
+/// Shared by the reads and the poller, which they may outlive.
 struct SpacePoll::State {
     std::mutex mutex;
-    /// Nullptr once the poller has ended.
+    /// nullptr once the poller has ended.
     const WindowServer* server = nullptr;
     SpaceSwitchLog* log = nullptr;
-    // From here on only the queue's.
+    // The members below belong to the queue.
     std::string displayInUse;
     std::optional<SpaceId> activeSpace;
 

@@ -9,20 +9,20 @@
 
 namespace larkspan {
 
-/// Asks again and again which Space the display in use shows, so that the timeline has the moment
-/// of a switch beside the moment at which the system announces it. For desktops that do not
-/// announce changes by themselves. It reads on a queue of its own, by that queue's timer, and never
-/// wakes the main thread, on which all methods are called.
+/// Polls which Space the display in use shows, so that the timeline has the time of a switch beside
+/// the time of the system's notification. For desktops that do not announce changes. It reads on
+/// its own queue, with that queue's timer, and never wakes the main thread, on which all methods
+/// are called.
 class SpacePoll {
   public:
-    /// Seconds between reads: while a switch is under way, and otherwise.
+    /// Seconds between reads: during a switch, and otherwise.
     static constexpr double fastInterval = 0.02;
     static constexpr double slowInterval = 0.5;
 
-    /// `displayInUse` is the window server's name of that display; empty is the first.
+    /// `displayInUse` returns the window server's name of that display; empty means the first.
     SpacePoll(Scheduler& scheduler, const WindowServer& server, SpaceSwitchLog& log,
               std::string displayInUse);
-    /// Waits for a read that runs.
+    /// Waits for a running read.
     ~SpacePoll();
     SpacePoll(const SpacePoll&) = delete;
     SpacePoll& operator=(const SpacePoll&) = delete;

@@ -93,7 +93,7 @@ void expectPutBack(const Mac& mac) {
     EXPECT_EQ(DockProfile::saved(mac.defaults), std::nullopt);
 }
 
-/// Answers whether the program was killed before it came to the end.
+/// Returns whether the program was killed before the end.
 bool playUntilKilled(Mac& mac, void (*play)(Mac&), int action, std::size_t survivors) {
     mac.killPoint().dieBefore(action);
     play(mac);

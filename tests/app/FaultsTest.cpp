@@ -28,7 +28,7 @@ class Faults : public testing::Test {
         mac.scheduler.runUntilIdle();
     }
 
-    /// Answers the seconds that the main thread was held up.
+    /// Returns the seconds that the main thread was blocked.
     double click(LaunchedApp& app, const char* id) {
         const double before = mac.scheduler.uptime();
         EXPECT_EQ(app.answer({"click", id}).code, ExitCode::succeeded);

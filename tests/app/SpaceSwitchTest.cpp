@@ -99,7 +99,7 @@ TEST_F(SpaceSwitchTest, NothingOfASwipeHoldsReadsForEver) {
         if (each.deafAfter > 0) {
             mac.scheduler.runFor(each.deafAfter);
             mac.eventTaps.disable(TapEvent::disabledByTimeout);
-            // The tap's own thread is slow to hear of it.
+            // The tap's own thread gets it late.
             mac.scheduler.queueLatency = 0.1;
         }
         mac.scheduler.runFor(3);

@@ -29,25 +29,7 @@ const Word words[] = {
 
 /// This file, and the folders whose wording is still to be revised.
 const std::vector<std::string> exceptions = {
-    "tests/house/WordsTest.cpp",
-    "docs/architecture.md",
-    "src/app/",
-    "src/bar/",
-    "src/control/",
-    "src/model/",
-    "src/settings/",
-    "src/spaces/",
-    "src/ui/bar/",
-    "src/ui/demo/",
-    "src/ui/menu/",
-    "src/ui/parts/",
-    "tests/app/",
-    "tests/bar/",
-    "tests/control/",
-    "tests/model/",
-    "tests/settings/",
-    "tests/spaces/",
-    "tests/ui/",
+    "tests/house/WordsTest.cpp", "docs/architecture.md", "src/bar/", "src/ui/", "tests/ui/",
 };
 
 std::vector<std::string> filesToCheck() {

@@ -169,8 +169,8 @@ TEST_F(BadgeRefreshTest, SaysOnceThatTheDockDoesNotAnswerAndOnceThatItDoes) {
     mac.hang(mac.pidOf("com.apple.dock"), false);
     mac.scheduler.runFor(2);
     EXPECT_THAT(newLines("badges"),
-                ElementsAre("the Dock does not tell its icons; badges stay as they were",
-                            "the Dock tells its icons again"));
+                ElementsAre("the Dock's icons cannot be read; badges stay as they were",
+                            "the Dock's icons can be read again"));
 }
 
 TEST_F(BadgeRefreshTest, HasOneReadInFlightAtMost) {

@@ -38,7 +38,7 @@ TEST_F(IconClickTest, HidesTheAppInFrontAndBringsItBack) {
     mac.scheduler.runFor(2);
     mac.world().reportedFrontmost = mail;
     clickTile("mail");
-    EXPECT_FALSE(isHidden(mail)) << "a hidden app is never sent away, whatever is told of it";
+    EXPECT_FALSE(isHidden(mail)) << "a hidden app is never hidden again, whatever is reported";
     EXPECT_EQ(mac.frontmost(), mail);
     mac.world().reportedFrontmost = notes;
     clickTile("mail");

@@ -13,7 +13,7 @@
 
 namespace larkspan {
 
-/// The model with its clicks and menus over a simulated Mac that tells of changes. Apps are named
+/// The model with its clicks and menus on a simulated Mac that announces changes. Apps are named
 /// by the last word of their identifiers.
 class ModelWorld : public ModelOnMac {
   public:
