@@ -58,8 +58,10 @@ class WindowAnimator {
     /// The system tells that the app is no longer hidden.
     void unhidden(ProcessId pid);
 
+    /// The bar has activated the app.
+    void activated(ProcessId pid) { lastActivation_ = {pid, scheduler_.uptime()}; }
     /// The app that the bar activated last, and when.
-    std::optional<Activation> lastActivation;
+    const std::optional<Activation>& lastActivation() const { return lastActivation_; }
 
   private:
     struct Flight {
@@ -79,6 +81,7 @@ class WindowAnimator {
     Scheduler& scheduler_;
     ApplicationControl& applications_;
     WindowFlights& flights_;
+    std::optional<Activation> lastActivation_;
     std::map<ProcessId, Flight> inFlight_;
     /// Which request for pictures each one waits for: those of an earlier one mean nothing.
     std::map<ProcessId, std::uint64_t> pendingHides_;
