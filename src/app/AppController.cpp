@@ -16,10 +16,10 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
     , log_(platform.scheduler)
     , lostProcesses_(platform.scheduler, platform.workspace, log_)
     , switchLog_(platform.scheduler, platform.systemLog, platform.displayLink, platform.screens)
-    , settings_(platform.defaults)
+    , settings_(platform.defaults, hasIslands)
     , permissions_(platform.scheduler, platform.accessibility, platform.screenCapture,
                    platform.applications, platform.application)
-    , look_(platform.defaults, hasIslands)
+    , look_(settings_)
     , pointer_(platform.screens, platform.eventMonitors)
     , fullScreenWatcher_(platform.scheduler, platform.workspace, platform.screens,
                          platform.accessibility, log_)
@@ -236,11 +236,25 @@ void AppController::moveWindow(WindowId window, SpaceId space, WindowMover::Done
 }
 
 void AppController::setBarHeight(std::optional<double> height) {
-    settings_.setBarHeight(height);
+    changeSetting(settings_.row("barHeight"), height);
+}
+
+/// The Dock and its strip take part in the height, so that storing it is not enough.
+void AppController::followBarHeight() {
     if (mode_ != BarMode::vantrel || !bars_) return;
     platform_.dockStrip.hold(wantedBarHeight());
     bars_->setHeight(wantedBarHeight());
     startFitting();
+}
+
+SettingValue AppController::settingInEffect(const Setting& setting) const {
+    return look_.has(setting) ? look_.value(setting) : settings_.value(setting);
+}
+
+void AppController::changeSetting(const Setting& setting, const SettingValue& value) {
+    if (look_.has(setting)) return look_.set(setting, value);
+    settings_.set(setting, value);
+    if (setting.key == "barHeight") followBarHeight();
 }
 
 void AppController::showStatusItem() {

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/PermissionsWindow.h"
+#include "app/PermissionsModel.h"
 #include "bar/BarController.h"
 #include "bar/KeyboardEntry.h"
 #include "diagnostics/DiagnosticsLog.h"
@@ -41,7 +41,7 @@ class AppController {
     /// Makes the views' side of the bars; called once, when the first bars are needed.
     using MakeBarPanels = std::function<std::unique_ptr<BarPanels>(AppController&)>;
 
-    /// Nothing shows before `start`. `hasIslands` as `BarLook` takes it.
+    /// Nothing shows before `start`. `hasIslands` as `settingsTable` takes it.
     AppController(const Platform& platform, MakeBarPanels makeBarPanels, bool hasIslands = true);
     AppController(const AppController&) = delete;
     AppController& operator=(const AppController&) = delete;
@@ -62,6 +62,11 @@ class AppController {
     /// Stores the height, or with none goes back to the height of the system; the bars and the
     /// strip follow at once.
     void setBarHeight(std::optional<double> height);
+
+    /// The value in effect. Of the settings that the bars watch, this is what they show.
+    SettingValue settingInEffect(const Setting& setting) const;
+    /// Stores the value; everything that shows the setting follows at once.
+    void changeSetting(const Setting& setting, const SettingValue& value);
 
     /// Whether windows can be moved between Spaces, as far as is known.
     bool canMoveWindows() const { return mover_.canMove(); }
@@ -96,7 +101,8 @@ class AppController {
     const DiagnosticsLog& log() const { return log_; }
     BarLook& look() { return look_; }
     BarSettings& settings() { return settings_; }
-    PermissionsWindow& permissions() { return permissions_; }
+    const BarSettings& settings() const { return settings_; }
+    PermissionsModel& permissions() { return permissions_; }
     DockStore& store() { return store_; }
     const DockStore& store() const { return store_; }
     const LostProcesses& lostProcesses() const { return lostProcesses_; }
@@ -111,6 +117,7 @@ class AppController {
 
   private:
     double wantedBarHeight() const;
+    void followBarHeight();
     void wireCallbacks();
     void followSpaceSwitches();
     void pollSpaces();
@@ -128,7 +135,7 @@ class AppController {
     LostProcesses lostProcesses_;
     SpaceSwitchLog switchLog_;
     BarSettings settings_;
-    PermissionsWindow permissions_;
+    PermissionsModel permissions_;
     BarLook look_;
     PointerWatcher pointer_;
     FullScreenWatcher fullScreenWatcher_;

@@ -37,25 +37,21 @@ MenuItem checked(std::string title, bool isChecked, std::function<void()> chosen
     return item;
 }
 
-template <typename Value>
-MenuItem choice(std::string title, Observed<Value>& property, Value value) {
-    return checked(std::move(title), *property == value,
-                   [&property, value] { property.set(value); });
-}
-
-void addLook(Menu& menu, BarLook& look) {
-    if (look.hasIslands()) {
-        menu.push_back(heading("Style"));
-        menu.push_back(choice("Bar", look.style, BarStyle::bar));
-        menu.push_back(choice("Island", look.style, BarStyle::island));
+void addChoices(Menu& menu, AppController& controller, const Setting& setting) {
+    // Where one is all there is, there is nothing to choose.
+    if (setting.choices.size() < 2) return;
+    menu.push_back(heading(std::string(setting.title)));
+    const auto current = controller.settingInEffect(setting);
+    for (const auto& choice : setting.choices) {
+        const PropertyValue value = std::string(choice.word);
+        menu.push_back(
+            checked(std::string(choice.title), current == value,
+                    [&controller, &setting, value] { controller.changeSetting(setting, value); }));
     }
-    menu.push_back(heading("Glass"));
-    menu.push_back(choice("Clear", look.glass, GlassKind::clear));
-    menu.push_back(choice("Frosted", look.glass, GlassKind::regular));
 }
 
 void addHeights(Menu& menu, AppController& controller) {
-    menu.push_back(heading("Height"));
+    menu.push_back(heading(std::string(controller.settings().row("barHeight").title)));
     if (const auto why = controller.heightRefusalReason()) {
         menu.push_back({.title = *why, .isEnabled = false});
         return;
@@ -67,12 +63,15 @@ void addHeights(Menu& menu, AppController& controller) {
                     [&controller, points = step.points] { controller.setBarHeight(points); }));
 }
 
-void addParts(Menu& menu, BarLook& look) {
+void addParts(Menu& menu, AppController& controller) {
     menu.push_back(MenuItem::separator());
-    const bool showsTrash = *look.showsTrash;
-    menu.push_back(choice("Show Trash", look.showsTrash, !showsTrash));
-    menu.back().mark = showsTrash ? MenuItem::Mark::check : MenuItem::Mark::none;
-    menu.push_back(action("Reset appearance", [&look] { look.resetAppearance(); }));
+    const auto& trash = controller.settings().row("showsTrash");
+    const bool isShown = controller.settingInEffect(trash) == PropertyValue(true);
+    menu.push_back(checked(std::string(trash.title), isShown, [&controller, &trash, isShown] {
+        controller.changeSetting(trash, PropertyValue(!isShown));
+    }));
+    menu.push_back(
+        action("Reset appearance", [&controller] { controller.look().resetAppearance(); }));
 }
 
 void addProgram(Menu& menu, AppController& controller) {
@@ -89,9 +88,10 @@ void addProgram(Menu& menu, AppController& controller) {
 
 Menu barMenu(AppController& controller) {
     Menu menu;
-    addLook(menu, controller.look());
+    for (const auto* key : {"style", "glass"})
+        addChoices(menu, controller, controller.settings().row(key));
     addHeights(menu, controller);
-    addParts(menu, controller.look());
+    addParts(menu, controller);
     addProgram(menu, controller);
     return menu;
 }

@@ -1,7 +1,6 @@
 #include "control/DiagnosticsReport.h"
 
 #include "app/AppController.h"
-#include "settings/RawValues.h"
 
 #include <chrono>
 #include <fmt/format.h>

@@ -1,8 +1,7 @@
 #include "control/StateReport.h"
 
 #include "app/AppController.h"
-#include "control/NamedSettings.h"
-#include "settings/RawValues.h"
+#include "control/SettingsReport.h"
 
 #include <algorithm>
 #include <map>
@@ -141,7 +140,7 @@ json frontmostJson(const DockStore& store) {
 }
 
 /// What the rows of the permissions window say; null while it is not shown.
-json permissionsWindowJson(const PermissionsWindow& window) {
+json permissionsWindowJson(const PermissionsModel& window) {
     if (!*window.isShown) return nullptr;
     return {{"accessibility", *window.hasAccessibility},
             {"screenRecording", *window.hasScreenRecording}};
@@ -166,7 +165,7 @@ json stateReport(AppController& controller) {
     const auto& store = controller.store();
     const auto* bars = controller.bars();
     return {{"mode", rawValue(controller.mode())},
-            {"settings", allSettings(controller)},
+            {"settings", settingsReport(controller)},
             {"permissions", permissionsJson(controller)},
             {"bars", barsJson(bars)},
             {"warning", bars ? orNull(bars->warning()) : json(nullptr)},

@@ -166,7 +166,7 @@ TEST_F(AppControllerTest, QuittingWritesAPinThatWaits) {
     mac.install("com.example.film", "Film");
     LaunchedApp app(mac);
     mac.scheduler.runFor(5);
-    EXPECT_EQ(app.answer({"keep", "com.example.film"}).code, 0);
+    EXPECT_EQ(app.answer({"pin", "com.example.film"}).code, ExitCode::succeeded);
     mac.scheduler.runFor(0.2);
     app.delegate.willTerminate();
     auto platform = mac.platform();

@@ -31,7 +31,7 @@ class Faults : public testing::Test {
     /// Answers the seconds that the main thread was held up.
     double click(LaunchedApp& app, const char* id) {
         const double before = mac.scheduler.uptime();
-        EXPECT_EQ(app.answer({"click", id}).code, 0);
+        EXPECT_EQ(app.answer({"click", id}).code, ExitCode::succeeded);
         return mac.scheduler.uptime() - before;
     }
     static bool isInAGroup(LaunchedApp& app, const std::string& id) {
@@ -57,10 +57,10 @@ void liveThrough(sim::SimMac& mac) {
         LaunchedApp app(mac);
         mac.scheduler.runFor(5);
         EXPECT_THAT(app.takeCalls(), Contains("in 1"));
-        EXPECT_EQ(app.answer({"click", mailId}).code, 0);
+        EXPECT_EQ(app.answer({"click", mailId}).code, ExitCode::succeeded);
         mac.scheduler.runFor(5);
         EXPECT_EQ(mac.frontmost(), mac.pidOf(mailId));
-        EXPECT_EQ(app.answer({"click", notesId}).code, 0);
+        EXPECT_EQ(app.answer({"click", notesId}).code, ExitCode::succeeded);
         mac.scheduler.runFor(5);
         EXPECT_EQ(mac.frontmost(), mac.pidOf(notesId));
         mac.enterFullScreen(window);
@@ -68,7 +68,7 @@ void liveThrough(sim::SimMac& mac) {
         EXPECT_THAT(app.takeCalls(), Contains("out 1")) << "the window covers the screen";
         mac.leaveFullScreen(window);
         mac.scheduler.runFor(5);
-        EXPECT_EQ(app.answer({"state"}).code, 0);
+        EXPECT_EQ(app.answer({"state"}).code, ExitCode::succeeded);
         app.controller.useSystemDock();
         mac.scheduler.runFor(5);
         EXPECT_EQ(mac.statusBar.items().size(), 1U);

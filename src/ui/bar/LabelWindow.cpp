@@ -18,7 +18,7 @@ LabelWindow::LabelWindow(Views& views, Appearance& appearance) {
     setFlags(Qt::ToolTip | Qt::FramelessWindowHint | Qt::WindowTransparentForInput |
              Qt::WindowDoesNotAcceptFocus | Qt::NoDropShadowWindowHint);
     setColor(Qt::transparent);
-    root_ = views.make("TileLabel", {{"appearance", QVariant::fromValue(&appearance)}});
+    root_ = views.make("bar/TileLabel", {{"appearance", QVariant::fromValue(&appearance)}});
     root_->setParentItem(contentItem());
 }
 

@@ -38,7 +38,7 @@ QuickBarPanel::QuickBarPanel(Views& views, std::unique_ptr<BarScene> scene, BarL
     , desktop_(desktop)
     , look_(look)
     , scene_(std::move(scene))
-    , root_(views.make("Bar", {{"scene", QVariant::fromValue(scene_.get())}})) {
+    , root_(views.make("bar/Bar", {{"scene", QVariant::fromValue(scene_.get())}})) {
     root_->setParentItem(window_.contentItem());
     window_.create();
     dressing_.dress(nativeWindow());

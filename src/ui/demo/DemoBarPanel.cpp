@@ -15,7 +15,7 @@ DemoBarPanel::DemoBarPanel(Views& views, QQuickItem& desktop, std::unique_ptr<Ba
                            BarLook& look)
     : look_(look)
     , scene_(std::move(scene))
-    , root_(views.make("Bar", {{"scene", QVariant::fromValue(scene_.get())}})) {
+    , root_(views.make("bar/Bar", {{"scene", QVariant::fromValue(scene_.get())}})) {
     root_->setParentItem(&desktop);
     root_->setZ(DemoLayer::bars);
     root_->setVisible(false);

@@ -23,7 +23,7 @@ MenuWindow::MenuWindow(Views& views, Appearance& appearance)
     : appearance_(appearance) {
     setFlags(Qt::Popup | Qt::FramelessWindowHint | Qt::NoDropShadowWindowHint);
     setColor(Qt::transparent);
-    root_ = views.make("MenuPanel", {{"menu", QVariant::fromValue(this)}});
+    root_ = views.make("menu/MenuPanel", {{"menu", QVariant::fromValue(this)}});
     root_->setParentItem(contentItem());
 }
 

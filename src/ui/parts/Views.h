@@ -13,8 +13,8 @@ namespace larkspan::ui {
 /// of them.
 class Views {
   public:
-    /// An instance of `name`.qml with those properties. Stops the program when the view does not
-    /// compile: it is part of the program.
+    /// An instance of ui/`name`.qml, such as "bar/Tile", with those properties. Stops the program
+    /// when the view does not compile: it is part of the program.
     std::unique_ptr<QQuickItem> make(const QString& name, const QVariantMap& properties);
 
   private:

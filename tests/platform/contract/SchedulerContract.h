@@ -17,11 +17,11 @@ class SchedulerWorld {
   public:
     virtual ~SchedulerWorld() = default;
     virtual Scheduler& scheduler() = 0;
-    /// Runs the loop until the condition holds; false when it does not within a limit.
+    /// Runs the loop until the condition is true; returns false if a limit is reached first.
     virtual bool runUntil(const std::function<bool()>& condition) = 0;
 };
 
-/// What every scheduler must do. The parameter makes a world anew for each test.
+/// What every scheduler must do. The parameter makes a new world for each test.
 class SchedulerContract : public testing::TestWithParam<Adapter<SchedulerWorld>> {
   protected:
     Scheduler::Task note(const std::string& what) {
@@ -58,7 +58,7 @@ TEST_P(SchedulerContract, ATimerIsNeverEarlyAndRunsOnce) {
         ran_.push_back("once");
     });
     const Handle now = scheduler_.after(0, note("now"));
-    EXPECT_TRUE(ran_.empty()) << "not even a timer of no time runs before the loop does";
+    EXPECT_TRUE(ran_.empty()) << "even a timer with no delay waits for the loop";
     const Handle later = scheduler_.after(0.03, note("later"));
     ASSERT_TRUE(hasRun("later"));
     EXPECT_THAT(ran_, testing::ElementsAre("now", "once", "later"));
@@ -95,7 +95,7 @@ TEST_P(SchedulerContract, ARepeatingTimerMayEndItselfFromItsOwnTask) {
         if (ran_.size() == 2) timer.reset();
     });
     ASSERT_TRUE(world_->runUntil([&] { return ran_.size() == 2; }));
-    EXPECT_GE(firstBeat - start, 0.005) << "the first beat comes after one interval";
+    EXPECT_GE(firstBeat - start, 0.005) << "the first call comes after one interval";
     const Handle later = scheduler_.after(0.02, note("later"));
     ASSERT_TRUE(hasRun("later"));
     EXPECT_EQ(ran_.size(), 3U);

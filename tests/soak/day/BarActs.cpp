@@ -14,7 +14,7 @@ bool click(Day& day, int app, int count) {
     return tile.has_value();
 }
 
-/// The pointer stands on a tile, which is clicked only later.
+/// The pointer rests on a tile, which is clicked only later.
 bool holdTile(Day& day, int app, int count) {
     day.heldTile = day.tile(app, count);
     return day.heldTile.has_value();
@@ -34,7 +34,7 @@ bool openMenu(Day& day, int app, int count) {
     return true;
 }
 
-/// One of the lines that do something, counted round and round.
+/// Chooses one of the enabled items, cyclically.
 bool chooseLine(Day& day, int line, int) {
     std::erase_if(day.openMenu, [](const MenuItem& item) { return !item.action; });
     if (day.openMenu.empty()) return false;
@@ -45,7 +45,7 @@ bool chooseLine(Day& day, int line, int) {
     return true;
 }
 
-/// And the views hear of it.
+/// The views report it.
 bool movePointer(Day& day, int, int isOnBar) {
     if (!day.controller()) return false;
     const auto& bars = day.controller()->store().barFrames();
@@ -58,8 +58,8 @@ bool movePointer(Day& day, int, int isOnBar) {
     return true;
 }
 
-/// To the bottom, the middle or the top of a display; no view hears of it.
-bool movePointerUnheard(Day& day, int display, int height) {
+/// To the bottom, the middle or the top of a display, without a report from the views.
+bool movePointerSilently(Day& day, int display, int height) {
     const auto id = day.display(display);
     for (const auto& screen : day.mac.platform().screens.screens()) {
         if (screen.display != id) continue;
@@ -70,7 +70,7 @@ bool movePointerUnheard(Day& day, int display, int height) {
     return false;
 }
 
-/// Wherever the pointer is, in another program.
+/// Anywhere, in another program.
 bool releaseMouse(Day& day, int, int) {
     day.mac.click(day.mac.world().pointer);
     return true;
@@ -123,7 +123,7 @@ bool chooseStatus(Day& day, int, int isQuit) {
     return day.mac.statusBar.choose(isQuit ? "Quit Larkspan" : "Use Larkspan");
 }
 
-/// A start, or a second one.
+/// Starts the program, or starts it a second time.
 bool startProgram(Day& day, int, int) {
     day.stage.start();
     return true;
@@ -150,7 +150,7 @@ std::vector<Act> barActs() {
         {"openMenu", 14, Day::appCount, 6, openMenu},
         {"chooseLine", 14, 8, 1, chooseLine},
         {"movePointer", 20, 1, 2, movePointer},
-        {"movePointerUnheard", 12, 4, 3, movePointerUnheard},
+        {"movePointerSilently", 12, 4, 3, movePointerSilently},
         {"releaseMouse", 8, 1, 1, releaseMouse},
         {"pressKey", 6, 1, 2, pressKey},
         {"focusBar", 3, 1, 1, focusBar},
