@@ -138,7 +138,7 @@ void IconClick::bringForward(Clicked& clicked) {
     }
     if (clicked.answers) raiseMainWindow(clicked.pid);
     if (clicked.isHidden) applications_.unhide(clicked.pid);
-    store_.animator().lastActivation = {clicked.pid, scheduler_.uptime()};
+    store_.animator().activated(clicked.pid);
     // Opening the URL of a second copy would bring the first one forward.
     const auto& bundle = clicked.item.app->bundleIdentifier;
     const bool isSecondCopy = bundle && *bundle != clicked.item.id;
@@ -166,7 +166,7 @@ const std::vector<AppWindow>& IconClick::windowsOf(Clicked& clicked) const {
 
 /// The process that the bar has just activated.
 std::optional<ProcessId> IconClick::recentActivation() const {
-    const auto& activation = store_.animator().lastActivation;
+    const auto& activation = store_.animator().lastActivation();
     if (!activation || scheduler_.uptime() - activation->time >= activationWindow)
         return std::nullopt;
     return activation->pid;

@@ -159,7 +159,7 @@ bool ItemActions::setOpensAtLogin(const DockItem& item, bool opens) {
 
 void ItemActions::activate(ProcessId pid) {
     applications_.activate(pid);
-    store_.animator().lastActivation = {pid, scheduler_.uptime()};
+    store_.animator().activated(pid);
 }
 
 void ItemActions::makeMain(const AXElementRef& window) {

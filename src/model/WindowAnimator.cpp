@@ -68,7 +68,7 @@ bool WindowAnimator::show(ProcessId pid, const Rect& tileFrame) {
 
 void WindowAnimator::finishShow(ProcessId pid) {
     follow(pid, Phase::settling, settleLimit, [this, pid] { end(pid); }).expectsUnhide = true;
-    lastActivation = {pid, scheduler_.uptime()};
+    activated(pid);
     applications_.unhide(pid);
     applications_.activate(pid);
 }

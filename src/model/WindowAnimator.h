@@ -58,8 +58,10 @@ class WindowAnimator {
     /// The system reports that the app is not hidden any more.
     void unhidden(ProcessId pid);
 
+    /// The bar has activated the app.
+    void activated(ProcessId pid) { lastActivation_ = {pid, scheduler_.uptime()}; }
     /// The app that the bar activated last, and when.
-    std::optional<Activation> lastActivation;
+    const std::optional<Activation>& lastActivation() const { return lastActivation_; }
 
   private:
     struct Flight {
@@ -79,6 +81,7 @@ class WindowAnimator {
     Scheduler& scheduler_;
     ApplicationControl& applications_;
     WindowFlights& flights_;
+    std::optional<Activation> lastActivation_;
     std::map<ProcessId, Flight> inFlight_;
     /// The request for pictures that each one waits for; pictures of an earlier request are
     /// ignored.

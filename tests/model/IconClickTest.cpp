@@ -79,7 +79,7 @@ TEST_F(IconClickTest, BringsAnAppBehindOthersForward) {
     clickTile("notes");
     EXPECT_EQ(mac.frontmost(), notes);
     EXPECT_EQ(mac.world().windows.front().id, window);
-    EXPECT_EQ(animator.lastActivation->pid, notes);
+    EXPECT_EQ(animator.lastActivation()->pid, notes);
 }
 
 TEST_F(IconClickTest, SendsAwayOnAQuickSecondClickWhateverTheSystemReports) {

@@ -282,7 +282,7 @@ TEST_F(PolledRefresh, DropsAReadThatEndsDuringASlideAndReadsAnewAfterIt) {
     refresh->requestRead(false);
     settle();
     EXPECT_THAT(readLines(*this), IsEmpty());
-    mac.world().tell(WorkspaceEvent::Kind::activeSpaceDidChange);
+    mac.world().announce(WorkspaceEvent::Kind::activeSpaceDidChange);
     settle();
     EXPECT_THAT(readLines(*this), SizeIs(1));
 }
