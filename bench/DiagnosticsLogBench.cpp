@@ -1,5 +1,5 @@
-// What a line of the diagnostics costs whoever writes it, once the log is full and each new line
-// pushes out the oldest.
+// The cost of one line of the diagnostics when the log is full and each new line removes the
+// oldest.
 
 #include "adapters/sim/VirtualScheduler.h"
 #include "diagnostics/DiagnosticsLog.h"

@@ -1,6 +1,5 @@
-// What one event costs, from a window to the regrouped model, on the main thread. The figures
-// include what the simulated Mac itself needs to answer. All are processor time, so that a busy
-// machine does not blur them.
+// The cost of one event, from a window to the regrouped model, on the main thread. The figures
+// include the work of the simulated Mac. All are CPU times, which depend less on other programs.
 
 #include "model/ModelOnMac.h"
 #include "spaces/WindowReader.h"
@@ -20,8 +19,8 @@ double processorSeconds() {
     return static_cast<double>(std::clock()) / CLOCKS_PER_SEC;
 }
 
-/// A Mac of two displays with four Spaces each, that many windows spread over all of them, five to
-/// an app up to so many apps, and one app more that has no window yet.
+/// A Mac with two displays of four Spaces each, with that many windows on all of them, five for
+/// each app up to that many apps, and one more app without a window.
 struct Desktop : ModelOnMac {
     explicit Desktop(std::int64_t windows, bool announcesChanges = true,
                      std::int64_t mostApps = 200)
@@ -47,7 +46,7 @@ struct Desktop : ModelOnMac {
     ProcessId newcomer = 0;
 };
 
-/// A window opens or closes; its app goes from the background items to the groups or back.
+/// A window opens or closes; its app moves from the background items to the groups or back.
 void oneEvent(benchmark::State& state) {
     Desktop desktop(state.range(0));
     auto& mac = desktop.mac;
@@ -68,8 +67,8 @@ void oneEvent(benchmark::State& state) {
 }
 BENCHMARK(oneEvent)->Arg(50)->Arg(500)->Arg(5000)->UseManualTime()->Unit(benchmark::kMicrosecond);
 
-/// An hour in which every other second a window opens or closes; without those events it is an hour
-/// in which nobody touches the machine.
+/// An hour in which a window opens or closes every other second; without these events, an idle
+/// hour.
 void oneHour(benchmark::State& state, bool announcesChanges, bool isInUse) {
     constexpr int seconds = 3600;
     Desktop desktop(state.range(0), announcesChanges);
@@ -93,7 +92,7 @@ BENCHMARK_CAPTURE(oneHour, polledAndInUse, false, true)->Apply(sizes);
 BENCHMARK_CAPTURE(oneHour, announcedAndIdle, true, false)->Apply(sizes);
 BENCHMARK_CAPTURE(oneHour, announcedAndInUse, true, true)->Apply(sizes);
 
-/// The read alone, as it is made on the main thread where the platform reads at once.
+/// The read alone, on the main thread, as on a platform that reads at once.
 void readWindows(benchmark::State& state) {
     Desktop desktop(state.range(0));
     const WindowReader reader(desktop.platform.windowServer);
@@ -103,19 +102,19 @@ void readWindows(benchmark::State& state) {
 }
 BENCHMARK(readWindows)->Arg(50)->Arg(500)->Arg(5000)->Unit(benchmark::kMicrosecond);
 
-/// What of that the simulated window server needs.
+/// The simulated window server's part of it.
 void answerOfTheWindowServer(benchmark::State& state) {
     Desktop desktop(state.range(0));
     const auto& server = desktop.platform.windowServer;
     for (auto _ : state) {
         benchmark::DoNotOptimize(server.windowList(WindowListOption::excludeDesktopElements));
-        for (const auto& [space, display] : desktop.store.spaceMap->owners)
+        for (const auto& [space, display] : desktop.store.spaceMap()->owners)
             benchmark::DoNotOptimize(server.windowsOfSpace(space));
     }
 }
 BENCHMARK(answerOfTheWindowServer)->Arg(50)->Arg(500)->Arg(5000)->Unit(benchmark::kMicrosecond);
 
-/// Making the item lists anew from what is known.
+/// Rebuilds the item lists from the current state.
 void rebuild(benchmark::State& state) {
     Desktop desktop(state.range(0));
     for (auto _ : state)
@@ -131,7 +130,7 @@ void rebuildByApps(benchmark::State& state) {
 }
 BENCHMARK(rebuildByApps)->Arg(20)->Arg(200)->Arg(2000)->Unit(benchmark::kMicrosecond);
 
-/// Taking over a read in which nothing changed.
+/// Applies a read in which nothing changed.
 void applyWindowRead(benchmark::State& state) {
     Desktop desktop(state.range(0));
     const WindowReader reader(desktop.platform.windowServer);

@@ -1,5 +1,5 @@
-// What the Space map costs on a desk of 20 displays with 30 Spaces each, as the window server's
-// answers are written down here.
+// The cost of the Space map with 20 displays of 30 Spaces each, from recorded results of the window
+// server.
 
 #include "adapters/mac/PropertyView.h"
 #include "adapters/mac/decode/managedSpaces.h"
@@ -54,7 +54,7 @@ struct Desk {
     std::vector<Screen> screens;
 };
 
-/// By the number of windows on all Spaces together.
+/// By the number of windows on all Spaces.
 void readSpaces(benchmark::State& state) {
     const Desk desk(static_cast<WindowId>(state.range(0)));
     for (auto _ : state)
@@ -62,7 +62,7 @@ void readSpaces(benchmark::State& state) {
 }
 BENCHMARK(readSpaces)->Arg(0)->Arg(1000)->Arg(10'000)->Unit(benchmark::kMicrosecond);
 
-/// What a Mac does before.
+/// The step before that on a Mac.
 void decodeManagedDisplays(benchmark::State& state) {
     using Dictionary = PropertyValue::Dictionary;
     PropertyValue::Array displays;

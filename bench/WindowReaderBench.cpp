@@ -1,6 +1,5 @@
-// What it costs to make app windows of the window server's raw entries, on two displays with four
-// Spaces each. The window server answers what was written down; its answer is a copy, whose price
-// stands beside.
+// The cost of making app windows from the window server's raw entries, on two displays with four
+// Spaces each. The window server returns a copy of a recorded list, whose cost is measured too.
 
 #include "adapters/mac/PropertyView.h"
 #include "adapters/mac/decode/windowList.h"
@@ -17,8 +16,8 @@
 namespace larkspan {
 namespace {
 
-/// Of eight entries one lies above the apps, one is invisible, one is a palette and one has no
-/// bounds; half of the entries therefore count.
+/// Of eight entries, one is above the apps, one is invisible, one is a palette and one has no
+/// bounds, so half of the entries count.
 WindowListEntry rawEntry(int index) {
     WindowListEntry entry{.layer = index % 8 == 0 ? 25 : 0,
                           .ownerPID = 1000 + index % 200,
@@ -71,7 +70,7 @@ void rawAnswer(benchmark::State& state) {
 }
 BENCHMARK(rawAnswer)->Apply(sizes);
 
-/// The answer and the filter.
+/// The list and the filter.
 void listWindows(benchmark::State& state) {
     const RecordedDesktop desktop(static_cast<int>(state.range(0)));
     for (auto _ : state)
@@ -89,8 +88,8 @@ void readRecordedWindows(benchmark::State& state) {
 }
 BENCHMARK(readRecordedWindows)->Apply(sizes);
 
-/// What a Mac does before: entries of its dictionaries. (Here of a tree of our own, whose look-ups
-/// stand for the platform's.)
+/// The step before that on a Mac: the entries of its dictionaries. (Here from our own tree, whose
+/// look-ups take the place of the platform's.)
 void decodeWindowList(benchmark::State& state) {
     using Dictionary = PropertyValue::Dictionary;
     PropertyValue::Array entries;

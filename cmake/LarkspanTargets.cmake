@@ -1,4 +1,4 @@
-# What every target of the project has in common: strict warnings, sanitizers, ccache, and the include root src/.
+# Options of every target: strict warnings, sanitizers, ccache, and the include root src/.
 
 find_program(CCACHE ccache)
 if(CCACHE)
@@ -7,17 +7,17 @@ if(CCACHE)
 endif()
 
 function(larkspan_options target)
-    # A designated initialiser that leaves members at their defaults is how values are made here.
+    # Designated initialisers that leave members at their defaults are used everywhere.
     target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wconversion -Wshadow
         $<$<BOOL:${LARKSPAN_WERROR}>:-Werror> -Wno-missing-field-initializers $<$<COMPILE_LANGUAGE:OBJCXX>:-fobjc-arc>)
-    # In a unity build g++ takes every source for a header that others may include, too.
+    # In a unity build, g++ treats every source like a header.
     if(CMAKE_UNITY_BUILD AND CMAKE_CXX_COMPILER_ID STREQUAL GNU)
         target_compile_options(${target} PRIVATE -Wno-subobject-linkage)
     endif()
     if(LARKSPAN_SANITIZE)
         target_compile_options(${target} PRIVATE -fsanitize=${LARKSPAN_SANITIZE}
             -fno-sanitize-recover=all -fno-omit-frame-pointer
-            # g++ takes its own instrumentation for reads of what was never written.
+            # g++ reports its own instrumentation as reads of uninitialised values.
             -Wno-maybe-uninitialized)
         target_link_options(${target} PRIVATE -fsanitize=${LARKSPAN_SANITIZE})
     endif()
@@ -47,6 +47,22 @@ function(larkspan_library folder)
     endif()
 endfunction()
 
+# larkspan_views(target): compiles what the toolkit generated for the target's views in a target of its own, which is
+# not held to our warnings, and can be a unity build.
+function(larkspan_views target)
+    get_target_property(sources ${target} SOURCES)
+    set(generated ${sources})
+    list(FILTER generated INCLUDE REGEX "qmlcache|qmltyperegistrations")
+    list(FILTER sources EXCLUDE REGEX "qmlcache|qmltyperegistrations")
+    set_target_properties(${target} PROPERTIES SOURCES "${sources}")
+    add_library(${target}_views OBJECT ${generated})
+    target_compile_options(${target}_views PRIVATE -w)
+    target_include_directories(${target}_views PRIVATE $<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>)
+    target_compile_definitions(${target}_views PRIVATE $<TARGET_PROPERTY:${target},COMPILE_DEFINITIONS>)
+    target_link_libraries(${target}_views PRIVATE Qt6::Quick)
+    target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_views>)
+endfunction()
+
 # larkspan_test(name folder [DEPENDS targets…] [WHOLE]): one test program of every source directly inside
 # tests/<folder>. ctest runs its cases one by one, or with WHOLE the program as a single test (for suites that
 # share an expensive fixture, such as an X server).
@@ -58,6 +74,8 @@ function(larkspan_test name folder)
     endif()
     add_executable(${name} ${sources})
     larkspan_options(${name})
+    # Half the time of an optimised test goes into its expectations.
+    target_compile_options(${name} PRIVATE ${LARKSPAN_TEST_FLAGS})
     target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
     target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} GTest::gmock GTest::gtest_main)
     if(ARG_WHOLE)

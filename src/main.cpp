@@ -10,7 +10,7 @@
 #include "ui/parts/AppearanceWatch.h"
 #include "ui/parts/Environment.h"
 #include "ui/parts/Views.h"
-#include "ui/permissions/PermissionsPanel.h"
+#include "ui/permissions/PermissionsWindow.h"
 #ifdef __APPLE__
 #include "adapters/mac/MacStart.h"
 #else
@@ -33,14 +33,13 @@
 namespace larkspan {
 namespace {
 
-constexpr int failed = 1;
-constexpr int refused = 2;
+constexpr int failed = static_cast<int>(ExitCode::failed);
 
 void print(std::FILE* stream, const std::string& text) {
     if (!text.empty()) std::fputs((text + '\n').c_str(), stream);
 }
 
-void complain(const std::string& line) {
+void printError(const std::string& line) {
     print(stderr, "larkspan: " + line);
 }
 
@@ -50,53 +49,52 @@ std::optional<ControlAnswer> ask(const std::string& instance,
     return line ? std::optional(ControlAnswer::fromLine(*line)) : std::nullopt;
 }
 
-/// Answers what the process ends with.
-int show(const std::optional<ControlAnswer>& answer) {
+ExitCode show(const std::optional<ControlAnswer>& answer) {
     if (!answer) {
-        complain("no running instance");
-        return failed;
+        printError("no running instance");
+        return ExitCode::failed;
     }
-    if (answer->code == 0)
+    if (answer->code == ExitCode::succeeded)
         print(stdout, answer->text);
     else
-        complain(answer->text);
+        printError(answer->text);
     return answer->code;
 }
 
-int request(const std::string& instance, const std::vector<std::string>& words) {
+ExitCode request(const std::string& instance, const std::vector<std::string>& words) {
     return show(ask(instance, words));
 }
 
-/// Why no file of that name can be written as a whole; absent when nothing is in the way.
-std::optional<std::string> whyNotWritten(const std::filesystem::path& file) {
+/// Why the file cannot be written or replaced; absent if it can be tried.
+std::optional<std::string> fileRefusalReason(const std::filesystem::path& file) {
     std::error_code error;
     const auto folder = file.has_parent_path() ? file.parent_path() : std::filesystem::path(".");
     if (!std::filesystem::is_directory(folder, error))
         return fmt::format("there is no folder {}", folder.string());
     // A device would be replaced instead of written to.
     if (std::filesystem::exists(file, error) && !std::filesystem::is_regular_file(file, error))
-        return fmt::format("{} is no ordinary file", file.string());
+        return fmt::format("{} is not a regular file", file.string());
     return std::nullopt;
 }
 
-/// Here and not by the running instance: the path is meant from the folder the command is given in.
-int saveLog(const std::string& instance, const std::string& file) {
+/// Written here and not by the running instance: the path is relative to our working directory.
+ExitCode saveLog(const std::string& instance, const std::string& file) {
     const auto answer = ask(instance, {"log"});
-    if (!answer || answer->code != 0) return show(answer);
-    auto complaint = whyNotWritten(file);
-    if (!complaint && !qt::WholeFile(file).write(answer->text + '\n'))
-        complaint = fmt::format("{} could not be written: {}", file, std::strerror(errno));
-    if (!complaint) return 0;
-    complain(*complaint);
-    return refused;
+    if (!answer || answer->code != ExitCode::succeeded) return show(answer);
+    auto error = fileRefusalReason(file);
+    if (!error && !qt::WholeFile(file).write(answer->text + '\n'))
+        error = fmt::format("cannot write {}: {}", file, std::strerror(errno));
+    if (!error) return ExitCode::succeeded;
+    printError(*error);
+    return ExitCode::rejected;
 }
 
-/// Lines about what does not work here: to the terminal at once, and to the diagnostics log as soon
-/// as there is one.
+/// Prints errors to the terminal at once, and writes them to the diagnostics log as soon as it
+/// exists.
 class Reports {
   public:
     void operator()(const std::string& line) {
-        complain(line);
+        printError(line);
         if (log_)
             log_->write("app", line);
         else
@@ -107,7 +105,7 @@ class Reports {
         for (const auto& line : early_)
             log.write("app", line);
     }
-    /// Before the log ends.
+    /// Call before the log is destroyed.
     void detach() { log_ = nullptr; }
 
   private:
@@ -126,31 +124,31 @@ Handle logToTerminal(DiagnosticsLog& log) {
     });
 }
 
-/// The bar on this desktop, from its first moment to its last.
+/// The bar on this desktop, from start to end.
 class Program {
   public:
     Program(const DesktopStart& start, bool isLogged)
         : start_(start)
         , isLogged_(isLogged) {}
 
-    /// Answers what the process ends with.
+    /// Returns the exit code of the process.
     int run() {
         const std::string name = start_.instanceName();
         const auto listening = qt::ControlSocket::listen(
             name, [this](const std::string& line, qt::ControlSocket::Reply reply) {
                 answer(line, std::move(reply));
             });
-        // Another start was quicker by a moment.
-        if (listening.isTaken) return request(name, {"reopen"});
-        if (!listening.socket) reports_("commands cannot reach this bar: " + listening.failure);
+        // Another process has just started as the bar.
+        if (listening.isTaken) return static_cast<int>(request(name, {"reopen"}));
+        if (!listening.socket) reports_("cannot receive commands: " + listening.failure);
 
         const auto opened = start_.open(scheduler_, callbacks());
-        if (const auto* complaint = std::get_if<std::string>(&opened)) {
-            print(stderr, *complaint);
+        if (const auto* error = std::get_if<std::string>(&opened)) {
+            print(stderr, *error);
             return failed;
         }
         const int code = runOn(*std::get<std::unique_ptr<Desktop>>(opened));
-        // A read may still be asking the desktop, which goes next.
+        // A read may still be using the desktop, which is destroyed next.
         scheduler_.endQueues();
         return code;
     }
@@ -180,8 +178,8 @@ class Program {
                                                         desktop.panelDressing(),
                                                         desktop.desktopPicture());
         });
-        const ui::PermissionsPanel permissions(delegate.controller().permissions(), views,
-                                               appearance);
+        const ui::PermissionsWindow permissions(delegate.controller().permissions(), views,
+                                                appearance);
         auto& log = delegate.controller().log();
         const Handle logging = isLogged_ ? logToTerminal(log) : Handle();
         reports_.attach(log);
@@ -194,11 +192,12 @@ class Program {
         return code;
     }
 
-    /// Requests are taken from the run loop only, so there is a control by then; but for those that
-    /// come while the program ends.
+    /// Requests arrive from the run loop only, so the control exists, except while the program
+    /// ends.
     void answer(const std::string& line, qt::ControlSocket::Reply reply) {
         if (!control_)
-            return reply(ControlAnswer{failed, "the running instance is ending"}.toLine());
+            return reply(
+                ControlAnswer{ExitCode::failed, "the running instance is quitting"}.toLine());
         control_->answerLine(line, std::move(reply));
     }
 
@@ -210,12 +209,13 @@ class Program {
 };
 
 int runOnDesktop(const DesktopStart& desktop, bool isLogged, int& argc, char** argv) {
-    if (const auto complaint = desktop.complaint()) {
-        complain(*complaint);
+    if (const auto reason = desktop.unavailableReason()) {
+        printError(*reason);
         return failed;
     }
-    // A second start is a re-open of the first, known before anything is loaded.
-    if (const auto answer = ask(desktop.instanceName(), {"reopen"})) return answer->code;
+    // A second start reopens the first; check before anything is loaded.
+    if (const auto answer = ask(desktop.instanceName(), {"reopen"}))
+        return static_cast<int>(answer->code);
     ui::prepareEnvironment();
     QGuiApplication::setQuitOnLastWindowClosed(false);
     const QGuiApplication application(argc, argv);
@@ -225,12 +225,12 @@ int runOnDesktop(const DesktopStart& desktop, bool isLogged, int& argc, char** a
     return Program(desktop, isLogged).run();
 }
 
-/// The bar on a simulated Mac: in a window, or without one in virtual time.
+/// The bar on a simulated Mac: in a window, or without one and in virtual time.
 int simulate(const CommandLine& line, const DesktopStart& desktop, int& argc, char** argv) {
     const bool hasWindow = line.action == CommandLine::Action::demo;
     if (hasWindow) {
-        if (const auto complaint = desktop.complaint()) {
-            complain(*complaint);
+        if (const auto reason = desktop.unavailableReason()) {
+            printError(*reason);
             return failed;
         }
     } else {
@@ -240,7 +240,7 @@ int simulate(const CommandLine& line, const DesktopStart& desktop, int& argc, ch
     const QGuiApplication application(argc, argv);
     QGuiApplication::setApplicationName("larkspan");
     if (hasWindow) return ui::runDemo(line.scenario);
-    return ui::runScenario(line.scenario, line.picturesFolder, line.stateFile);
+    return static_cast<int>(ui::runScenario(line.scenario, line.picturesFolder, line.stateFile));
 }
 
 int perform(const CommandLine& line, const DesktopStart& desktop, int& argc, char** argv) {
@@ -250,17 +250,17 @@ int perform(const CommandLine& line, const DesktopStart& desktop, int& argc, cha
         return runOnDesktop(desktop, line.isLogged, argc, argv);
     case Action::request:
         if (line.words.size() == 2 && line.words[0] == "log")
-            return saveLog(desktop.instanceName(), line.words[1]);
-        return request(desktop.instanceName(), line.words);
+            return static_cast<int>(saveLog(desktop.instanceName(), line.words[1]));
+        return static_cast<int>(request(desktop.instanceName(), line.words));
     case Action::help:
         std::fputs(helpText(), stdout);
         return 0;
     case Action::version:
         print(stdout, "larkspan " LARKSPAN_VERSION);
         return 0;
-    case Action::refuse:
-        complain(line.complaint);
-        return refused;
+    case Action::reject:
+        printError(line.error);
+        return static_cast<int>(ExitCode::rejected);
     case Action::demo:
     case Action::scenario:
         return simulate(line, desktop, argc, argv);

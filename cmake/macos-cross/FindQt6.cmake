@@ -1,5 +1,5 @@
-# The distribution's Qt: its headers and its tools (moc, rcc, the views' compiler) are the host's. Its libraries are
-# not a Mac's, so an empty library stands for each, and what is called in them stays open in the link.
+# The headers and the tools (moc, rcc, the QML compiler) come from the distribution's Qt. Its libraries are not for a Mac,
+# so each is replaced by an empty one, and its symbols stay undefined.
 file(GLOB folder /usr/lib/*/cmake/Qt6)
 if(NOT folder)
     message(FATAL_ERROR "Qt 6 is missing: scripts/setup macos installs it")
@@ -27,11 +27,11 @@ foreach(module IN ITEMS Core Gui Network DBus OpenGL Qml QmlModels Quick)
         foreach(configuration IN LISTS configurations)
             set_target_properties(Qt6::${module} PROPERTIES IMPORTED_LOCATION_${configuration} ${empty})
         endforeach()
-        # What counts when no build type is chosen.
+        # Used if no build type is chosen.
         set_target_properties(Qt6::${module} PROPERTIES IMPORTED_LOCATION ${empty})
     endif()
 endforeach()
-# It names a framework that newer SDKs lack; what Qt calls of OpenGL is not ours to link.
+# It links a framework that newer SDKs lack; we need not link what Qt uses of OpenGL.
 if(TARGET WrapOpenGL::WrapOpenGL)
     set_target_properties(WrapOpenGL::WrapOpenGL PROPERTIES INTERFACE_LINK_LIBRARIES "")
 endif()

@@ -1,4 +1,4 @@
-# The distribution's compiled library is not a Mac's, so its headers stand in for it.
+# The distribution's compiled library is not for a Mac, so its headers are used instead.
 include(DistributionHeaders)
 distribution_headers(fmt::fmt fmt)
 target_compile_definitions(fmt::fmt INTERFACE FMT_HEADER_ONLY=1)

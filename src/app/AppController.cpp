@@ -3,6 +3,7 @@
 #include "app/BarMenu.h"
 #include "dock/DockIconSize.h"
 #include "dock/DockProfile.h"
+#include "spaces/WindowPresence.h"
 
 #include <algorithm>
 #include <set>
@@ -16,10 +17,10 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
     , log_(platform.scheduler)
     , lostProcesses_(platform.scheduler, platform.workspace, log_)
     , switchLog_(platform.scheduler, platform.systemLog, platform.displayLink, platform.screens)
-    , settings_(platform.defaults)
+    , settings_(platform.defaults, hasIslands)
     , permissions_(platform.scheduler, platform.accessibility, platform.screenCapture,
                    platform.applications, platform.application)
-    , look_(platform.defaults, hasIslands)
+    , look_(settings_)
     , pointer_(platform.screens, platform.eventMonitors)
     , fullScreenWatcher_(platform.scheduler, platform.workspace, platform.screens,
                          platform.accessibility, log_)
@@ -31,7 +32,7 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
                platform.windowServer, platform.accessibility, platform.dockPreferences,
                platform.eventMonitors, log_)
     , trashWatch_(platform.scheduler, platform.trash,
-                  [this](bool isEmpty) { store_.isTrashEmpty.set(isEmpty); })
+                  [this](bool isEmpty) { store_.trashChanged(isEmpty); })
     , mover_(platform.scheduler, platform.windowServer)
     , actions_(store_, platform.scheduler, platform.workspace, platform.applications,
                platform.accessibility, platform.coreDock, platform.loginItems)
@@ -97,16 +98,24 @@ void AppController::followSpaceSwitches() {
     if (!swipes_.start()) log_.write("swipe", "could not listen for swipes");
     if (!platform_.windowServer.abilities().announcesChanges &&
         platform_.systemLog.isEnabled(SystemLog::Level::standard))
-        poll_ = std::make_unique<SpacePoll>(platform_.scheduler, platform_.windowServer, switchLog_,
-                                            [this] { return displayInUse(); });
+        pollSpaces();
 }
 
-/// The window server's name of the display with the front app's front window; empty when the front
-/// app has none.
+void AppController::pollSpaces() {
+    poll_ = std::make_unique<SpacePoll>(platform_.scheduler, platform_.windowServer, switchLog_,
+                                        displayInUse());
+    const auto follow = [this] { poll_->setDisplayInUse(displayInUse()); };
+    stamps_.push_back(store_.frontDisplays().observe(follow));
+    stamps_.push_back(store_.frontmostPID().observe(follow));
+    stamps_.push_back(platform_.screens.subscribe(follow));
+}
+
+/// The window server's name of the display with the frontmost app's front window; empty if that app
+/// has none.
 std::string AppController::displayInUse() const {
     for (const auto& screen : platform_.screens.screens()) {
-        const auto front = store_.frontDisplays->find(screen.display);
-        if (front != store_.frontDisplays->end() && front->second == *store_.frontmostPID)
+        const auto front = store_.frontDisplays()->find(screen.display);
+        if (front != store_.frontDisplays()->end() && front->second == *store_.frontmostPID())
             return screen.displayIdentifier;
     }
     return {};
@@ -142,7 +151,7 @@ void AppController::useVantrel() {
     if (!badges_)
         badges_.emplace(store_, platform_.scheduler, platform_.workspace, platform_.accessibility,
                         platform_.coreDock, platform_.notices, log_);
-    // Where every change is announced, the window list is no later than the app itself.
+    // If every change is announced, the window list is as current as the app itself.
     if (!platform_.windowServer.abilities().announcesChanges) fullScreenWatcher_.start();
     startFitting();
 }
@@ -168,9 +177,9 @@ void AppController::stop() {
 void AppController::shrinkDock() {
     const auto current = DockProfile::current(platform_.coreDock);
     if (!current) return;
-    // A profile that is still there is from a run that did not end well: the Dock of now is already
-    // the shrunken one, and the saved one is the user's own. What is not safe from a kill before
-    // the first change could not be given back, and is left alone.
+    // An existing profile is from a run that crashed: the Dock is still shrunk, and the profile has
+    // the user's settings. Settings that could not be stored before the first change could not be
+    // restored after a kill, so then the Dock is not changed.
     if (!DockProfile::saved(platform_.defaults) && !current->save(platform_.defaults)) {
         log_.write("dock", "the Dock's settings could not be saved; the Dock stays as it is");
         return;
@@ -190,7 +199,7 @@ void AppController::giveDockBack() {
 
 void AppController::startFitting() {
     fitting_.reset();
-    // What cannot be read or is not saved could not be given back.
+    // Settings that cannot be read or are not saved could not be restored.
     const auto& dock = platform_.coreDock;
     if (!DockProfile::current(dock) || !DockProfile::saved(platform_.defaults)) return;
     if (const auto why = whyNoResize(dock)) {
@@ -216,7 +225,7 @@ BarController& AppController::makeBars() {
         bars_ = std::make_unique<BarController>(platform_.scheduler, store_, platform_.screens,
                                                 platform_.coreDock, makeInteraction, *barPanels_,
                                                 log_, wantedBarHeight());
-        bars_->fullScreenChanged(store_.fullScreen);
+        bars_->fullScreenChanged(store_.fullScreen());
         keyboardEntry_ = std::make_unique<KeyboardEntry>(platform_.scheduler, store_, *bars_, log_);
     }
     return *bars_;
@@ -228,18 +237,32 @@ bool AppController::focusBar() {
 
 void AppController::moveWindow(WindowId window, SpaceId space, WindowMover::Done done) {
     mover_.move({window}, space, [this, done = std::move(done)](WindowMover::Outcome outcome) {
-        // A cheaper read would miss a window that went from one Space out of view to another.
+        // A cheaper read would miss a window that moved between two Spaces out of view.
         if (outcome == WindowMover::Outcome::moved) refresh_.requestRead(true);
         done(outcome);
     });
 }
 
 void AppController::setBarHeight(std::optional<double> height) {
-    settings_.setBarHeight(height);
+    changeSetting(settings_.row("barHeight"), height);
+}
+
+/// The height also affects the Dock and its strip, so storing it is not enough.
+void AppController::followBarHeight() {
     if (mode_ != BarMode::vantrel || !bars_) return;
     platform_.dockStrip.hold(wantedBarHeight());
     bars_->setHeight(wantedBarHeight());
     startFitting();
+}
+
+SettingValue AppController::settingInEffect(const Setting& setting) const {
+    return look_.has(setting) ? look_.value(setting) : settings_.value(setting);
+}
+
+void AppController::changeSetting(const Setting& setting, const SettingValue& value) {
+    if (look_.has(setting)) return look_.set(setting, value);
+    settings_.set(setting, value);
+    if (setting.key == "barHeight") followBarHeight();
 }
 
 void AppController::showStatusItem() {
@@ -247,16 +270,54 @@ void AppController::showStatusItem() {
     const Menu menu{
         {.title = "Use Larkspan", .action = [this] { useVantrel(); }},
         MenuItem::separator(),
-        {.title = "Quit Larkspan", .action = [this] { platform_.application.terminate(); }},
+        {.title = "Quit Larkspan", .action = [this] { quit(); }},
     };
     statusItem_ = platform_.statusBar.show(
         {.symbol = "dock.rectangle", .accessibilityDescription = "Larkspan", .menu = menu});
 }
 
+bool AppController::opensAtLogin() const {
+    return platform_.loginItem.status() == LoginItem::Status::enabled;
+}
+
+void AppController::quit() {
+    platform_.application.terminate();
+}
+
+bool AppController::hasSystemDock() const {
+    return DockProfile::current(platform_.coreDock).has_value();
+}
+
+std::optional<std::string> AppController::heightRefusalReason() const {
+    // A higher bar would cover windows if the Dock under it cannot grow.
+    const auto why = whyNoResize(platform_.coreDock);
+    return why && hasSystemDock() ? std::optional<std::string>(*why) : std::nullopt;
+}
+
+bool AppController::isAccessibilityTrusted() const {
+    return platform_.accessibility.isProcessTrusted();
+}
+
+bool AppController::canCaptureScreen() const {
+    return platform_.screenCapture.preflightAccess();
+}
+
+std::optional<std::vector<AppWindow>> AppController::listedWindows(ProcessId pid,
+                                                                   float patience) const {
+    return WindowPresence::accessibilityWindows(platform_.accessibility, pid, patience);
+}
+
+std::vector<Screen> AppController::screens() const {
+    return platform_.screens.screens();
+}
+
+std::string AppController::description() const {
+    return platform_.application.description();
+}
+
 void AppController::toggleLoginItem() {
     auto& item = platform_.loginItem;
-    const bool isDone =
-        item.status() == LoginItem::Status::enabled ? item.unregisterItem() : item.registerItem();
+    const bool isDone = opensAtLogin() ? item.unregisterItem() : item.registerItem();
     if (!isDone) item.openSystemSettings();
 }
 

@@ -5,7 +5,7 @@
 namespace larkspan {
 namespace {
 
-/// A hung app must not hold up a click for longer than this; the system's own limit is 6 s.
+/// A hung app must not block a click for longer than this; the system's own limit is 6 s.
 constexpr float messagingTimeoutSeconds = 0.5F;
 
 } // namespace
@@ -16,7 +16,7 @@ AppDelegate::AppDelegate(const Platform& platform, AppController::MakeBarPanels 
     , controller_(platform, std::move(makeBarPanels), hasIslands) {}
 
 void AppDelegate::didFinishLaunching() {
-    // Set on the system-wide element it holds for every call of the program.
+    // If set on the system-wide element, it is valid for every call of the program.
     accessibility_.setMessagingTimeout(accessibility_.createSystemWide(), messagingTimeoutSeconds);
     controller_.log().write("app", "Larkspan started");
     controller_.start();

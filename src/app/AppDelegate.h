@@ -4,16 +4,15 @@
 
 namespace larkspan {
 
-/// The application's life, as the desktop tells it: one call for each of its moments. Main thread
-/// only.
+/// The application's life cycle, with one method for each of its events. Main thread only.
 class AppDelegate {
   public:
     AppDelegate(const Platform& platform, AppController::MakeBarPanels makeBarPanels,
                 bool hasIslands = true);
 
     void didFinishLaunching();
-    /// The program was launched again while it runs. False in every case: the desktop is left to
-    /// do what it does on its own.
+    /// The program was launched again while it runs. Always returns false: the desktop does nothing
+    /// else.
     bool shouldHandleReopen();
     void willTerminate();
 

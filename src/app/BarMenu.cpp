@@ -1,7 +1,6 @@
 #include "app/BarMenu.h"
 
 #include "app/AppController.h"
-#include "dock/DockProfile.h"
 #include "platform/CoreDock.h"
 #include "platform/LoginItem.h"
 
@@ -18,7 +17,7 @@ struct HeightStep {
     double points;
 };
 
-/// A bar of another height, set by hand, is none of these and checks none.
+/// A bar with another height, set by hand, checks none of these.
 constexpr std::array<HeightStep, 3> heightSteps{
     {{"Small", 56}, {"Medium", BarSettings::defaultBarHeight}, {"Large", 88}}};
 
@@ -38,33 +37,23 @@ MenuItem checked(std::string title, bool isChecked, std::function<void()> chosen
     return item;
 }
 
-template <typename Value>
-MenuItem choice(std::string title, Observed<Value>& property, Value value) {
-    return checked(std::move(title), *property == value,
-                   [&property, value] { property.set(value); });
-}
-
-void addLook(Menu& menu, BarLook& look) {
-    if (look.hasIslands()) {
-        menu.push_back(heading("Style"));
-        menu.push_back(choice("Bar", look.style, BarStyle::bar));
-        menu.push_back(choice("Island", look.style, BarStyle::island));
+void addChoices(Menu& menu, AppController& controller, const Setting& setting) {
+    // With a single choice, there is nothing to choose.
+    if (setting.choices.size() < 2) return;
+    menu.push_back(heading(std::string(setting.title)));
+    const auto current = controller.settingInEffect(setting);
+    for (const auto& choice : setting.choices) {
+        const PropertyValue value = std::string(choice.word);
+        menu.push_back(
+            checked(std::string(choice.title), current == value,
+                    [&controller, &setting, value] { controller.changeSetting(setting, value); }));
     }
-    menu.push_back(heading("Glass"));
-    menu.push_back(choice("Clear", look.glass, GlassKind::clear));
-    menu.push_back(choice("Frosted", look.glass, GlassKind::regular));
-}
-
-bool hasSystemDock(const CoreDock& dock) {
-    return DockProfile::current(dock).has_value();
 }
 
 void addHeights(Menu& menu, AppController& controller) {
-    menu.push_back(heading("Height"));
-    const auto& dock = controller.platform().coreDock;
-    // A higher bar would lie over windows when the Dock below cannot grow with it.
-    if (const auto why = whyNoResize(dock); why && hasSystemDock(dock)) {
-        menu.push_back({.title = std::string(*why), .isEnabled = false});
+    menu.push_back(heading(std::string(controller.settings().row("barHeight").title)));
+    if (const auto why = controller.heightRefusalReason()) {
+        menu.push_back({.title = *why, .isEnabled = false});
         return;
     }
     const auto current = controller.barHeight();
@@ -74,34 +63,35 @@ void addHeights(Menu& menu, AppController& controller) {
                     [&controller, points = step.points] { controller.setBarHeight(points); }));
 }
 
-void addParts(Menu& menu, BarLook& look) {
+void addParts(Menu& menu, AppController& controller) {
     menu.push_back(MenuItem::separator());
-    const bool showsTrash = *look.showsTrash;
-    menu.push_back(choice("Show Trash", look.showsTrash, !showsTrash));
-    menu.back().mark = showsTrash ? MenuItem::Mark::check : MenuItem::Mark::none;
-    menu.push_back(action("Reset appearance", [&look] { look.resetAppearance(); }));
+    const auto& trash = controller.settings().row("showsTrash");
+    const bool isShown = controller.settingInEffect(trash) == PropertyValue(true);
+    menu.push_back(checked(std::string(trash.title), isShown, [&controller, &trash, isShown] {
+        controller.changeSetting(trash, PropertyValue(!isShown));
+    }));
+    menu.push_back(
+        action("Reset appearance", [&controller] { controller.look().resetAppearance(); }));
 }
 
 void addProgram(Menu& menu, AppController& controller) {
     menu.push_back(MenuItem::separator());
-    const auto& platform = controller.platform();
-    menu.push_back(checked("Open Larkspan at login",
-                           platform.loginItem.status() == LoginItem::Status::enabled,
+    menu.push_back(checked("Open Larkspan at login", controller.opensAtLogin(),
                            [&controller] { controller.toggleLoginItem(); }));
-    // Where no Dock takes the bar's place, all that is left to say is that the bar goes.
-    menu.push_back(action(hasSystemDock(platform.coreDock) ? "Use the macOS Dock" : "Hide the bar",
+    // Without a Dock, the bar is just hidden.
+    menu.push_back(action(controller.hasSystemDock() ? "Use the macOS Dock" : "Hide the bar",
                           [&controller] { controller.useSystemDock(); }));
-    menu.push_back(
-        action("Quit Larkspan", [&controller] { controller.platform().application.terminate(); }));
+    menu.push_back(action("Quit Larkspan", [&controller] { controller.quit(); }));
 }
 
 } // namespace
 
 Menu barMenu(AppController& controller) {
     Menu menu;
-    addLook(menu, controller.look());
+    for (const auto* key : {"style", "glass"})
+        addChoices(menu, controller, controller.settings().row(key));
     addHeights(menu, controller);
-    addParts(menu, controller.look());
+    addParts(menu, controller);
     addProgram(menu, controller);
     return menu;
 }

@@ -214,9 +214,10 @@ void BarController::setShown(Bar& bar, bool isShown) {
 }
 
 void BarController::updateBarFrames() {
-    store_.barFrames.clear();
+    std::vector<Rect> frames;
     for (const auto& bar : bars_)
-        if (bar.isShown) store_.barFrames.push_back(bar.interaction->frame());
+        if (bar.isShown) frames.push_back(bar.interaction->frame());
+    store_.barFramesChanged(std::move(frames));
 }
 
 } // namespace larkspan

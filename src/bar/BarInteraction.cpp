@@ -7,7 +7,7 @@
 
 namespace larkspan {
 
-BarInteraction::BarInteraction(Scheduler& scheduler, DockStore& store, BarLook& look,
+BarInteraction::BarInteraction(Scheduler& scheduler, const DockStore& store, BarLook& look,
                                BarOverlay& overlay)
     : scheduler_(scheduler)
     , store_(store)
@@ -22,12 +22,12 @@ BarInteraction::~BarInteraction() {
 
 void BarInteraction::observe() {
     const auto refresh = [this] { refreshSoon(); };
-    const auto follow = [&](auto&... properties) {
+    const auto follow = [&](const auto&... properties) {
         (observations_.push_back(properties.observe(refresh)), ...);
     };
-    follow(store_.pinnedItems, store_.windowAppGroups, store_.backgroundItems, store_.frontmostPID,
-           store_.frontDisplays, store_.badges, store_.launchingIDs, store_.attentionIDs,
-           store_.isTrashEmpty);
+    follow(store_.pinnedItems(), store_.windowAppGroups(), store_.backgroundItems(),
+           store_.frontmostPID(), store_.frontDisplays(), store_.badges(), store_.launchingIDs(),
+           store_.attentionIDs(), store_.isTrashEmpty());
     follow(look_.showsTrash, look_.style, look_.islandRoundness, look_.islandInset,
            look_.islandPadding);
     observations_.push_back(overlay_.menuChosen.subscribe([this] { setKeyboard(false); }));
@@ -55,7 +55,7 @@ void BarInteraction::setShown(bool isShown) {
 
 /// The model sets several properties in one go; the bar follows once, at the end of the turn.
 void BarInteraction::refreshSoon() {
-    if (const auto animation = currentAnimation()) pendingAnimation_ = animation;
+    if (const auto animation = store_.animation()) pendingAnimation_ = animation;
     if (std::exchange(isRefreshPending_, true)) return;
     scheduler_.post([this, alive = std::weak_ptr(alive_)] {
         if (alive.lock()) catchUp();

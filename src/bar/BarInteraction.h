@@ -47,7 +47,8 @@ class BarInteraction {
   public:
     static constexpr int noTile = -1;
 
-    BarInteraction(Scheduler& scheduler, DockStore& store, BarLook& look, BarOverlay& overlay);
+    BarInteraction(Scheduler& scheduler, const DockStore& store, BarLook& look,
+                   BarOverlay& overlay);
     ~BarInteraction();
     BarInteraction(const BarInteraction&) = delete;
     BarInteraction& operator=(const BarInteraction&) = delete;
@@ -118,7 +119,7 @@ class BarInteraction {
     void updateLabel();
 
     Scheduler& scheduler_;
-    DockStore& store_;
+    const DockStore& store_;
     BarLook& look_;
     BarOverlay& overlay_;
     Screen screen_;

@@ -27,9 +27,9 @@ bool KeyboardEntry::begin() {
 
 /// The bar of the screen on which most of the front app's front window lies; else the first shown.
 const BarController::Bar* KeyboardEntry::barInUse() const {
-    const auto& windows = store_.latestWindows;
+    const auto& windows = store_.latestWindows();
     const auto window = std::find_if(windows.begin(), windows.end(), [this](const auto& each) {
-        return each.isOnScreen && each.pid == store_.frontmostPID.get();
+        return each.isOnScreen && each.pid == store_.frontmostPID().get();
     });
     const Rect work = window == windows.end() ? Rect{} : window->bounds;
     const BarController::Bar* best = nullptr;

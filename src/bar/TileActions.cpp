@@ -40,7 +40,7 @@ Menu TileActions::menu(const BarTile& tile, const Rect& frame) const {
 
 const DisplayGroup* TileActions::group(const AppTile& tile) const {
     if (!tile.slot) return nullptr;
-    const auto& groups = *store_.windowAppGroups;
+    const auto& groups = *store_.windowAppGroups();
     const auto found = std::ranges::find(groups, *tile.slot, &DisplayGroup::slot);
     return found == groups.end() ? nullptr : &*found;
 }

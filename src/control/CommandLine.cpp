@@ -8,16 +8,15 @@ namespace {
 
 using Action = CommandLine::Action;
 
-/// Reads one argument after the other.
 class Reader {
   public:
     explicit Reader(const std::vector<std::string>& arguments)
         : arguments_(arguments) {}
 
     CommandLine read() {
-        while (next_ < arguments_.size() && line_.action != Action::refuse)
+        while (next_ < arguments_.size() && line_.action != Action::reject)
             readOne(arguments_[next_++]);
-        if (line_.action != Action::refuse) check();
+        if (line_.action != Action::reject) check();
         return line_;
     }
 
@@ -39,7 +38,7 @@ class Reader {
         } else if (argument == "--state") {
             readOperand(argument, line_.stateFile);
         } else if (argument.starts_with("-")) {
-            refuse(fmt::format("unknown option {}", argument));
+            reject(fmt::format("unknown option {}", argument));
         } else {
             line_.action = Action::request;
             line_.words.assign(arguments_.begin() + static_cast<std::ptrdiff_t>(next_) - 1,
@@ -56,22 +55,22 @@ class Reader {
         if (hasOperand())
             operand = arguments_[next_++];
         else
-            refuse(fmt::format("{} needs a path", option));
+            reject(fmt::format("{} needs a path", option));
     }
 
     void check() {
         const bool asksForFiles = !line_.picturesFolder.empty() || !line_.stateFile.empty();
         if (isHeadless_ && line_.scenario.empty())
-            refuse("--headless needs --demo with a scenario");
+            reject("--headless needs --demo with a scenario");
         else if (asksForFiles && !isHeadless_)
-            refuse("--pictures and --state need --headless");
+            reject("--pictures and --state need --headless");
         else if (isHeadless_)
             line_.action = Action::scenario;
     }
 
-    void refuse(std::string complaint) {
-        line_.action = Action::refuse;
-        line_.complaint = std::move(complaint);
+    void reject(std::string error) {
+        line_.action = Action::reject;
+        line_.error = std::move(error);
     }
 
     const std::vector<std::string>& arguments_;
@@ -89,35 +88,35 @@ CommandLine parseCommandLine(const std::vector<std::string>& arguments) {
 const char* helpText() {
     return R"(Larkspan: a bar along the bottom edge of every screen.
 
-usage: larkspan [--log]                start the bar; when it runs already, bring it back
-       larkspan COMMAND [ARGUMENTS]    ask the running bar
+usage: larkspan [--log]                start the bar, or show it again if it already runs
+       larkspan COMMAND [ARGUMENTS]    send a command to the running bar
        larkspan --demo [FILE]          a simulated Mac in a window; FILE plays a scenario there
        larkspan --demo FILE --headless [--pictures FOLDER] [--state FILE]
                                        play a scenario without a window
 
 commands:
-  state                     what shows on the bars, as JSON
-  mode [vantrel|systemDock] which of the two modes is in use, or change it
+  state                     print what the bars show, as JSON
+  mode [bar|systemDock]     print the mode, or change it: the bar, or the system Dock instead
   click ID [--option] [--command] [--new-instance]
-                            a click on the item with that id, and what is held down with it
-  menu ID [LINE]            the lines of its menu as JSON, or choose one
+                            click the tile with that id, with these keys held
+  menu ID [LINE]            print the items of its menu as JSON, or choose one by title
   open ID FILE...           open files with the application
   move-window NUMBER SPACE  move a window to another Space; the state lists both
-  focus                     bring the keyboard onto the bar: arrows, Return, Escape
-  keep ID, remove ID        keep an app on the bar, or no longer
-  get [KEY]                 a setting, or all of them
+  focus                     use the bar by keyboard: arrows, Return, Escape
+  pin ID, unpin ID          pin an app to the bar, or unpin it
+  get [KEY]                 print a setting, or all of them
   set KEY VALUE             change a setting
-  reset-appearance          style, glass, blur, island shape and dot colors as they first were
-  log [FILE]                the diagnostics, or save them as a text file
-  reopen                    what starting the program again does
-  quit                      end the running bar
+  reset-appearance          reset style, glass, blur, island shape and dot colors
+  log [FILE]                print the diagnostics, or save them as a text file
+  reopen                    show the bar again, as starting the program again does
+  quit                      quit the running bar
 
 options:
-  --log      also write the diagnostics to the standard error stream
+  --log      write the diagnostics to the standard error stream as well
   --version  print the version
-  --help     print this
+  --help     print this help
 
-A command ends with 0 when it was done, 1 when no instance runs, 2 when it makes no sense.
+Exit codes: 0 done, 1 no instance is running, 2 invalid command or nothing done.
 )";
 }
 

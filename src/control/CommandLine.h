@@ -8,33 +8,33 @@ namespace larkspan {
 /// What the program was asked to do.
 struct CommandLine {
     enum class Action {
-        /// Be the bar of this desktop; a re-open of the instance that already is.
+        /// Run the bar of this desktop, or reopen the instance that already does.
         start,
         /// Send `words` to the running instance.
         request,
-        /// The simulated Mac in a window.
+        /// Show the simulated Mac in a window.
         demo,
-        /// The scenario in `scenario`, in virtual time and without a window.
+        /// Play the scenario in `scenario`, in virtual time and without a window.
         scenario,
         help,
         version,
-        /// Say `complaint` and end.
-        refuse,
+        /// Print `error` and exit.
+        reject,
     };
 
     Action action = Action::start;
     std::vector<std::string> words;
-    /// Path of a scenario; empty for the demo of one's own making.
+    /// Path of a scenario; empty for the built-in demo.
     std::string scenario;
-    /// Where a scenario's pictures and its final state go; empty for nowhere.
+    /// Where to write a scenario's pictures and its final state; empty for nowhere.
     std::string picturesFolder;
     std::string stateFile;
-    /// Diagnostics also go to the standard error stream.
+    /// Whether diagnostics also go to the standard error stream.
     bool isLogged = false;
-    std::string complaint;
+    std::string error;
 };
 
-/// `arguments` without the program's own name.
+/// `arguments` are those after the program's name.
 CommandLine parseCommandLine(const std::vector<std::string>& arguments);
 
 /// What `--help` prints.

@@ -4,9 +4,9 @@
 #include "bar/barTiles.h"
 #include "control/DiagnosticsReport.h"
 #include "control/MenuReport.h"
-#include "control/NamedSettings.h"
+#include "control/SettingsReport.h"
 #include "control/StateReport.h"
-#include "settings/RawValues.h"
+#include "settings/SettingValue.h"
 
 #include <algorithm>
 #include <charconv>
@@ -23,8 +23,6 @@ namespace {
 using nlohmann::json;
 using Words = std::vector<std::string>;
 
-constexpr int senseless = 2;
-
 /// A tile as it was found, with its frame on the screen; empty where it cannot be seen. A copy: a
 /// click may change the very lists that it was found in.
 struct FoundTile {
@@ -34,7 +32,7 @@ struct FoundTile {
 
 /// Before the first bars are needed: one of the tiles that the main display's bar would have.
 std::optional<FoundTile> findWithoutBars(AppController& controller, const TileName& name) {
-    const auto screens = controller.platform().screens.screens();
+    const auto screens = controller.screens();
     const DisplayId main = screens.empty() ? 0 : screens.front().display;
     auto tiles = barTiles(controller.store(), main, *controller.look().showsTrash);
     const auto place = name.bestOf(tiles, main);
@@ -51,7 +49,7 @@ std::optional<FoundTile> findTile(AppController& controller, const TileName& nam
                      bar.isShown() ? bar.frameOfTile(found->tile) : Rect{}};
 }
 
-/// Answers whether the word is one.
+/// Returns false if the word is not a modifier.
 bool addModifier(ClickModifiers& modifiers, std::string_view word) {
     if (word == "--option") return modifiers.option = true;
     if (word == "--command") return modifiers.command = true;
@@ -61,8 +59,18 @@ bool addModifier(ClickModifiers& modifiers, std::string_view word) {
 
 ControlAnswer noSuchItem(const TileName& name) {
     const bool isPlaced = name.display || name.space;
-    return {senseless, fmt::format("there is no item {} {}", name.id,
-                                   isPlaced ? "in such a group" : "on the bar")};
+    return {ExitCode::rejected, fmt::format("there is no item {} {}", name.id,
+                                            isPlaced ? "in such a group" : "on the bar")};
+}
+
+/// The setting that a person may see and change under that key; nullptr when there is none.
+const Setting* findOffered(const AppController& controller, std::string_view key) {
+    const auto* setting = findSetting(controller.settings().table(), key);
+    return setting && setting->isOffered() ? setting : nullptr;
+}
+
+ControlAnswer noSuchSetting(const std::string& key) {
+    return {ExitCode::rejected, fmt::format("there is no setting named {}", key)};
 }
 
 /// A whole number as people write it: tools of the X server give those of windows as 0x1400003.
@@ -94,42 +102,43 @@ std::variant<TileName, std::string> takeTileName(Words& words) {
     return name;
 }
 
-/// Why the window cannot go to the Space; absent when it may be asked for. What is in full screen
-/// stays where it is, which would look as if no window could be moved.
-std::optional<std::string> whyItStays(const AppController& controller, WindowId window,
-                                      SpaceId space) {
+/// Why the window cannot be moved to the Space; absent if it can be tried. A window in full screen
+/// is not tried: it would stay, and look as if the system ignored all moves.
+std::optional<std::string> moveRefusalReason(const AppController& controller, WindowId window,
+                                             SpaceId space) {
     const auto& store = controller.store();
-    if (!store.spaceMap || !controller.canMoveWindows())
+    if (!store.spaceMap() || !controller.canMoveWindows())
         return "windows cannot be moved between Spaces here";
-    const auto& map = *store.spaceMap;
+    const auto& map = *store.spaceMap();
     const auto isFullScreen = [&](SpaceId each) { return map.fullScreen.contains(each); };
     const auto spaces = map.windowSpaces.find(window);
     if (spaces == map.windowSpaces.end() ||
-        std::ranges::find(store.latestWindows, window, &WindowInfo::id) ==
-            store.latestWindows.end())
-        return fmt::format("no Space has a window {} (a minimised or hidden one is on none)",
-                           window);
+        std::ranges::find(store.latestWindows(), window, &WindowInfo::id) ==
+            store.latestWindows().end())
+        return fmt::format(
+            "no Space has a window {} (minimised and hidden windows are on no Space)", window);
     if (!map.owners.contains(space)) return fmt::format("there is no Space {}", space);
-    if (isFullScreen(space)) return fmt::format("Space {} is a full-screen window's own", space);
+    if (isFullScreen(space)) return fmt::format("Space {} belongs to a full-screen window", space);
     if (std::ranges::any_of(spaces->second, isFullScreen))
         return fmt::format("window {} is in full screen", window);
     return std::nullopt;
 }
 
-ControlAnswer answerFor(WindowMover::Outcome outcome, WindowId window, SpaceId space) {
+ControlAnswer moveReply(WindowMover::Outcome outcome, WindowId window, SpaceId space) {
     switch (outcome) {
     case WindowMover::Outcome::moved:
         return {};
     case WindowMover::Outcome::refused:
-        return {senseless, fmt::format("window {} cannot be moved to Space {}", window, space)};
+        return {ExitCode::rejected,
+                fmt::format("window {} cannot be moved to Space {}", window, space)};
     case WindowMover::Outcome::stayed:
         break;
     }
-    return {senseless, fmt::format("window {} did not move to Space {}", window, space)};
+    return {ExitCode::rejected, fmt::format("window {} did not move to Space {}", window, space)};
 }
 
 std::string dump(const json& value, int indent) {
-    // Titles and names may hold bytes that are no UTF-8.
+    // Titles and names may contain invalid UTF-8.
     return value.dump(indent, ' ', false, json::error_handler_t::replace);
 }
 
@@ -148,7 +157,7 @@ std::optional<Words> parseWords(std::string_view line) {
 
 struct Control::Command {
     std::string_view name;
-    /// Its arguments as the help writes them; words in brackets may be left out.
+    /// Its arguments as the help shows them; those in brackets are optional.
     std::string_view usage;
     std::size_t fewest;
     std::size_t most;
@@ -158,7 +167,7 @@ struct Control::Command {
 const std::vector<Control::Command>& Control::commands() {
     static const std::vector<Command> all{
         {"state", "", 0, 0, &Control::state},
-        {"mode", "[vantrel|systemDock]", 0, 1, &Control::mode},
+        {"mode", "[bar|systemDock]", 0, 1, &Control::mode},
         {"click", "ID [--option] [--command] [--new-instance] [--display N] [--space N]", 1, 8,
          &Control::click},
         {"menu", "ID [LINE] [--display N] [--space N]", 1, 6, &Control::menu},
@@ -168,8 +177,8 @@ const std::vector<Control::Command>& Control::commands() {
         {"get", "[KEY]", 0, 1, &Control::get},
         {"set", "KEY VALUE", 2, 2, &Control::set},
         {"reset-appearance", "", 0, 0, &Control::resetAppearance},
-        {"keep", "ID", 1, 1, &Control::keep},
-        {"remove", "ID", 1, 1, &Control::remove},
+        {"pin", "ID", 1, 1, &Control::pin},
+        {"unpin", "ID", 1, 1, &Control::unpin},
         {"log", "[FILE]", 0, 0, &Control::log},
         {"reopen", "", 0, 0, &Control::reopen},
         {"quit", "", 0, 0, &Control::quit},
@@ -178,7 +187,7 @@ const std::vector<Control::Command>& Control::commands() {
 }
 
 std::string ControlAnswer::toLine() const {
-    return dump({{"code", code}, {"text", text}}, -1);
+    return dump({{"code", static_cast<int>(code)}, {"text", text}}, -1);
 }
 
 ControlAnswer ControlAnswer::fromLine(std::string_view line) {
@@ -186,8 +195,8 @@ ControlAnswer ControlAnswer::fromLine(std::string_view line) {
     const bool isAnswer = answer.is_object() && answer.contains("code") &&
                           answer["code"].is_number_integer() && answer.contains("text") &&
                           answer["text"].is_string();
-    if (!isAnswer) return {1, "the running instance gave no answer"};
-    return {answer["code"].get<int>(), answer["text"].get<std::string>()};
+    if (!isAnswer) return {ExitCode::failed, "the running instance sent no valid reply"};
+    return {static_cast<ExitCode>(answer["code"].get<int>()), answer["text"].get<std::string>()};
 }
 
 std::string Control::requestLine(const Words& words) {
@@ -196,50 +205,54 @@ std::string Control::requestLine(const Words& words) {
 
 void Control::answerLine(std::string_view line, std::function<void(std::string)> reply) {
     const auto words = parseWords(line);
-    if (!words) return reply(ControlAnswer{senseless, "a request is a list of words"}.toLine());
+    if (!words)
+        return reply(ControlAnswer{ExitCode::rejected, "a request must be a JSON array of strings"}
+                         .toLine());
     answer(*words,
            [reply = std::move(reply)](const ControlAnswer& given) { reply(given.toLine()); });
 }
 
 void Control::answer(const Words& words, const Reply& reply) {
-    if (words.empty()) return reply({senseless, "a request names a command"});
+    if (words.empty()) return reply({ExitCode::rejected, "a request must name a command"});
     for (const auto& command : commands()) {
         if (command.name != words.front()) continue;
         const Words arguments(words.begin() + 1, words.end());
         if (arguments.size() < command.fewest || arguments.size() > command.most)
-            return reply(
-                {senseless, fmt::format("usage: larkspan {} {}", command.name, command.usage)});
+            return reply({ExitCode::rejected,
+                          fmt::format("usage: larkspan {} {}", command.name, command.usage)});
         return (this->*command.run)(arguments, reply);
     }
-    reply({senseless, fmt::format("there is no command {}", words.front())});
+    reply({ExitCode::rejected, fmt::format("unknown command {}", words.front())});
 }
 
 void Control::state(const Words&, const Reply& reply) {
-    reply({0, dump(stateReport(controller_), 2)});
+    reply({ExitCode::succeeded, dump(stateReport(controller_), 2)});
 }
 
 void Control::mode(const Words& words, const Reply& reply) {
-    if (words.empty()) return reply({0, std::string(rawValue(controller_.mode()))});
-    const auto mode = fromRawValue<BarMode>(words[0]);
-    if (!mode) return reply({senseless, "mode is vantrel or systemDock"});
-    if (*mode == BarMode::vantrel)
+    if (words.empty())
+        return reply({ExitCode::succeeded, std::string(rawValue(controller_.mode()))});
+    if (words[0] == "bar" || words[0] == rawValue(BarMode::vantrel))
         controller_.useVantrel();
-    else
+    else if (words[0] == rawValue(BarMode::systemDock))
         controller_.useSystemDock();
+    else
+        return reply({ExitCode::rejected, "the mode must be bar or systemDock"});
     reply({});
 }
 
 void Control::click(const Words& words, const Reply& reply) {
     Words options = words;
     const auto named = takeTileName(options);
-    if (const auto* error = std::get_if<std::string>(&named)) return reply({senseless, *error});
+    if (const auto* error = std::get_if<std::string>(&named))
+        return reply({ExitCode::rejected, *error});
     const auto& name = std::get<TileName>(named);
     const auto found = findTile(controller_, name);
     if (!found) return reply(noSuchItem(name));
     ClickModifiers modifiers;
     for (const auto& word : options)
         if (!addModifier(modifiers, word))
-            return reply({senseless, fmt::format("a click has no option {}", word)});
+            return reply({ExitCode::rejected, fmt::format("a click has no option {}", word)});
     controller_.tileActions().click(found->tile, found->frame, modifiers);
     reply({});
 }
@@ -247,17 +260,18 @@ void Control::click(const Words& words, const Reply& reply) {
 void Control::menu(const Words& words, const Reply& reply) {
     Words lines = words;
     const auto named = takeTileName(lines);
-    if (const auto* error = std::get_if<std::string>(&named)) return reply({senseless, *error});
+    if (const auto* error = std::get_if<std::string>(&named))
+        return reply({ExitCode::rejected, *error});
     const auto& name = std::get<TileName>(named);
     const auto found = findTile(controller_, name);
     if (!found) return reply(noSuchItem(name));
-    if (lines.size() > 1) return reply({senseless, "a menu has one line of a title"});
+    if (lines.size() > 1) return reply({ExitCode::rejected, "a menu has one line of a title"});
     const Menu menu = controller_.tileActions().menu(found->tile, found->frame);
-    if (lines.empty()) return reply({0, dump(menuReport(menu), 2)});
+    if (lines.empty()) return reply({ExitCode::succeeded, dump(menuReport(menu), 2)});
     const auto* line = findLine(menu, lines[0]);
-    if (!line) return reply({senseless, fmt::format("the menu has no \"{}\"", lines[0])});
+    if (!line) return reply({ExitCode::rejected, fmt::format("the menu has no \"{}\"", lines[0])});
     if (!line->isEnabled || !line->action)
-        return reply({senseless, fmt::format("\"{}\" is not enabled", lines[0])});
+        return reply({ExitCode::rejected, fmt::format("\"{}\" is not enabled", lines[0])});
     line->action();
     reply({});
 }
@@ -265,43 +279,53 @@ void Control::menu(const Words& words, const Reply& reply) {
 void Control::open(const Words& words, const Reply& reply) {
     const auto item = controller_.store().makePinnedItem(words[0]);
     if (!item || !item->url)
-        return reply({senseless, fmt::format("there is no application {}", words[0])});
+        return reply({ExitCode::rejected, fmt::format("there is no application {}", words[0])});
     const Words files(words.begin() + 1, words.end());
     for (const auto& file : files)
-        // The running instance is in another folder than whoever asks.
+        // The running instance has another working directory than the sender.
         if (!file.starts_with('/') && file.find(':') == std::string::npos)
-            return reply({senseless, fmt::format("{} is no whole path and no address", file)});
+            return reply(
+                {ExitCode::rejected, fmt::format("{} must be an absolute path or a URL", file)});
     if (controller_.actions().openFiles(files, *item)) return reply({});
-    reply({senseless, fmt::format("{} could not be opened", item->name)});
+    reply({ExitCode::rejected, fmt::format("{} could not be opened", item->name)});
 }
 
 void Control::moveWindow(const Words& words, const Reply& reply) {
     const auto window = wholeNumber<WindowId>(words[0]);
     const auto space = wholeNumber<SpaceId>(words[1]);
-    if (!window || !space) return reply({senseless, "a window and a Space are whole numbers"});
-    if (const auto why = whyItStays(controller_, *window, *space)) return reply({senseless, *why});
+    if (!window || !space)
+        return reply({ExitCode::rejected, "the window and the Space must be whole numbers"});
+    if (const auto reason = moveRefusalReason(controller_, *window, *space))
+        return reply({ExitCode::rejected, *reason});
     controller_.moveWindow(*window, *space,
                            [reply, window = *window, space = *space](WindowMover::Outcome outcome) {
-                               reply(answerFor(outcome, window, space));
+                               reply(moveReply(outcome, window, space));
                            });
 }
 
 void Control::focus(const Words&, const Reply& reply) {
     if (!controller_.focusBar())
-        return reply({senseless, "no bar is shown that could take the keyboard"});
+        return reply({ExitCode::rejected, "no bar is shown that could take the keyboard focus"});
     reply({});
 }
 
 void Control::get(const Words& words, const Reply& reply) {
-    if (words.empty()) return reply({0, dump(allSettings(controller_), 2)});
-    const auto value = namedSetting(controller_, words[0]);
-    if (!value) return reply({senseless, fmt::format("there is no setting named {}", words[0])});
-    reply({0, value->is_string() ? value->get<std::string>() : dump(*value, -1)});
+    if (words.empty()) return reply({ExitCode::succeeded, dump(settingsReport(controller_), 2)});
+    const auto* setting = findOffered(controller_, words[0]);
+    if (!setting) return reply(noSuchSetting(words[0]));
+    const auto value = settingReport(controller_, *setting);
+    reply({ExitCode::succeeded, value.is_string() ? value.get<std::string>() : dump(value, -1)});
 }
 
 void Control::set(const Words& words, const Reply& reply) {
-    const auto complaint = setNamedSetting(controller_, words[0], words[1]);
-    reply(complaint ? ControlAnswer{senseless, *complaint} : ControlAnswer{});
+    const auto* setting = findOffered(controller_, words[0]);
+    if (!setting) return reply(noSuchSetting(words[0]));
+    const auto value = parseSetting(*setting, words[1]);
+    if (!value)
+        return reply(
+            {ExitCode::rejected, fmt::format("{} must be {}", words[0], acceptedText(*setting))});
+    controller_.changeSetting(*setting, *value);
+    reply({});
 }
 
 void Control::resetAppearance(const Words&, const Reply& reply) {
@@ -309,20 +333,22 @@ void Control::resetAppearance(const Words&, const Reply& reply) {
     reply({});
 }
 
-void Control::keep(const Words& words, const Reply& reply) {
+void Control::pin(const Words& words, const Reply& reply) {
     if (controller_.actions().keep(words[0])) return reply({});
-    reply({senseless, fmt::format("there is no application {}", words[0])});
+    reply({ExitCode::rejected, fmt::format("there is no application {}", words[0])});
 }
 
-void Control::remove(const Words& words, const Reply& reply) {
-    if (words[0] == finderIdentifier) return reply({senseless, "Finder always stays on the bar"});
+void Control::unpin(const Words& words, const Reply& reply) {
+    if (words[0] == finderIdentifier)
+        return reply({ExitCode::rejected, "the Finder cannot be unpinned"});
     if (controller_.actions().remove(words[0])) return reply({});
-    reply({senseless, fmt::format("{} is not kept on the bar", words[0])});
+    reply({ExitCode::rejected, fmt::format("{} is not pinned", words[0])});
 }
 
-/// Into a file it is written by whoever asks: the running instance is in another folder.
+/// With a file name, the sender writes the file: the running instance has another working
+/// directory.
 void Control::log(const Words&, const Reply& reply) {
-    reply({0, diagnosticsReport(controller_)});
+    reply({ExitCode::succeeded, diagnosticsReport(controller_)});
 }
 
 void Control::reopen(const Words&, const Reply& reply) {
@@ -331,7 +357,7 @@ void Control::reopen(const Words&, const Reply& reply) {
 }
 
 void Control::quit(const Words&, const Reply& reply) {
-    controller_.platform().application.terminate();
+    controller_.quit();
     reply({});
 }
 

@@ -1,6 +1,7 @@
 #pragma once
 
 #include "app/AppDelegate.h"
+#include "control/ExitCode.h"
 
 #include <functional>
 #include <nlohmann/json_fwd.hpp>
@@ -10,21 +11,20 @@
 
 namespace larkspan {
 
-/// What one request to the running instance came to.
+/// The reply to one request.
 struct ControlAnswer {
-    /// What the command line ends with: 0 done, 2 the request makes no sense.
-    int code = 0;
-    /// For the standard output, or with a code other than 0 for the standard error stream.
+    ExitCode code = ExitCode::succeeded;
+    /// For the standard output if the request succeeded, otherwise for the standard error stream.
     std::string text;
 
     bool operator==(const ControlAnswer&) const = default;
 
     std::string toLine() const;
-    /// A line that is no answer reads as a failure that says so.
+    /// An invalid line gives a failure with a text that says so.
     static ControlAnswer fromLine(std::string_view line);
 };
 
-/// Answers the requests that reach the running instance from the command line and from scripts; see
+/// Handles the requests that the command line and scripts send to the running instance; see
 /// docs/control.md. Main thread only.
 class Control {
   public:
@@ -32,15 +32,15 @@ class Control {
         : delegate_(delegate)
         , controller_(delegate.controller()) {}
 
-    /// Told once: at once, or for what takes its time within a second. Never when the program ends
-    /// before.
+    /// Called once: at once, or within a second for a command that takes time. Not called if the
+    /// program ends first.
     using Reply = std::function<void(const ControlAnswer&)>;
 
     /// One line in, one line out.
     void answerLine(std::string_view line, std::function<void(std::string)> reply);
     void answer(const std::vector<std::string>& words, const Reply& reply);
 
-    /// The words of a request as the line that carries them.
+    /// The line that sends this request.
     static std::string requestLine(const std::vector<std::string>& words);
 
   private:
@@ -57,8 +57,8 @@ class Control {
     void get(const std::vector<std::string>& words, const Reply& reply);
     void set(const std::vector<std::string>& words, const Reply& reply);
     void resetAppearance(const std::vector<std::string>& words, const Reply& reply);
-    void keep(const std::vector<std::string>& words, const Reply& reply);
-    void remove(const std::vector<std::string>& words, const Reply& reply);
+    void pin(const std::vector<std::string>& words, const Reply& reply);
+    void unpin(const std::vector<std::string>& words, const Reply& reply);
     void log(const std::vector<std::string>& words, const Reply& reply);
     void reopen(const std::vector<std::string>& words, const Reply& reply);
     void quit(const std::vector<std::string>& words, const Reply& reply);

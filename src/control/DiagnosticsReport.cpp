@@ -1,7 +1,6 @@
 #include "control/DiagnosticsReport.h"
 
 #include "app/AppController.h"
-#include "settings/RawValues.h"
 
 #include <chrono>
 #include <fmt/format.h>
@@ -35,19 +34,18 @@ std::string_view granted(bool isGranted) {
 } // namespace
 
 std::string diagnosticsReport(const AppController& controller) {
-    const auto& platform = controller.platform();
     const auto& lines = controller.log().lines();
-    std::string text = fmt::format("{}\n", platform.application.description());
+    std::string text = fmt::format("{}\n", controller.description());
     const auto out = std::back_inserter(text);
-    fmt::format_to(out, "saved: {}\n", timeText(platform.scheduler.wallClock()));
+    fmt::format_to(out, "saved: {}\n", timeText(controller.log().now()));
     fmt::format_to(out, "mode: {}\n", rawValue(controller.mode()));
-    for (const auto& screen : platform.screens.screens())
+    for (const auto& screen : controller.screens())
         fmt::format_to(out, "screen {} \"{}\": {}, for windows {}, scale {}\n", screen.display,
                        screen.displayIdentifier, frameText(screen.frame),
                        frameText(screen.visibleFrame), screen.scale);
     fmt::format_to(out, "accessibility: {}, screen recording: {}\n",
-                   granted(platform.accessibility.isProcessTrusted()),
-                   granted(platform.screenCapture.preflightAccess()));
+                   granted(controller.isAccessibilityTrusted()),
+                   granted(controller.canCaptureScreen()));
     fmt::format_to(out, "lines: {}, the newest of up to {}\n\n", lines.size(),
                    DiagnosticsLog::capacity);
     for (const auto& line : lines)

@@ -1,9 +1,7 @@
 #include "control/StateReport.h"
 
 #include "app/AppController.h"
-#include "control/NamedSettings.h"
-#include "settings/RawValues.h"
-#include "spaces/WindowPresence.h"
+#include "control/SettingsReport.h"
 
 #include <algorithm>
 #include <map>
@@ -102,10 +100,9 @@ struct WindowCounts {
 /// The window list knows the windows of other Spaces, and Accessibility the minimised ones.
 WindowCounts countWindows(AppController& controller, ProcessId pid) {
     std::set<WindowId> ids;
-    for (const auto& window : controller.store().latestWindows)
+    for (const auto& window : controller.store().latestWindows())
         if (window.pid == pid) ids.insert(window.id);
-    const auto windows =
-        WindowPresence::accessibilityWindows(controller.platform().accessibility, pid, patience);
+    const auto windows = controller.listedWindows(pid, patience);
     WindowCounts counts;
     for (const auto& window : windows.value_or(std::vector<AppWindow>{})) {
         ids.insert(window.id);
@@ -116,8 +113,8 @@ WindowCounts countWindows(AppController& controller, ProcessId pid) {
 }
 
 json badgeJson(const DockStore& store, const std::string& id) {
-    const auto badge = store.badges->find(id);
-    return badge == store.badges->end() ? json(nullptr) : json(badge->second);
+    const auto badge = store.badges()->find(id);
+    return badge == store.badges()->end() ? json(nullptr) : json(badge->second);
 }
 
 json itemJson(AppController& controller, const DockItem& item) {
@@ -125,9 +122,9 @@ json itemJson(AppController& controller, const DockItem& item) {
                 {"name", item.name},
                 {"running", item.app.has_value()},
                 {"pinned", item.isPinned},
-                {"launching", controller.store().launchingIDs->contains(item.id)},
+                {"launching", controller.store().launchingIDs()->contains(item.id)},
                 {"badge", badgeJson(controller.store(), item.id)},
-                {"attention", controller.store().attentionIDs->contains(item.id)},
+                {"attention", controller.store().attentionIDs()->contains(item.id)},
                 {"pid", nullptr},
                 {"windows", 0},
                 {"minimized", 0},
@@ -151,7 +148,7 @@ json itemsJson(AppController& controller, const std::vector<DockItem>& items) {
 
 json groupsJson(AppController& controller) {
     json list = json::array();
-    for (const auto& group : *controller.store().windowAppGroups)
+    for (const auto& group : *controller.store().windowAppGroups())
         list.push_back({{"display", orNull(group.display)},
                         {"space", orNull(group.slot.space)},
                         {"ring", group.isRing},
@@ -162,10 +159,10 @@ json groupsJson(AppController& controller) {
 /// The Spaces in the order of their displays, with the windows that count, front to back.
 json spacesJson(const DockStore& store) {
     json list = json::array();
-    if (!store.spaceMap) return list;
-    const auto& map = *store.spaceMap;
+    if (!store.spaceMap()) return list;
+    const auto& map = *store.spaceMap();
     std::map<SpaceId, json> windows;
-    for (const auto& window : store.latestWindows) {
+    for (const auto& window : store.latestWindows()) {
         const auto spaces = map.windowSpaces.find(window.id);
         if (spaces == map.windowSpaces.end()) continue;
         for (const auto space : spaces->second)
@@ -185,31 +182,30 @@ json spacesJson(const DockStore& store) {
 }
 
 json frontmostJson(const DockStore& store) {
-    const auto pid = *store.frontmostPID;
+    const auto pid = *store.frontmostPID();
     if (!pid) return nullptr;
     json object{{"pid", *pid}, {"id", nullptr}};
     const auto take = [&](const std::vector<DockItem>& items) {
         for (const auto& item : items)
             if (item.app && item.app->pid == *pid) object["id"] = item.id;
     };
-    take(*store.pinnedItems);
-    take(*store.backgroundItems);
-    for (const auto& group : *store.windowAppGroups)
+    take(*store.pinnedItems());
+    take(*store.backgroundItems());
+    for (const auto& group : *store.windowAppGroups())
         take(group.items);
     return object;
 }
 
 /// What the rows of the permissions window say; null while it is not shown.
-json permissionsWindowJson(const PermissionsWindow& window) {
+json permissionsWindowJson(const PermissionsModel& window) {
     if (!*window.isShown) return nullptr;
     return {{"accessibility", *window.hasAccessibility},
             {"screenRecording", *window.hasScreenRecording}};
 }
 
 json permissionsJson(AppController& controller) {
-    const auto& platform = controller.platform();
-    return {{"accessibility", platform.accessibility.isProcessTrusted()},
-            {"screenRecording", platform.screenCapture.preflightAccess()},
+    return {{"accessibility", controller.isAccessibilityTrusted()},
+            {"screenRecording", controller.canCaptureScreen()},
             {"window", permissionsWindowJson(controller.permissions())}};
 }
 
@@ -226,17 +222,17 @@ json stateReport(AppController& controller) {
     const auto& store = controller.store();
     const auto* bars = controller.bars();
     return {{"mode", rawValue(controller.mode())},
-            {"settings", allSettings(controller)},
+            {"settings", settingsReport(controller)},
             {"permissions", permissionsJson(controller)},
             {"bars", barsJson(bars)},
             {"warning", bars ? orNull(bars->warning()) : json(nullptr)},
-            {"pinned", itemsJson(controller, *store.pinnedItems)},
+            {"pinned", itemsJson(controller, *store.pinnedItems())},
             {"groups", groupsJson(controller)},
-            {"background", itemsJson(controller, *store.backgroundItems)},
+            {"background", itemsJson(controller, *store.backgroundItems())},
             {"spaces", spacesJson(store)},
             {"frontmost", frontmostJson(store)},
             {"lostProcesses", lostProcessesJson(controller.lostProcesses())},
-            {"trashEmpty", *store.isTrashEmpty}};
+            {"trashEmpty", *store.isTrashEmpty()}};
 }
 
 } // namespace larkspan

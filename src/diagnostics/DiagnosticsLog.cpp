@@ -5,10 +5,10 @@
 namespace larkspan {
 
 void DiagnosticsLog::write(std::string_view category, std::string text) {
-    const Line line{scheduler_.wallClock(), std::string(category), std::move(text)};
+    const Line line{now(), std::string(category), std::move(text)};
     lines_.push_back(line);
     if (lines_.size() > capacity) lines_.pop_front();
-    // A copy, since a follower may write lines of its own.
+    // A copy, since a subscriber may write lines too.
     written_.emit(line);
 }
 

@@ -11,7 +11,7 @@
 
 namespace larkspan {
 
-/// The application's decisions and timings, as fixed sentences under a category word. Keeps the
+/// The application's decisions and timings, as fixed sentences with a category word. Keeps the
 /// newest lines in memory. Main thread only.
 class DiagnosticsLog {
   public:
@@ -28,8 +28,10 @@ class DiagnosticsLog {
 
     void write(std::string_view category, std::string text);
     const std::deque<Line>& lines() const { return lines_; }
+    /// The time that a line written now gets.
+    double now() const { return scheduler_.wallClock(); }
 
-    /// Hands every further line on, such as to the standard error stream, until the handle ends.
+    /// Calls back with every further line, until the handle ends.
     Handle subscribe(std::function<void(const Line&)> follower) {
         return written_.subscribe(std::move(follower));
     }

@@ -7,8 +7,8 @@ namespace larkspan {
 namespace {
 
 constexpr const char* category = "windows";
-/// For how long windows may outlive their process before it counts as lost, in seconds. Longer than
-/// it takes until a polled desktop is read again in full.
+/// The seconds that windows may outlive their process before it counts as lost. Longer than the
+/// interval of full reads of a polled desktop.
 constexpr double patience = 3;
 
 } // namespace
@@ -31,8 +31,8 @@ void LostProcesses::forgetThoseBeside(const std::set<ProcessId>& missing) {
     });
 }
 
-/// It stays one until a read finds its windows gone, or is lost once its time is up; a desktop that
-/// tells of its changes may have no further read in between.
+/// It stays a suspect until a read finds that its windows are gone, or is lost when its time is up.
+/// A desktop that announces changes may have no further read in between.
 void LostProcesses::suspect(ProcessId pid) {
     const double since = scheduler_.wallClock();
     suspects_[pid] = scheduler_.after(patience, [this, pid, since] {

@@ -11,8 +11,8 @@
 
 namespace larkspan {
 
-/// The processes whose windows outlive them: what to look at when something covers the screen that
-/// no app will own up to. Main thread only.
+/// The processes whose windows outlive them: where to look if the screen is covered by something
+/// that belongs to no app. Main thread only.
 class LostProcesses {
   public:
     LostProcesses(Scheduler& scheduler, const Workspace& workspace, DiagnosticsLog& log)
@@ -22,10 +22,10 @@ class LostProcesses {
     LostProcesses(const LostProcesses&) = delete;
     LostProcesses& operator=(const LostProcesses&) = delete;
 
-    /// Takes, after each full window read, the owners of all windows.
+    /// Call it after each full window read, with the owners of all windows.
     void follow(const std::set<ProcessId>& owners);
 
-    /// Since when each has been missed, in seconds since 1970-01-01 UTC.
+    /// Since when each has been missing, in seconds since 1970-01-01 UTC.
     const std::map<ProcessId, double>& table() const { return table_; }
 
   private:
@@ -35,7 +35,7 @@ class LostProcesses {
     Scheduler& scheduler_;
     const Workspace& workspace_;
     DiagnosticsLog& log_;
-    /// Missed, but not for long: a process may end a moment before its windows do.
+    /// Missing for a short time: a process may end a moment before its windows do.
     std::map<ProcessId, Handle> suspects_;
     std::map<ProcessId, double> table_;
 };

@@ -10,8 +10,7 @@
 
 namespace larkspan {
 
-/// The strip that is kept free of windows at the bottom of a screen, where the bar stands. Main
-/// thread only.
+/// The strip at the bottom of a screen that windows leave free, where the bar is. Main thread only.
 struct DockBand {
     Screen screen;
     /// Screen coordinates.
@@ -19,10 +18,11 @@ struct DockBand {
 
     bool operator==(const DockBand&) const = default;
 
-    /// The strips in the screens' order; a screen without one is left out.
+    /// The strips in the screens' order; a screen without one is omitted.
     static std::vector<DockBand> bands(const Screens& screens);
 
-    /// Why no screen has a strip, as a sentence for the user; absent when the Dock should hold one.
+    /// Why no screen has a strip, as a sentence for the user; absent if the Dock should reserve
+    /// one.
     static std::optional<std::string_view> whyNoBand(const CoreDock& dock);
 };
 

@@ -11,9 +11,9 @@
 namespace larkspan {
 namespace {
 
-/// A strip up to this much lower than the bar fits; one that is taller never does.
+/// A strip up to this much lower than the bar fits; a higher one never does.
 constexpr double tolerance = 2;
-/// A strip that changed by less has not followed the icon size.
+/// After a smaller change, the strip has not followed the icon size.
 constexpr double leastGrowth = 1;
 
 } // namespace

@@ -8,16 +8,16 @@
 
 namespace larkspan {
 
-/// Fits the Dock under the bar: sets an icon size, waits until the Dock has taken it, measures the
-/// strip it holds, corrects. Ends by itself after a few passes; destroying it cancels it, and it
-/// then reports nothing. Main thread only.
+/// Fits the Dock under the bar: sets an icon size, waits until the Dock has applied it, measures
+/// the strip, corrects the size. Ends by itself after a few passes. Destroying it cancels it
+/// without calling back. Main thread only.
 class DockFitting {
   public:
     static constexpr double settleSeconds = 0.7;
     static constexpr int mostCorrections = 4;
 
-    /// `height` is the strip to reach, in points. `onFinished` receives the icon size it settled
-    /// on, as the Dock's fraction, and may destroy the fitting.
+    /// `height` is the wanted strip, in points. `onFinished` gets the final icon size, as the
+    /// Dock's fraction, and may destroy the fitting.
     DockFitting(Scheduler& scheduler, CoreDock& dock, Screens& screens, double height,
                 std::function<void(float)> onFinished);
     DockFitting(const DockFitting&) = delete;
@@ -36,7 +36,7 @@ class DockFitting {
     double height_;
     std::function<void(float)> onFinished_;
     double size_ = 0;
-    /// The last size, in pixels, at which the strip was seen to grow.
+    /// The last size, in pixels, at which the strip grew.
     double grownSize_ = 0;
     double lastStripHeight_ = 0;
     int corrections_ = 0;

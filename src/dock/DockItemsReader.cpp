@@ -9,12 +9,12 @@ namespace larkspan {
 
 namespace {
 
-/// Seconds that a busy Dock is waited for. It is asked often, and the next answer will do as well.
+/// The seconds to wait for a busy Dock. It is read often, so the next read will do.
 constexpr float patience = 0.05F;
-/// Points by which a bouncing icon is at least above its line when it counts.
+/// The points by which a bouncing icon must be above its line.
 constexpr double leastLift = 2;
 
-/// Whether there is somebody who could have answered.
+/// Whether the call reached the Dock.
 bool isAnswer(AXError error) {
     return error == AXError::success || error == AXError::noValue ||
            error == AXError::attributeUnsupported;
@@ -57,7 +57,7 @@ AXElementRef DockItemsReader::listOf(const AXElementRef& application) const {
     return nullptr;
 }
 
-/// Answers false when the Dock ceased to answer.
+/// Returns false if the Dock stopped responding.
 bool DockItemsReader::addItem(const AXElementRef& element) {
     const auto subrole = accessibility_.attribute(patient(element), "AXSubrole");
     if (subrole.valueOr(std::string()) != "AXApplicationDockItem") return isAnswer(subrole.error);
@@ -70,7 +70,7 @@ bool DockItemsReader::addItem(const AXElementRef& element) {
     return true;
 }
 
-/// A time-out holds for one element only.
+/// A time-out applies to one element only.
 AXElementRef DockItemsReader::patient(AXElementRef element) const {
     accessibility_.setMessagingTimeout(element, patience);
     return element;

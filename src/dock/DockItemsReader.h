@@ -12,27 +12,27 @@ namespace larkspan {
 
 /// An app's icon on the system Dock.
 struct DockIcon {
-    /// Where the app lies, as a file path.
+    /// The path of the app.
     std::string path;
     /// Display coordinates (y downwards).
     Rect frame;
-    /// What its label says; empty without one.
+    /// The text of its label; empty if there is none.
     std::string badge;
 
     bool operator==(const DockIcon&) const = default;
 };
 
-/// Reads the app icons of the system Dock through Accessibility. A read calls the Dock several
-/// times for each icon: make it off the main thread, one at a time.
+/// Reads the app icons of the system Dock through Accessibility. A read makes several calls to the
+/// Dock for each icon: do it off the main thread, one at a time.
 class DockItemsReader {
   public:
     explicit DockItemsReader(const Accessibility& accessibility)
         : accessibility_(accessibility) {}
 
-    /// Everything of each icon, in the Dock's order; absent when the Dock does not answer.
+    /// All values of each icon, in the Dock's order; absent if the Dock does not respond.
     std::optional<std::vector<DockIcon>> read(ProcessId dock);
-    /// The icons of the last `read` with their frames of now; absent when one of them has gone or
-    /// the Dock does not answer.
+    /// The icons of the last `read` with their current frames; absent if one of them is gone or the
+    /// Dock does not respond.
     std::optional<std::vector<DockIcon>> readFrames();
 
   private:
@@ -50,8 +50,8 @@ class DockItemsReader {
     std::vector<Item> items_;
 };
 
-/// Which of the icons of a Dock at the bottom of the screen are in the air, by their place in the
-/// list: those that stand higher than the lowest.
+/// Which icons of a Dock at the bottom of the screen are in the air, by index: those that are
+/// higher than the lowest one.
 std::vector<std::size_t> liftedIcons(const std::vector<DockIcon>& icons);
 
 } // namespace larkspan

@@ -9,7 +9,7 @@
 
 namespace larkspan {
 
-/// The Dock's own settings, as far as the bar changes them. Main thread only.
+/// The Dock's settings that the bar changes. Main thread only.
 struct DockProfile {
     /// The code of the bottom edge.
     static constexpr std::uint32_t bottom = 2;
@@ -23,31 +23,33 @@ struct DockProfile {
 
     bool operator==(const DockProfile&) const = default;
 
-    /// The Dock as it is now; absent when this system lacks one of the functions that tell.
+    /// The current settings of the Dock; absent if this system lacks one of the functions that read
+    /// them.
     static std::optional<DockProfile> current(const CoreDock& dock);
 
-    /// The user's own settings, saved before the first change; absent when none are saved or what
-    /// is saved does not decode.
+    /// The user's own settings, saved before the first change; absent if none are saved or they are
+    /// malformed.
     static std::optional<DockProfile> saved(const UserDefaults& defaults);
-    /// False when it could not be stored for certain; then nothing is saved, and a Dock changed now
-    /// could not be given back after a kill.
+    /// Returns false if it could not be stored; then nothing is saved, and a Dock changed now could
+    /// not be restored after a kill.
     bool save(UserDefaults& defaults) const;
     static void forgetSaved(UserDefaults& defaults);
 
-    /// The same Dock as the bar needs it: in sight at the bottom, so that it holds the strip.
+    /// The same settings as the bar needs them: visible at the bottom, so that the Dock reserves
+    /// the strip.
     DockProfile underBar() const;
 
-    /// Brings the Dock to these settings, but to `fraction` as its icon size. What is as it should
-    /// be is not touched.
+    /// Applies these settings to the Dock, but with `fraction` as its icon size. Settings that are
+    /// already right are not touched.
     void apply(CoreDock& dock, float fraction) const;
 };
 
 /// Whether the Dock's icons can be resized on this system at all.
 bool canResize(const CoreDock& dock);
-/// Why they cannot, as a sentence for the user; absent when they can.
+/// Why they cannot, as a sentence for the user; absent if they can.
 std::optional<std::string_view> whyNoResize(const CoreDock& dock);
 
-/// Sets the icon size. The Dock takes a size for certain only when told twice.
+/// Sets the icon size. The Dock applies a size reliably only if it is set twice.
 void setTileSizeTwice(CoreDock& dock, float fraction);
 
 } // namespace larkspan

@@ -20,10 +20,10 @@ constexpr int terminateSignal = 15;
 /// The kind of `_CFURLString`: 0 is a POSIX path, 15 a full URL.
 constexpr int urlStringType = 15;
 
-/// An entry that is no app has no identifier of its own: it belongs behind an app, or to the front.
+/// An entry that is not an app has no identifier: it stays behind an app, or at the front.
 struct OldEntries {
     std::map<std::string, PropertyValue> apps;
-    /// By the identifier of the app they stand behind; "" is the front of the list.
+    /// By the identifier of the app in front of them; "" is the front of the list.
     std::map<std::string, Array> followers;
 };
 
@@ -97,7 +97,7 @@ Array newList(const Array& oldList, const std::vector<std::string>& identifiers,
             list.push_back(found->second);
             append(list, old, identifier);
         } else if (identifier != finderIdentifier) {
-            // Finder is on the Dock without an entry.
+            // Finder is in the Dock without an entry.
             list.push_back(makeEntry(identifier, workspace));
         }
     }

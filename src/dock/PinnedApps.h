@@ -10,12 +10,12 @@
 namespace larkspan {
 
 /// The bundle identifiers of the apps in the Dock's own list, in Dock order, as the Dock last wrote
-/// it. Entries that are no app (spacers, damaged entries) are left out. Main thread only.
+/// it. Entries that are not apps (spacers, damaged entries) are omitted. Main thread only.
 std::vector<std::string> pinnedAppIdentifiers(DockPreferences& dock);
 
-/// Makes the Dock's list hold exactly these apps in this order, and restarts the Dock so that it
-/// reads the list. Entries that stay keep everything the Dock stored with them; entries that are no
-/// app stay behind the app they stood behind. Main thread only.
+/// Sets the Dock's list to exactly these apps in this order, and restarts the Dock so that it reads
+/// the list. Remaining entries keep everything that the Dock stored with them; entries that are not
+/// apps stay behind the same app. Main thread only.
 void writePinnedApps(DockPreferences& dock, Workspace& workspace, ApplicationControl& applications,
                      const std::vector<std::string>& identifiers);
 

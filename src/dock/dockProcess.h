@@ -6,8 +6,8 @@
 
 namespace larkspan {
 
-/// The system Dock's process; absent while it restarts, and where there is no such Dock. Main
-/// thread only.
+/// The system Dock's process; absent while it restarts, and if there is no such Dock. Main thread
+/// only.
 std::optional<ProcessId> dockProcess(const Workspace& workspace);
 
 } // namespace larkspan

@@ -25,7 +25,7 @@ std::optional<std::string> pathOfFileUrl(std::string_view url) {
     constexpr std::string_view scheme = "file://";
     if (!url.starts_with(scheme)) return std::nullopt;
     url.remove_prefix(scheme.size());
-    // Between the scheme and the path a host may stand, such as "localhost".
+    // A host such as "localhost" may be between the scheme and the path.
     const auto start = url.find('/');
     if (start == std::string_view::npos) return std::nullopt;
     url.remove_prefix(start);

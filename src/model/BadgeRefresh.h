@@ -19,9 +19,9 @@
 
 namespace larkspan {
 
-/// Keeps a store's badges and its apps that want attention in step with the desktop. A desktop that
-/// tells of them is listened to. On a Mac only the system Dock knows, and it tells nothing: its
-/// icons are looked at four times a second, and their labels once. Main thread only.
+/// Keeps a store's badges and attention marks up to date. Uses the desktop's announcements if it
+/// has any. On a Mac only the system Dock knows, and announces nothing: its icons are read four
+/// times a second, and their labels once. Main thread only.
 class BadgeRefresh {
   public:
     BadgeRefresh(DockStore& store, Scheduler& scheduler, Workspace& workspace,
@@ -49,16 +49,17 @@ class BadgeRefresh {
     Workspace& workspace_;
     const CoreDock& dock_;
     DiagnosticsLog& log_;
-    /// Shared with a read in flight, which may outlive this object.
+    /// Shared with a running read, which may outlive this object.
     std::shared_ptr<DockItemsReader> reader_;
-    /// Absent until the Dock has answered, and again when it ceased to.
+    /// Absent until the Dock has responded, and when it stops responding.
     std::optional<ProcessId> dockPid_;
     std::size_t ticks_ = 0;
+    bool isReading_ = false;
     bool hasComplained_ = false;
-    /// The apps that ask for attention, by item id, and the uptime at which each began to, or at
-    /// which its icon was last seen in the air.
+    /// The apps that want attention, by item id, and the uptime at which each request began, or at
+    /// which its icon was last in the air.
     std::map<std::string, double> requests_;
-    /// The timer of the reads, or the subscription to what is told.
+    /// The timer of the reads, or the subscription to announcements.
     Handle source_;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };

@@ -20,7 +20,7 @@ BarSlots::BarSlots(const std::vector<Screen>& screens, const std::optional<Space
     existing_.insert(slots_.begin(), slots_.end());
     for (const auto& slot : slots_)
         if (isShown(slot)) shownSlots_.try_emplace(slot.display, slot);
-    // A display in the middle of a change may show none of the Spaces it is said to have.
+    // While a display changes, it may show none of its listed Spaces.
     for (const auto& slot : slots_)
         shownSlots_.try_emplace(slot.display, slot);
 }

@@ -4,24 +4,24 @@
 
 namespace larkspan {
 
-/// Where a running app's tile stands.
+/// The section of a running app's tile.
 enum class Section { windowApps, background };
 
-/// What the section of one running app depends on.
+/// What determines the section of one running app.
 struct SectionFacts {
     ProcessId pid = 0;
     bool isHidden = false;
     bool hasWindows = false;
-    /// Its tile stood among the window apps, or among the background apps, until now.
+    /// Whether its tile was among the window apps until now.
     bool wasWindowApp = false;
     bool wasBackgroundApp = false;
-    /// Tiles keep still: the pointer is on a bar, or the app's windows are flying or about to.
+    /// Tiles do not move: the pointer is on a bar, or the app's windows are flying or about to.
     bool isHeld = false;
-    /// The tile may move although it is held.
+    /// Whether the tile may move although it is held.
     bool mayRegroup = false;
 };
 
-/// A held tile keeps its section; any other stands among the window apps exactly when its app is
+/// A held tile keeps its section; any other is among the window apps if and only if its app is
 /// hidden or has windows.
 Section sectionOf(const SectionFacts& facts);
 

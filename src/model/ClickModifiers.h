@@ -2,12 +2,11 @@
 
 namespace larkspan {
 
-/// What a click is made with besides the plain button, in a Mac's words; which keys and buttons
-/// stand for them is the view's to say.
+/// The modifiers of a click, named as on a Mac; the view maps keys and buttons to them.
 struct ClickModifiers {
     bool option = false;
     bool command = false;
-    /// Another instance of the app is asked for.
+    /// Open another instance of the app.
     bool newInstance = false;
 
     bool operator==(const ClickModifiers&) const = default;

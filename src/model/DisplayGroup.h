@@ -10,11 +10,10 @@ namespace larkspan {
 
 /// The window apps of one Space of one display.
 struct DisplayGroup {
-    /// Absent for a group that is not tied to one screen.
+    /// Absent for a group that does not belong to one screen.
     std::optional<DisplayId> display;
     Slot slot;
-    /// Drawn as a ring rather than as a plain run: the group's Space is not the one its display
-    /// shows.
+    /// Whether the group's Space is not shown on its display now; it is then drawn as a ring.
     bool isRing = false;
     /// In bar order.
     std::vector<DockItem> items;

@@ -1,7 +1,6 @@
 #include "model/DockStore.h"
 
 #include "dock/PinnedApps.h"
-#include "model/Animation.h"
 #include "model/Classification.h"
 #include "model/ItemIdentity.h"
 #include "model/PinnedSection.h"
@@ -10,7 +9,6 @@
 
 #include <algorithm>
 #include <cassert>
-#include <filesystem>
 #include <iterator>
 #include <utility>
 
@@ -19,7 +17,7 @@ namespace larkspan {
 namespace {
 
 constexpr double pinnedWriteDelay = 1.0;
-/// How long a tile may take to its new place, in seconds.
+/// The longest time of a tile's move, in seconds.
 constexpr double moveTime = 1.0;
 
 std::set<std::string> idsOf(const std::vector<DisplayGroup>& groups) {
@@ -37,9 +35,8 @@ Value valueOrNone(const std::map<Key, Value>& map, const Key& key) {
 }
 
 template <typename Value>
-void keepOnly(std::map<ProcessId, Value>& map, const std::vector<ProcessId>& pids) {
-    const std::set<ProcessId> kept(pids.begin(), pids.end());
-    std::erase_if(map, [&](const auto& entry) { return !kept.contains(entry.first); });
+void keepOnly(std::map<ProcessId, Value>& map, const std::set<ProcessId>& pids) {
+    std::erase_if(map, [&](const auto& entry) { return !pids.contains(entry.first); });
 }
 
 template <typename Value>
@@ -56,34 +53,28 @@ bool haveSameLayout(const std::optional<SpaceMap>& a, const std::optional<SpaceM
                   a->fullScreen == b->fullScreen && a->shown == b->shown);
 }
 
-/// Whether two readings are of the same state. Which app is in front is told by `frontmostPID`, and
-/// some systems make an icon anew each time they are asked.
+/// Whether two readings have the same state. `frontmostPID` has the frontmost app, and some systems
+/// create a new icon for each call.
 bool isSameState(RunningApplication a, const RunningApplication& b) {
     a.isActive = b.isActive;
     a.icon = b.icon;
     return a == b;
 }
 
-std::string withoutExtension(std::string name, const std::string& url) {
-    const auto extension = std::filesystem::path(url).extension().string();
-    if (!extension.empty() && name.size() > extension.size() && name.ends_with(extension))
-        name.resize(name.size() - extension.size());
-    return name;
-}
-
 } // namespace
 
 DockStore::DockStore(Scheduler& scheduler, Workspace& workspace, ApplicationControl& applications,
-                     Screens& screens, DockPreferences& dock, WindowAnimator& windowAnimator,
+                     Screens& screens, DockPreferences& dock, WindowAnimator& animator,
                      DiagnosticsLog& log)
-    : animator(windowAnimator)
-    , scheduler_(scheduler)
+    : scheduler_(scheduler)
     , workspace_(workspace)
     , applications_(applications)
     , screens_(screens)
     , dock_(dock)
-    , log_(log) {
-    pinnedIDs = pinnedAppIdentifiers(dock_);
+    , animator_(animator)
+    , log_(log)
+    , items_(workspace) {
+    pinnedIDs_ = pinnedAppIdentifiers(dock_);
     refreshRunning();
 }
 
@@ -97,151 +88,189 @@ bool DockStore::refreshRunning() {
     std::erase_if(applications, [](const RunningApplication& app) {
         return app.activationPolicy != ActivationPolicy::regular || app.isTerminated;
     });
-    const bool isChanged = !std::ranges::equal(applications, running, isSameState);
-    running = std::move(applications);
+    const bool isChanged = !std::ranges::equal(applications, running_, isSameState);
+    running_ = std::move(applications);
 
-    runningPIDs.clear();
-    auto idsBefore = std::exchange(runningIDs, {});
-    for (const auto& app : running) {
-        runningPIDs.push_back(app.pid);
-        if (app.bundleIdentifier) runningIDs.insert(*app.bundleIdentifier);
+    std::set<ProcessId> runningPIDs;
+    auto idsBefore = std::exchange(runningIDs_, {});
+    for (const auto& app : running_) {
+        runningPIDs.insert(app.pid);
+        if (app.bundleIdentifier) runningIDs_.insert(*app.bundleIdentifier);
     }
     pruneLaunching(idsBefore);
-    keepOnly(seenDisplays, runningPIDs);
-    keepOnly(seenSlots, runningPIDs);
-    const auto ids = itemIds(running);
-    std::erase_if(bouncesSeen, [&](const auto& entry) {
+    keepOnly(seenDisplays_, runningPIDs);
+    keepOnly(seenSlots_, runningPIDs);
+    const auto ids = itemIds(running_);
+    std::erase_if(attentionAcknowledged_, [&](const auto& entry) {
         return std::ranges::find(ids, entry.first) == ids.end();
     });
     for (const auto& id : idsBefore)
-        if (!runningIDs.contains(id)) forgetOpened(id);
+        if (!runningIDs_.contains(id)) forgetOpened(id);
     return isChanged;
 }
 
 void DockStore::pruneLaunching(const std::set<std::string>& idsBefore) {
-    auto launching = launchingIDs.get();
-    for (const auto& app : running)
+    auto launching = launchingIDs_.get();
+    for (const auto& app : running_)
         if (app.bundleIdentifier && app.pid >= 1 && app.isFinishedLaunching)
             launching.erase(*app.bundleIdentifier);
-    // One that ran and quit again will not finish.
+    // An app that has quit again will not finish launching.
     std::erase_if(launching, [&](const std::string& id) {
-        return idsBefore.contains(id) && !runningIDs.contains(id);
+        return idsBefore.contains(id) && !runningIDs_.contains(id);
     });
-    launchingIDs.set(std::move(launching));
+    launchingIDs_.set(std::move(launching));
+}
+
+void DockStore::launchBegan(const DockItem& item, const Rect& tileFrame) {
+    checkThread();
+    auto launching = launchingIDs_.get();
+    launching.insert(item.id);
+    launchingIDs_.set(std::move(launching));
+    if (item.isPinned) openedFromPinned_.push_back({item.id, tileFrame});
+}
+
+void DockStore::launchFailed(const std::string& id) {
+    checkThread();
+    forgetOpened(id);
+    auto launching = launchingIDs_.get();
+    launching.erase(id);
+    launchingIDs_.set(std::move(launching));
 }
 
 void DockStore::forgetOpened(const std::string& id) {
-    checkThread();
-    std::erase_if(openedFromPinned, [&](const OpenedTile& opened) { return opened.id == id; });
+    std::erase_if(openedFromPinned_, [&](const OpenedTile& opened) { return opened.id == id; });
 }
 
-void DockStore::seeBounces(const std::string& id) {
+void DockStore::acknowledgeAttention(const std::string& id) {
     checkThread();
-    bouncesSeen[id] = scheduler_.uptime();
-    auto ids = attentionIDs.get();
-    if (ids.erase(id) > 0) attentionIDs.set(std::move(ids));
+    attentionAcknowledged_[id] = scheduler_.uptime();
+    auto ids = attentionIDs_.get();
+    ids.erase(id);
+    attentionIDs_.set(std::move(ids));
+}
+
+std::optional<double> DockStore::attentionAcknowledged(const std::string& id) const {
+    const auto found = attentionAcknowledged_.find(id);
+    return found == attentionAcknowledged_.end() ? std::nullopt : std::optional(found->second);
+}
+
+bool DockStore::pointerOnBarChanged(bool isOnBar) {
+    checkThread();
+    if (std::exchange(isPointerOnBar_, isOnBar) == isOnBar) return false;
+    if (!isOnBar) regroupingIDs_.clear();
+    return true;
+}
+
+void DockStore::allowRegroup(const std::string& id) {
+    checkThread();
+    if (!isPointerOnBar_ || !regroupingIDs_.insert(id).second) return;
+    // There may be no other event that moves the tile: its app's window may already be there. In a
+    // separate turn, since the caller may hold an item of the lists.
+    regroup_ = scheduler_.after(0, [this] { rebuild(windowReadAnimation); });
 }
 
 bool DockStore::applyWindowRead(WindowRead read) {
     checkThread();
-    if (read.fullScreen != fullScreen) {
-        fullScreen = read.fullScreen;
-        if (onFullScreenChange) onFullScreenChange(fullScreen);
+    if (read.fullScreen != fullScreen_) {
+        fullScreen_ = read.fullScreen;
+        if (onFullScreenChange) onFullScreenChange(fullScreen_);
     }
-    frontDisplays.set(std::move(read.frontDisplays));
-    frontSpaces.set(std::move(read.frontSpaces));
-    const bool hasNewLayout = !haveSameLayout(read.spaceMap, spaceMap);
-    spaceMap = std::move(read.spaceMap);
-    latestWindows = std::move(read.windows);
+    frontDisplays_.set(std::move(read.frontDisplays));
+    frontSpaces_.set(std::move(read.frontSpaces));
+    const bool hasNewLayout = !haveSameLayout(read.spaceMap, spaceMap_);
+    spaceMap_ = std::move(read.spaceMap);
+    latestWindows_ = std::move(read.windows);
     pruneReached();
-    unite(seenSlots, read.windowSlots);
-    unite(seenDisplays, read.windowDisplays);
+    unite(seenSlots_, read.windowSlots);
+    unite(seenDisplays_, read.windowDisplays);
 
-    // A new layout moves slots along the bar even when every window stays in its own.
-    if (!hasNewLayout && read.windowPIDs == windowPIDs && read.windowDisplays == windowDisplays &&
-        read.windowSlots == windowSlots)
+    // A new layout moves slots along the bar even if every window stays in its slot.
+    if (!hasNewLayout && read.windowPIDs == windowPIDs_ && read.windowDisplays == windowDisplays_ &&
+        read.windowSlots == windowSlots_)
         return false;
     logChanges(read, hasNewLayout);
-    windowPIDs = std::move(read.windowPIDs);
-    windowDisplays = std::move(read.windowDisplays);
-    windowSlots = std::move(read.windowSlots);
+    windowPIDs_ = std::move(read.windowPIDs);
+    windowDisplays_ = std::move(read.windowDisplays);
+    windowSlots_ = std::move(read.windowSlots);
     return true;
 }
 
 void DockStore::logChanges(const WindowRead& read, bool hasNewLayout) {
     if (hasNewLayout) log_.write("windows", "Space layout changed");
     auto line =
-        windowChangeLine(windowDisplays, windowSlots, read.windowDisplays, read.windowSlots);
+        windowChangeLine(windowDisplays_, windowSlots_, read.windowDisplays, read.windowSlots);
     if (!line.empty()) log_.write("windows", std::move(line));
 }
 
-void DockStore::rebuild() {
+void DockStore::rebuild(std::optional<Animation> animation) {
     checkThread();
-    const BarSlots slots(screens_.screens(), spaceMap);
+    animation_ = animation;
+    const BarSlots slots(screens_.screens(), spaceMap_);
     auto sections = splitRunning(slots);
-    auto groups = groupItems(sections.windowApps, slots, *showsEmptyDesktops);
+    auto groups = groupItems(sections.windowApps, slots, *showsEmptyDesktops_);
     followMoves(groups);
-    windowAppGroups.set(std::move(groups));
-    groupedScreens = slots.displays();
-    backgroundItems.set(std::move(sections.background));
-    pinnedItems.set(makePinnedItems());
+    windowAppGroups_.set(std::move(groups));
+    groupedScreens_ = slots.displays();
+    backgroundItems_.set(std::move(sections.background));
+    pinnedItems_.set(makePinnedItems());
+    animation_.reset();
     pruneIcons();
 }
 
-/// Notes who comes from its pinned tile and who leaves, before the groups are taken over: a view
-/// that hears of them finds here how their tiles get there.
+/// Records which apps come from their pinned tile and which leave, before the groups change, so
+/// that observers of the groups know how to animate their tiles.
 void DockStore::followMoves(const std::vector<DisplayGroup>& groups) {
-    const auto before = idsOf(*windowAppGroups);
+    const auto before = idsOf(*windowAppGroups_);
     const auto now = idsOf(groups);
-    auto left = leftWindowApps.get();
+    auto left = leftWindowApps_.get();
     std::ranges::set_difference(before, now, std::inserter(left, left.end()));
     std::erase_if(left, [&](const auto& id) { return now.contains(id); });
-    auto flying = flyingIn.get();
+    auto flying = flyingIn_.get();
     std::erase_if(flying, [&](const auto& entry) { return !now.contains(entry.first); });
-    for (const auto& opened : openedFromPinned)
+    for (const auto& opened : openedFromPinned_)
         if (now.contains(opened.id)) flying[opened.id] = opened.from;
-    std::erase_if(openedFromPinned, [&](const auto& opened) { return now.contains(opened.id); });
+    std::erase_if(openedFromPinned_, [&](const auto& opened) { return now.contains(opened.id); });
 
-    const bool isLeaving = leftWindowApps.set(std::move(left));
-    const bool isFlying = flyingIn.set(std::move(flying));
+    const bool isLeaving = leftWindowApps_.set(std::move(left));
+    const bool isFlying = flyingIn_.set(std::move(flying));
     if (!isLeaving && !isFlying) return;
     movesEnd_ = scheduler_.after(moveTime, [this] {
-        leftWindowApps.set({});
-        flyingIn.set({});
+        leftWindowApps_.set({});
+        flyingIn_.set({});
     });
 }
 
 DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
     std::set<std::string> previousWindowApps;
-    // By process: when one copy of an app quits, another takes over its id, not its place.
+    // By process: when one copy of an app quits, another takes over its id, but not its place.
     std::map<ProcessId, std::set<Slot>> previousSlots;
-    for (const auto& group : *windowAppGroups) {
+    for (const auto& group : *windowAppGroups_) {
         for (const auto& item : group.items) {
             previousWindowApps.insert(item.id);
             if (item.app) previousSlots[item.app->pid].insert(group.slot);
         }
     }
     std::set<std::string> previousBackground;
-    for (const auto& item : *backgroundItems)
+    for (const auto& item : *backgroundItems_)
         previousBackground.insert(item.id);
 
     Sections sections;
-    auto ids = itemIds(running);
-    for (std::size_t i = 0; i < running.size(); ++i) {
-        const auto& app = running[i];
+    auto ids = itemIds(running_);
+    for (std::size_t i = 0; i < running_.size(); ++i) {
+        const auto& app = running_[i];
         const SectionFacts facts{
             .pid = app.pid,
             .isHidden = app.isHidden,
-            .hasWindows = windowPIDs.contains(app.pid),
+            .hasWindows = windowPIDs_.contains(app.pid),
             .wasWindowApp = previousWindowApps.contains(ids[i]),
             .wasBackgroundApp = previousBackground.contains(ids[i]),
-            .isHeld = isPointerOnBar || animator.phase(app.pid) != WindowAnimator::Phase::none ||
-                      animator.hasPendingHide(app.pid),
-            .mayRegroup = regroupingIDs.contains(ids[i]),
+            .isHeld = isPointerOnBar_ || animator_.phase(app.pid) != WindowAnimator::Phase::none ||
+                      animator_.hasPendingHide(app.pid),
+            .mayRegroup = regroupingIDs_.contains(ids[i]),
         };
         auto appSlots = slotsForApp(placesOf(app.pid, valueOrNone(previousSlots, app.pid)), slots);
-        auto item = makeItem(std::move(ids[i]), &app, urlOf(app));
-        // Without a display there is no slot to stand in, but an app that runs stands somewhere.
+        auto item = *items_.make(ids[i], &app, isPinned(ids[i], pinnedIDs_));
+        // Without a display there is no slot, but a running app must be in some section.
         if (sectionOf(facts) == Section::background || appSlots.empty())
             sections.background.push_back(std::move(item));
         else
@@ -251,82 +280,61 @@ DockStore::Sections DockStore::splitRunning(const BarSlots& slots) {
 }
 
 AppPlaces DockStore::placesOf(ProcessId pid, std::set<Slot> previous) const {
-    return {.slots = valueOrNone(windowSlots, pid),
+    return {.slots = valueOrNone(windowSlots_, pid),
             .previous = std::move(previous),
-            .seenSlots = valueOrNone(seenSlots, pid),
-            .seenDisplays = valueOrNone(seenDisplays, pid)};
+            .seenSlots = valueOrNone(seenSlots_, pid),
+            .seenDisplays = valueOrNone(seenDisplays_, pid)};
 }
 
 std::vector<DockItem> DockStore::makePinnedItems() {
     std::vector<DockItem> items;
-    for (const auto& id : pinnedSection(pinnedIDs))
+    for (const auto& id : pinnedSection(pinnedIDs_))
         if (auto item = makePinnedItem(id)) items.push_back(*std::move(item));
     return items;
 }
 
 std::optional<DockItem> DockStore::makePinnedItem(const std::string& id) {
     checkThread();
-    const auto* app = runningApplication(id);
-    auto url = app ? urlOf(*app) : workspace_.urlForApplication(id);
-    if (!app && !url) return std::nullopt;
-    return makeItem(id, app, std::move(url));
-}
-
-DockItem DockStore::makeItem(std::string id, const RunningApplication* app,
-                             std::optional<std::string> url) {
-    DockItem item;
-    if (app) {
-        item.app = *app;
-        // Which app is in front is told by `frontmostPID`, and the picture by `icon`. Kept here
-        // too, they would make a tile differ from itself at every activation.
-        item.app->isActive = false;
-        item.app->icon = nullptr;
-        item.name = app->localizedName;
-    }
-    if (item.name.empty() && url) item.name = withoutExtension(workspace_.displayName(*url), *url);
-    item.icon = icon(id, url, app);
-    item.url = std::move(url);
-    item.isPinned = isPinned(id, pinnedIDs);
-    item.id = std::move(id);
-    return item;
-}
-
-std::optional<std::string> DockStore::urlOf(const RunningApplication& app) const {
-    if (app.bundleURL || !app.bundleIdentifier) return app.bundleURL;
-    return workspace_.urlForApplication(*app.bundleIdentifier);
+    return items_.make(id, runningApplication(id), isPinned(id, pinnedIDs_));
 }
 
 const RunningApplication* DockStore::runningApplication(const std::string& bundleIdentifier) const {
-    const auto found = std::ranges::find(running, std::optional(bundleIdentifier),
+    const auto found = std::ranges::find(running_, std::optional(bundleIdentifier),
                                          &RunningApplication::bundleIdentifier);
-    return found == running.end() ? nullptr : &*found;
+    return found == running_.end() ? nullptr : &*found;
 }
 
 const RunningApplication* DockStore::runningApplication(ProcessId pid) const {
     checkThread();
-    const auto found = std::ranges::find(running, pid, &RunningApplication::pid);
-    return found == running.end() ? nullptr : &*found;
+    const auto found = std::ranges::find(running_, pid, &RunningApplication::pid);
+    return found == running_.end() ? nullptr : &*found;
+}
+
+void DockStore::windowsReached(const std::vector<AppWindow>& windows) {
+    checkThread();
+    for (const auto& window : windows)
+        reachedWindows_[window.id] = window.element;
 }
 
 void DockStore::pruneReached() {
-    if (reachedWindows.empty()) return;
+    if (reachedWindows_.empty()) return;
     std::set<WindowId> numbers;
-    for (const auto& window : latestWindows)
+    for (const auto& window : latestWindows_)
         numbers.insert(window.id);
-    std::erase_if(reachedWindows,
+    std::erase_if(reachedWindows_,
                   [&](const auto& entry) { return !numbers.contains(entry.first); });
 }
 
 std::vector<AppWindow> DockStore::windowsOf(ProcessId pid, const DisplayGroup* group,
                                             std::optional<std::vector<AppWindow>> listed) const {
     checkThread();
-    // A hung app could raise none of its windows, the reached ones as little as the others.
+    // A hung app could not raise any of its windows, including the reached ones.
     if (!listed) return {};
     auto windows = *std::move(listed);
-    if (!reachedWindows.empty()) {
-        for (const auto& window : latestWindows) {
-            const auto reached = reachedWindows.find(window.id);
-            if (window.pid != pid || window.isOnScreen || reached == reachedWindows.end() ||
+    if (!reachedWindows_.empty()) {
+        for (const auto& window : latestWindows_) {
+            const auto reached = reachedWindows_.find(window.id);
+            if (window.pid != pid || window.isOnScreen || reached == reachedWindows_.end() ||
                 std::ranges::find(windows, window.id, &AppWindow::id) != windows.end())
                 continue;
             windows.push_back({.id = window.id,
@@ -338,57 +346,48 @@ std::vector<AppWindow> DockStore::windowsOf(ProcessId pid, const DisplayGroup* g
         }
     }
     if (!group) return windows;
-    return windowsInSlot(std::move(windows), group->slot, spaceMap, screens_.screens());
-}
-
-ImageRef DockStore::icon(const std::string& id, const std::optional<std::string>& url,
-                         const RunningApplication* app) {
-    auto& icon = icons_[id];
-    if (!icon && url) icon = workspace_.icon(*url);
-    if (!icon && app) icon = app->icon;
-    if (!icon) icon = workspace_.genericApplicationIcon();
-    return icon;
+    return windowsInSlot(std::move(windows), group->slot, spaceMap_, screens_.screens());
 }
 
 void DockStore::pruneIcons() {
     std::set<std::string_view> shown;
-    for (const auto& group : *windowAppGroups)
+    for (const auto& group : *windowAppGroups_)
         for (const auto& item : group.items)
             shown.insert(item.id);
-    for (const auto* items : {&*backgroundItems, &*pinnedItems})
+    for (const auto* items : {&*backgroundItems_, &*pinnedItems_})
         for (const auto& item : *items)
             shown.insert(item.id);
-    std::erase_if(icons_, [&](const auto& entry) { return !shown.contains(entry.first); });
+    items_.keepIcons(shown);
 }
 
 void DockStore::reloadPinned() {
     checkThread();
     if (pinnedWrite_) return;
     auto ids = pinnedAppIdentifiers(dock_);
-    if (ids == pinnedIDs) return;
-    pinnedIDs = std::move(ids);
-    withAnimation(pinnedListAnimation, [this] { rebuild(); });
+    if (ids == pinnedIDs_) return;
+    pinnedIDs_ = std::move(ids);
+    rebuild(pinnedListAnimation);
 }
 
 void DockStore::refreshPinned() {
     checkThread();
-    if (makePinnedItems() == *pinnedItems) return;
-    withAnimation(pinnedListAnimation, [this] { rebuild(); });
+    if (makePinnedItems() == *pinnedItems_) return;
+    rebuild(pinnedListAnimation);
 }
 
 void DockStore::setPinned(std::vector<std::string> ids) {
     checkThread();
-    pinnedIDs = std::move(ids);
-    withAnimation(pinnedListAnimation, [this] { rebuild(); });
+    pinnedIDs_ = std::move(ids);
+    rebuild(pinnedListAnimation);
     pinnedWrite_ = scheduler_.after(pinnedWriteDelay, [this] { flushPinned(); });
 }
 
 void DockStore::flushPinned() {
     checkThread();
     if (!pinnedWrite_) return;
-    writePinnedApps(dock_, workspace_, applications_, pinnedIDs);
+    writePinnedApps(dock_, workspace_, applications_, pinnedIDs_);
     pinnedWrite_.reset();
-    // What else was changed in it while ours waited is lost, but not all of ours may be kept.
+    // Changes made elsewhere during our wait are lost, but some of ours may not be accepted either.
     reloadPinned();
 }
 

@@ -8,7 +8,7 @@ namespace larkspan {
 
 namespace {
 
-/// Of each slot that has gone what stands for it now, if anything does.
+/// For each removed slot, the slot that replaces it, if any.
 std::set<Slot> existingOf(const std::set<Slot>& wanted, const BarSlots& slots) {
     std::set<Slot> existing;
     for (const auto& slot : wanted)

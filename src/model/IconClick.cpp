@@ -11,7 +11,7 @@ namespace larkspan {
 
 namespace {
 
-/// How long the system may take to report an app as frontmost that the bar has activated, in
+/// How long the system may take to report an app that the bar has activated as frontmost, in
 /// seconds.
 constexpr double activationWindow = 1.0;
 
@@ -56,7 +56,7 @@ void IconClick::click(const DockItem& item, const DisplayGroup* group, const Rec
     const auto own = item.app ? std::optional(item.app->pid) : std::nullopt;
     const auto left = frontProcess();
     open(item, group, tileFrame, modifiers.option);
-    // Only now: what comes forward is not to be what the system finds behind the hidden ones.
+    // Only now: otherwise the system would bring forward an app behind the hidden ones.
     if (modifiers.option && modifiers.command)
         actions_.hideOthers(own);
     else if (modifiers.option && left != own)
@@ -76,9 +76,9 @@ void IconClick::open(const DockItem& item, const DisplayGroup* group, const Rect
     }
     const ProcessId pid = item.app->pid;
     const auto* app = store_.runningApplication(pid);
-    // A hide that was asked for and has not begun is a flight away already.
-    const auto phase = store_.animator.hasPendingHide(pid) ? WindowAnimator::Phase::hiding
-                                                           : store_.animator.phase(pid);
+    // A requested hide that has not begun counts as a flight.
+    const auto phase = store_.animator().hasPendingHide(pid) ? WindowAnimator::Phase::hiding
+                                                             : store_.animator().phase(pid);
     clickRunning({.item = item,
                   .group = group,
                   .tileFrame = tileFrame,
@@ -99,10 +99,10 @@ void IconClick::clickRunning(Clicked clicked) {
     const bool isSentAway =
         !clicked.onlyForward && (isComing || (clicked.phase == Phase::none && shouldHide(clicked)));
     if (isSentAway) {
-        store_.regroupingIDs.erase(clicked.item.id);
-        store_.animator.hide(clicked.pid, clicked.tileFrame);
+        store_.forbidRegroup(clicked.item.id);
+        store_.animator().hide(clicked.pid, clicked.tileFrame);
     } else {
-        actions_.letTileMove(clicked.item.id);
+        store_.allowRegroup(clicked.item.id);
         bringForward(clicked);
     }
 }
@@ -111,10 +111,10 @@ bool IconClick::shouldHide(Clicked& clicked) const {
     if (clicked.isHidden || frontProcess() != clicked.pid) return false;
     if (!accessibility_.isProcessTrusted()) return true;
     const auto* group = clicked.group;
-    if (group && group->slot.space && store_.spaceMap &&
-        !store_.spaceMap->shown.contains(*group->slot.space))
+    if (group && group->slot.space && store_.spaceMap() &&
+        !store_.spaceMap()->shown.contains(*group->slot.space))
         return false;
-    // An app that shows nothing here is not sent away: the click goes to where its windows are.
+    // An app with no window here is not hidden: the click shows its windows.
     return std::ranges::any_of(windowsOf(clicked), [](const AppWindow& window) {
         return !window.isMinimized && !window.isOnOtherSpace;
     });
@@ -129,17 +129,17 @@ void IconClick::bringForward(Clicked& clicked) {
         actions_.activate(clicked.pid);
         return;
     }
-    if (clicked.isHidden && store_.animator.show(clicked.pid, clicked.tileFrame)) return;
+    if (clicked.isHidden && store_.animator().show(clicked.pid, clicked.tileFrame)) return;
     if (isHiding) {
-        store_.animator.cancelHide(clicked.pid);
+        store_.animator().cancelHide(clicked.pid);
         actions_.restore(windows);
         actions_.activate(clicked.pid);
         return;
     }
     if (clicked.answers) raiseMainWindow(clicked.pid);
     if (clicked.isHidden) applications_.unhide(clicked.pid);
-    store_.animator.lastActivation = {clicked.pid, scheduler_.uptime()};
-    // Opening the address of a second copy would bring the first one forward.
+    store_.animator().activated(clicked.pid);
+    // Opening the URL of a second copy would bring the first one forward.
     const auto& bundle = clicked.item.app->bundleIdentifier;
     const bool isSecondCopy = bundle && *bundle != clicked.item.id;
     if (clicked.item.url && !isSecondCopy)
@@ -164,9 +164,9 @@ const std::vector<AppWindow>& IconClick::windowsOf(Clicked& clicked) const {
     return *clicked.windows;
 }
 
-/// The process that the bar itself has only just activated.
+/// The process that the bar has just activated.
 std::optional<ProcessId> IconClick::recentActivation() const {
-    const auto& activation = store_.animator.lastActivation;
+    const auto& activation = store_.animator().lastActivation();
     if (!activation || scheduler_.uptime() - activation->time >= activationWindow)
         return std::nullopt;
     return activation->pid;

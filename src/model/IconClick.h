@@ -16,22 +16,22 @@
 
 namespace larkspan {
 
-/// What a click on a tile does: it sends away the app whose windows are in front, brings any other
-/// running app forward, and launches one that does not run. With Option the app left behind is
-/// hidden, with Option and Command all others are; then nothing is sent away. Command shows where
-/// the app lies. Main thread only.
+/// A click on a tile: hides the app if its windows are in front, brings any other running app
+/// forward, and launches one that is not running. Option also hides the previously frontmost app,
+/// Option and Command hide all others; the clicked app is then never hidden. Command shows the app
+/// in the file manager. Main thread only.
 class IconClick {
   public:
     IconClick(DockStore& store, ItemActions& actions, Scheduler& scheduler, Workspace& workspace,
               ApplicationControl& applications, Accessibility& accessibility, DiagnosticsLog& log);
 
-    /// `group` is the group the tile stands in, nullptr for pinned and background tiles;
-    /// `tileFrame` is the tile's frame in screen coordinates.
+    /// `group` is the tile's group, nullptr for pinned and background tiles; `tileFrame` is the
+    /// tile's frame in screen coordinates.
     void click(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame,
                ClickModifiers modifiers = {});
 
   private:
-    /// A click as it was found, so that the steps judge one and the same state.
+    /// The state at the time of the click, so that all steps use the same one.
     struct Clicked {
         const DockItem& item;
         const DisplayGroup* group;
@@ -39,9 +39,9 @@ class IconClick {
         ProcessId pid = 0;
         bool isHidden = false;
         WindowAnimator::Phase phase = WindowAnimator::Phase::none;
-        /// The app is to come forward, whatever it does now.
+        /// The app must come forward, whatever its state.
         bool onlyForward = false;
-        /// Asked for at most once: an app that does not answer costs a whole time-out each time.
+        /// Read at most once: an app that does not respond costs a whole time-out each time.
         std::optional<std::vector<AppWindow>> windows;
         bool answers = true;
     };

@@ -1,6 +1,5 @@
 #include "model/ItemActions.h"
 
-#include "model/Animation.h"
 #include "model/PinnedSection.h"
 #include "spaces/WindowPresence.h"
 
@@ -12,10 +11,10 @@ namespace larkspan {
 
 namespace {
 
-/// How long an app may take to appear before its launching mark is given up, in seconds.
+/// The seconds after which an app that has not appeared loses its launching mark.
 constexpr double launchLimit = 30.0;
-/// How long an app may take to come to the front before its windows are no longer spread out, in
-/// seconds: by then the user does something else.
+/// The seconds that an app may take to come to the front before its windows are spread out; after
+/// that, the user is doing something else.
 constexpr double comingForwardLimit = 1.0;
 
 } // namespace
@@ -33,18 +32,13 @@ ItemActions::ItemActions(DockStore& store, Scheduler& scheduler, Workspace& work
 
 void ItemActions::open(const DockItem& item, const Rect& tileFrame) {
     if (!item.url) return;
-    auto launching = store_.launchingIDs.get();
-    const bool isNew = !store_.runningIDs.contains(item.id) && launching.insert(item.id).second;
-    letTileMove(item.id);
+    const bool isNew =
+        !store_.runningIDs().contains(item.id) && !store_.launchingIDs()->contains(item.id);
+    store_.allowRegroup(item.id);
     if (!applications_.open(*item.url) || !isNew) return;
-    store_.launchingIDs.set(std::move(launching));
-    if (item.isPinned) store_.openedFromPinned.push_back({item.id, tileFrame});
-    launchLimits_[item.id] = scheduler_.after(launchLimit, [this, id = item.id] {
-        store_.forgetOpened(id);
-        auto stillLaunching = store_.launchingIDs.get();
-        stillLaunching.erase(id);
-        store_.launchingIDs.set(std::move(stillLaunching));
-    });
+    store_.launchBegan(item, tileFrame);
+    launchLimits_[item.id] =
+        scheduler_.after(launchLimit, [this, id = item.id] { store_.launchFailed(id); });
 }
 
 void ItemActions::openNewInstance(const DockItem& item, const Rect& tileFrame) {
@@ -52,13 +46,13 @@ void ItemActions::openNewInstance(const DockItem& item, const Rect& tileFrame) {
         open(item, tileFrame);
         return;
     }
-    letTileMove(item.id);
+    store_.allowRegroup(item.id);
     if (item.url) applications_.openNewInstance(*item.url);
 }
 
 bool ItemActions::openFiles(const std::vector<std::string>& files, const DockItem& item) {
     if (!item.url || files.empty()) return false;
-    letTileMove(item.id);
+    store_.allowRegroup(item.id);
     return applications_.openWith(files, *item.url);
 }
 
@@ -68,7 +62,7 @@ void ItemActions::showInFinder(const DockItem& item) {
 
 void ItemActions::show(const DockItem& item) {
     if (!item.app) return;
-    letTileMove(item.id);
+    store_.allowRegroup(item.id);
     applications_.unhide(item.app->pid);
     activate(item.app->pid);
 }
@@ -88,7 +82,7 @@ void ItemActions::showAllWindows(const DockItem& item) {
         bringAllForward(item.app->pid);
 }
 
-/// The Dock does it for the app in front only, and this one may still be on its way there.
+/// The Dock can do it only for the frontmost app, and this one may not be in front yet.
 void ItemActions::spreadWindows(ProcessId pid) {
     const auto isInFront = [this, pid] {
         const auto front = workspace_.frontmostApplication();
@@ -101,7 +95,7 @@ void ItemActions::spreadWindows(ProcessId pid) {
     comingForward_ = workspace_.subscribe([this, isInFront](const WorkspaceEvent& event) {
         const bool hasCome =
             event.kind == WorkspaceEvent::Kind::didActivateApplication && isInFront();
-        // In a turn of its own: the subscription must not end amid the news.
+        // In a separate turn: the subscription must not end during the notification.
         if (hasCome)
             comingForwardLimit_ = scheduler_.after(0, [this] { spreadWindowsOfFrontApp(); });
     });
@@ -118,15 +112,16 @@ void ItemActions::bringAllForward(ProcessId pid) {
     const auto windows = WindowPresence::accessibilityWindows(accessibility_, pid);
     if (!windows || windows->empty()) return;
     restore(*windows);
-    // From the back to the front, so that they come to lie as they did.
+    // From back to front, to restore their stacking order.
     for (const auto& window : std::views::reverse(*windows))
         makeMain(window.element);
     activate(pid);
 }
 
 void ItemActions::hideOthers(std::optional<ProcessId> than) {
-    for (const auto& app : store_.running)
-        if (app.pid >= 1 && app.pid != than && !app.isHidden && store_.windowPIDs.contains(app.pid))
+    for (const auto& app : store_.running())
+        if (app.pid >= 1 && app.pid != than && !app.isHidden &&
+            store_.windowPIDs().contains(app.pid))
             applications_.hide(app.pid);
 }
 
@@ -139,16 +134,16 @@ void ItemActions::forceQuit(ProcessId pid) {
 }
 
 bool ItemActions::keep(const std::string& id) {
-    if (isPinned(id, store_.pinnedIDs)) return true;
+    if (isPinned(id, store_.pinnedIDs())) return true;
     if (!store_.makePinnedItem(id)) return false;
-    auto ids = store_.pinnedIDs;
+    auto ids = store_.pinnedIDs();
     ids.push_back(id);
     store_.setPinned(std::move(ids));
     return true;
 }
 
 bool ItemActions::remove(const std::string& id) {
-    auto ids = store_.pinnedIDs;
+    auto ids = store_.pinnedIDs();
     if (id == finderIdentifier || std::erase(ids, id) == 0) return false;
     store_.setPinned(std::move(ids));
     return true;
@@ -164,7 +159,7 @@ bool ItemActions::setOpensAtLogin(const DockItem& item, bool opens) {
 
 void ItemActions::activate(ProcessId pid) {
     applications_.activate(pid);
-    store_.animator.lastActivation = {pid, scheduler_.uptime()};
+    store_.animator().activated(pid);
 }
 
 void ItemActions::makeMain(const AXElementRef& window) {
@@ -175,14 +170,6 @@ void ItemActions::makeMain(const AXElementRef& window) {
 void ItemActions::restore(const std::vector<AppWindow>& windows) {
     for (const auto& window : windows)
         if (window.isMinimized) accessibility_.setAttribute(window.element, "AXMinimized", false);
-}
-
-void ItemActions::letTileMove(const std::string& id) {
-    if (!store_.isPointerOnBar || !store_.regroupingIDs.insert(id).second) return;
-    // Nothing else may come to move the tile: its app's window may have been there for long, behind
-    // the pointer. In a turn of its own, since the item may be one of the lists that are made anew.
-    regroup_ = scheduler_.after(
-        0, [this] { withAnimation(windowReadAnimation, [this] { store_.rebuild(); }); });
 }
 
 } // namespace larkspan

@@ -16,16 +16,16 @@
 
 namespace larkspan {
 
-/// What can be done with the app of a tile: the one place behind clicks, menus and scripts. An
-/// action that makes no sense for the item does nothing. Main thread only.
+/// What can be done with the app of a tile, for clicks, menus and scripts. An action that does not
+/// apply to the item has no effect. Main thread only.
 class ItemActions {
   public:
     ItemActions(DockStore& store, Scheduler& scheduler, Workspace& workspace,
                 ApplicationControl& applications, Accessibility& accessibility, CoreDock& dock,
                 LoginItems& loginItems);
 
-    /// Launches the app and marks its tile, which stands there on the screen, until it has come;
-    /// brings it forward when it runs.
+    /// Launches the app and marks its tile, which has that frame, until it has launched; brings it
+    /// forward if it is running.
     void open(const DockItem& item, const Rect& tileFrame);
     void openNewInstance(const DockItem& item, const Rect& tileFrame);
     bool openFiles(const std::vector<std::string>& files, const DockItem& item);
@@ -33,32 +33,29 @@ class ItemActions {
 
     /// Shows the app again if it is hidden, and brings it forward.
     void show(const DockItem& item);
-    /// Brings the window before all others, with its app; a minimised one comes back.
+    /// Brings the window in front of all others, with its app; restores a minimised one.
     void bringForward(const AppWindow& window);
-    /// Spreads out the app's windows; where the system cannot, brings all of them forward, the
-    /// minimised ones too.
+    /// Spreads out the app's windows; if the system cannot, brings all of them forward, including
+    /// the minimised ones.
     void showAllWindows(const DockItem& item);
-    /// Every app that has windows, except this one.
+    /// Hides every app that has windows, except this one.
     void hideOthers(std::optional<ProcessId> than);
     void quit(ProcessId pid);
     void forceQuit(ProcessId pid);
 
-    /// Keeps the app in the Dock. False when there is no such application.
+    /// Pins the app. Returns false if there is no such application.
     bool keep(const std::string& id);
-    /// False when it was not kept, or always is.
+    /// Returns false if it was not pinned, or cannot be unpinned.
     bool remove(const std::string& id);
-    /// Absent where that cannot be known and changed.
+    /// Absent if the system does not let programs read and change it.
     std::optional<bool> opensAtLogin(const DockItem& item) const;
     bool setOpensAtLogin(const DockItem& item, bool opens);
 
-    // The steps of bringing an app forward, for whoever decides which are needed.
+    // The steps of bringing an app forward; the caller decides which are needed.
 
     void activate(ProcessId pid);
     void makeMain(const AXElementRef& window);
     void restore(const std::vector<AppWindow>& windows);
-    /// Tiles keep their places under the pointer, but not the one whose app was just asked to show
-    /// itself: it goes where its window is.
-    void letTileMove(const std::string& id);
 
   private:
     void spreadWindows(ProcessId pid);
@@ -72,13 +69,11 @@ class ItemActions {
     Accessibility& accessibility_;
     CoreDock& dock_;
     LoginItems& loginItems_;
-    /// Ends the launching mark of an app that never comes.
+    /// Removes the launching mark of an app that never appears.
     std::map<std::string, Handle> launchLimits_;
-    /// While an app is on its way to the front, where its windows are to be spread out.
+    /// While an app comes to the front whose windows will be spread out.
     Handle comingForward_;
     Handle comingForwardLimit_;
-    /// The making of the lists that moves the tile that may.
-    Handle regroup_;
 };
 
 } // namespace larkspan

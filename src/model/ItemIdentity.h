@@ -8,7 +8,7 @@
 namespace larkspan {
 
 /// The tile id of each application, in order: its bundle identifier, or "pid:" and its process
-/// identifier when it has none or an application before it has the same.
+/// identifier if it has none or an earlier application has the same one.
 std::vector<std::string> itemIds(const std::vector<RunningApplication>& applications);
 
 } // namespace larkspan

@@ -8,9 +8,9 @@ namespace larkspan {
 
 namespace {
 
-/// How long a menu waits for the app's answer before it shows without, in seconds.
+/// How long a menu waits for the app before it is shown without its windows, in seconds.
 constexpr double patience = 0.1;
-/// How long an app that did not answer is left alone before it is asked again, in seconds.
+/// The seconds before an app that did not respond is asked again.
 constexpr double secondsBetweenQuestions = 0.5;
 
 MenuItem action(std::string title, std::function<void()> chosen) {
@@ -24,7 +24,7 @@ MenuItem withOption(MenuItem item, MenuItem alternate) {
     return item;
 }
 
-/// A line between what is there and what comes next, never at the top.
+/// A separator before what comes next, but never at the top.
 void separate(Menu& menu) {
     if (!menu.empty() && menu.back().kind != MenuItem::Kind::separator)
         menu.push_back(MenuItem::separator());
@@ -32,11 +32,11 @@ void separate(Menu& menu) {
 
 } // namespace
 
-/// A menu while it is shown.
+/// A menu while it is open.
 struct ItemMenu::Opened {
     Tile tile;
     Show show;
-    /// Whether the app answered when it was last asked; absent before the first answer.
+    /// Whether the app responded to the last request; absent before the first one.
     std::optional<bool> answers;
     Handle patience;
     Handle nextQuestion;
@@ -102,7 +102,7 @@ Menu ItemMenu::runningMenu(const Tile& tile, Listing listing, bool isHung) const
     Menu menu;
     const auto pid = tile.item.app->pid;
     const auto* app = store_.runningApplication(pid);
-    // An app that is still launching has not begun to answer.
+    // An app that is still launching cannot respond yet.
     isHung = isHung && app && app->isFinishedLaunching;
     if (isHung) menu.push_back({.title = "Application Not Responding", .isEnabled = false});
     addWindows(menu, tile, std::move(listing));
@@ -112,7 +112,7 @@ Menu ItemMenu::runningMenu(const Tile& tile, Listing listing, bool isHung) const
     menu.push_back(
         action("Show All Windows", [this, item = tile.item] { actions_.showAllWindows(item); }));
     menu.push_back(hiding(tile));
-    // The file manager of a Mac never ends.
+    // The Finder cannot quit.
     if (tile.item.id != finderIdentifier) menu.push_back(quitting(pid, isHung));
     return menu;
 }
@@ -129,7 +129,7 @@ Menu ItemMenu::notRunningMenu(const Tile& tile) const {
 void ItemMenu::addWindows(Menu& menu, const Tile& tile, Listing listing) const {
     const auto windows =
         store_.windowsOf(tile.item.app->pid, tile.groupOrNull(), std::move(listing));
-    const bool isFront = store_.frontmostPID.get() == tile.item.app->pid;
+    const bool isFront = store_.frontmostPID().get() == tile.item.app->pid;
     bool hasFront = false;
     for (const auto& window : windows) {
         auto line = action(window.title, [this, window] { actions_.bringForward(window); });
@@ -146,7 +146,7 @@ void ItemMenu::addWindows(Menu& menu, const Tile& tile, Listing listing) const {
 void ItemMenu::addOptions(Menu& menu, const Tile& tile) const {
     const auto& item = tile.item;
     MenuItem options{.kind = MenuItem::Kind::submenu, .title = "Options"};
-    // Finder always stays, and only what can be found again can be kept.
+    // Finder is always pinned, and only an app that can be found again can be pinned.
     const bool canBeKept = !item.app || (item.app->bundleIdentifier == item.id && item.url);
     if (item.id != finderIdentifier && canBeKept) options.submenu.push_back(keeping(tile));
     const auto opens = actions_.opensAtLogin(item);
@@ -175,7 +175,7 @@ MenuItem ItemMenu::hiding(const Tile& tile) const {
     const auto* app = store_.runningApplication(pid);
     const bool isHidden = app && app->isHidden;
     const auto show = [this, item] { actions_.show(item); };
-    const auto hide = [this, pid, frame = tile.frame] { store_.animator.hide(pid, frame); };
+    const auto hide = [this, pid, frame = tile.frame] { store_.animator().hide(pid, frame); };
     const auto hideOthers = [this, item] {
         actions_.show(item);
         actions_.hideOthers(item.app->pid);

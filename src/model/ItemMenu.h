@@ -13,8 +13,7 @@
 
 namespace larkspan {
 
-/// The menu above a tile, built anew each time it opens; it must not outlive this object. Main
-/// thread only.
+/// The menu of a tile, built each time it opens; it must not outlive this object. Main thread only.
 class ItemMenu {
   public:
     using Show = std::function<void(Menu)>;
@@ -22,15 +21,15 @@ class ItemMenu {
     ItemMenu(DockStore& store, ItemActions& actions, Scheduler& scheduler,
              Accessibility& accessibility);
 
-    /// Calls `show` with the menu within a tenth of a second, and again when it becomes another,
-    /// until the handle ends. The app is asked for its windows on a queue: one that hangs holds up
-    /// nothing, and once it answers again its menu says so.
+    /// Calls `show` with the menu within a tenth of a second, and again when it changes, until the
+    /// handle ends. The app is asked for its windows on a queue: a hung one blocks nothing, and
+    /// when it responds again, the menu changes.
     Handle open(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame, Show show);
-    /// The menu at once, which waits for the app's answer up to the messaging time-out.
+    /// Returns the menu at once, after waiting for the app up to the messaging time-out.
     Menu menu(const DockItem& item, const DisplayGroup* group, const Rect& tileFrame) const;
 
   private:
-    /// Its windows as Accessibility lists them; absent from an app that did not answer.
+    /// Its windows as Accessibility lists them; absent if the app did not respond.
     using Listing = std::optional<std::vector<AppWindow>>;
     struct Tile {
         DockItem item;

@@ -11,7 +11,7 @@ std::vector<std::string> pinnedSection(const std::vector<std::string>& pinnedIDs
     std::vector<std::string> section{finderIdentifier};
     std::unordered_set<std::string_view> taken{finderIdentifier};
     for (const auto& id : pinnedIDs)
-        // A damaged list may name an app twice; a second tile of one id would confuse every view.
+        // A damaged list may have an app twice; views need unique ids.
         if (taken.insert(id).second) section.push_back(id);
     return section;
 }

@@ -10,7 +10,7 @@ namespace larkspan {
 /// order.
 std::vector<std::string> pinnedSection(const std::vector<std::string>& pinnedIDs);
 
-/// Whether the item with that id stands in the pinned section.
+/// Whether the item with that id is in the pinned section.
 bool isPinned(std::string_view id, const std::vector<std::string>& pinnedIDs);
 
 } // namespace larkspan

@@ -6,7 +6,7 @@ namespace larkspan {
 
 namespace {
 
-/// How long the pictures wait at most for an app to show itself, in seconds.
+/// The seconds that the pictures wait at most for an app to be shown.
 constexpr double settleLimit = 0.5;
 
 } // namespace
@@ -18,7 +18,7 @@ WindowAnimator::Phase WindowAnimator::phase(ProcessId pid) const {
 
 void WindowAnimator::hide(ProcessId pid, const Rect& tileFrame) {
     if (inFlight_.contains(pid)) {
-        // Its pictures are in the air already.
+        // Its pictures are already in the air.
         beginHide(pid, tileFrame);
         return;
     }
@@ -54,7 +54,7 @@ void WindowAnimator::cancelHide(ProcessId pid) {
     if (seconds <= 0)
         end(pid);
     else
-        // The app was never hidden: its windows wait behind the pictures.
+        // The app was never hidden: its windows are behind the pictures.
         follow(pid, Phase::settling, seconds, [this, pid] { end(pid); });
 }
 
@@ -68,7 +68,7 @@ bool WindowAnimator::show(ProcessId pid, const Rect& tileFrame) {
 
 void WindowAnimator::finishShow(ProcessId pid) {
     follow(pid, Phase::settling, settleLimit, [this, pid] { end(pid); }).expectsUnhide = true;
-    lastActivation = {pid, scheduler_.uptime()};
+    activated(pid);
     applications_.unhide(pid);
     applications_.activate(pid);
 }
@@ -82,12 +82,12 @@ void WindowAnimator::unhidden(ProcessId pid) {
     const auto found = inFlight_.find(pid);
     const bool isOurs =
         found != inFlight_.end() && std::exchange(found->second.expectsUnhide, false);
-    // What was asked for here is late news to a hide that the user asked for since.
+    // A late notification for our request does not end a hide that the user requested since.
     if (isOurs && found->second.phase == Phase::hiding) return;
     forget(pid);
 }
 
-/// The flight goes into the phase, which ends after so many seconds.
+/// Starts the phase, which ends after that many seconds.
 WindowAnimator::Flight& WindowAnimator::follow(ProcessId pid, Phase phase, double seconds,
                                                std::function<void()> end) {
     auto& flight = inFlight_[pid];

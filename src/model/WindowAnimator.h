@@ -13,18 +13,18 @@
 
 namespace larkspan {
 
-/// The flights of windows into their tiles and out of them, one for each app at most. An app is
+/// The flights of windows into their tiles and out of them, at most one for each app. An app is
 /// hidden at the end of its flight into the tile, and shown at the end of the one out of it. Main
 /// thread only.
 class WindowAnimator {
   public:
     enum class Phase {
         none,
-        /// Into the tile; then the app is hidden.
+        /// Into the tile; the app is hidden afterwards.
         hiding,
         /// Out of the tile, while the app is still hidden.
         showing,
-        /// The windows are where they belong, and the pictures wait for them to be seen there.
+        /// The windows are in place, and the pictures wait until they are visible.
         settling
     };
     struct Activation {
@@ -39,33 +39,35 @@ class WindowAnimator {
         , applications_(applications)
         , flights_(flights) {}
 
-    /// `none` also while a hide is pending.
+    /// Also `none` while a hide is pending.
     Phase phase(ProcessId pid) const;
-    /// A hide was asked for whose flight has not begun.
+    /// Whether a hide was requested whose flight has not begun.
     bool hasPendingHide(ProcessId pid) const { return pendingHides_.contains(pid); }
 
     /// Flies the app's visible windows into the frame (screen coordinates), then hides the app. A
-    /// flight out of the tile is turned round.
+    /// flight out of the tile is reversed.
     void hide(ProcessId pid, const Rect& tileFrame);
-    /// Takes a hide back that has not come to its end.
+    /// Cancels a hide that has not finished.
     void cancelHide(ProcessId pid);
-    /// Flies the app's windows out of the frame, then shows and activates the app; answers false
-    /// when there was no flight to play, and then nothing was done.
+    /// Flies the app's windows out of the frame, then shows and activates the app. Returns false,
+    /// and does nothing, if there is no flight to play.
     bool show(ProcessId pid, const Rect& tileFrame);
 
     /// The app has quit.
     void forget(ProcessId pid);
-    /// The system tells that the app is no longer hidden.
+    /// The system reports that the app is not hidden any more.
     void unhidden(ProcessId pid);
 
+    /// The bar has activated the app.
+    void activated(ProcessId pid) { lastActivation_ = {pid, scheduler_.uptime()}; }
     /// The app that the bar activated last, and when.
-    std::optional<Activation> lastActivation;
+    const std::optional<Activation>& lastActivation() const { return lastActivation_; }
 
   private:
     struct Flight {
         Phase phase = Phase::none;
         Rect tileFrame;
-        /// The system has yet to tell of an unhiding that was asked for here.
+        /// Whether the system has yet to report an unhide that was requested here.
         bool expectsUnhide = false;
         Handle end;
     };
@@ -79,8 +81,10 @@ class WindowAnimator {
     Scheduler& scheduler_;
     ApplicationControl& applications_;
     WindowFlights& flights_;
+    std::optional<Activation> lastActivation_;
     std::map<ProcessId, Flight> inFlight_;
-    /// Which request for pictures each one waits for: those of an earlier one mean nothing.
+    /// The request for pictures that each one waits for; pictures of an earlier request are
+    /// ignored.
     std::map<ProcessId, std::uint64_t> pendingHides_;
     std::uint64_t lastRequest_ = 0;
 };

@@ -12,8 +12,8 @@ namespace larkspan {
 using DisplaysByProcess = std::map<ProcessId, std::set<DisplayId>>;
 using SlotsByProcess = std::map<ProcessId, std::set<Slot>>;
 
-/// The log's line about a read: for each process whose displays or Spaces changed, those it has
-/// windows on now and those it has none left on. Empty when none changed.
+/// The log line of a read: for each process whose displays or Spaces changed, those that have
+/// windows of it now and those that have none any more. Empty if none changed.
 std::string windowChangeLine(const DisplaysByProcess& displaysBefore,
                              const SlotsByProcess& slotsBefore,
                              const DisplaysByProcess& displaysNow, const SlotsByProcess& slotsNow);

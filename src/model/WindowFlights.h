@@ -7,20 +7,20 @@
 
 namespace larkspan {
 
-/// The view that lets pictures of windows fly into a tile and out of it. This one has no pictures,
-/// so that no flight lasts. Main thread only.
+/// The view that flies pictures of windows into a tile and out of it. This class has no pictures,
+/// so its flights take no time. Main thread only.
 class WindowFlights {
   public:
     enum class Direction { intoTile, outOfTile };
 
     virtual ~WindowFlights() = default;
-    /// Takes pictures of the app's visible windows; `ready` is called once there are any, and at
-    /// once where there will be none.
+    /// Takes pictures of the app's visible windows; `ready` is called when there are some, or at
+    /// once if there will be none.
     virtual void takePictures(ProcessId, std::function<void()> ready) { ready(); }
-    /// Lets the app's pictures fly, from wherever they are when they are in the air. The frame is
-    /// in screen coordinates. Answers the seconds it takes; 0 when there is nothing to show.
+    /// Flies the app's pictures, from their current position if they are in the air. The frame is
+    /// in screen coordinates. Returns the seconds it takes; 0 if there is nothing to show.
     virtual double fly(ProcessId, const Rect& /*tileFrame*/, Direction) { return 0; }
-    /// Takes the app's pictures away.
+    /// Removes the app's pictures.
     virtual void land(ProcessId) {}
 };
 

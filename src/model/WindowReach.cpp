@@ -46,12 +46,12 @@ void WindowReach::follow(const std::vector<WindowInfo>& unconfirmed) {
 
     for (auto& [pid, own] : windows) {
         auto& app = apps_[pid];
-        // What is seen is not closed.
+        // A window on screen is not closed.
         app.closed = without(app.closed, numbersOnScreen(own));
         std::set<WindowId> listed;
         for (const auto& window : own)
             listed.insert(window.id);
-        if (!app.check.holds(listed, scheduler_.uptime()) && !store_.reachingWindows.contains(pid))
+        if (!app.check.holds(listed, scheduler_.uptime()) && !reaching_.contains(pid))
             visit(pid, std::move(own));
     }
 }
@@ -61,10 +61,10 @@ void WindowReach::forgetOthers(const std::set<ProcessId>& pids) {
 }
 
 void WindowReach::visit(ProcessId pid, std::vector<WindowInfo> windows) {
-    store_.reachingWindows.insert(pid);
+    reaching_.insert(pid);
     auto known = numbersOnScreen(windows);
     for (const auto& window : windows)
-        if (store_.reachedWindows.contains(window.id)) known.insert(window.id);
+        if (store_.reachedWindows().contains(window.id)) known.insert(window.id);
     auto task = [&accessibility = accessibility_, &clock = scheduler_, pid,
                  known = std::move(known), earlier = apps_[pid], windows = std::move(windows)] {
         Visit visit;
@@ -87,7 +87,7 @@ void WindowReach::visit(ProcessId pid, std::vector<WindowInfo> windows) {
 }
 
 void WindowReach::finished(ProcessId pid, const Visit& visit) {
-    store_.reachingWindows.erase(pid);
+    reaching_.erase(pid);
     const auto found = apps_.find(pid);
     if (found == apps_.end()) return;
     const auto closedBefore = closed();
@@ -96,10 +96,9 @@ void WindowReach::finished(ProcessId pid, const Visit& visit) {
     app.check = visit.check;
 
     auto missed = visit.sought;
-    for (const auto& window : visit.search.windows) {
-        store_.reachedWindows[window.id] = window.element;
+    store_.windowsReached(visit.search.windows);
+    for (const auto& window : visit.search.windows)
         missed.erase(window.id);
-    }
     app.missed.insert(missed.begin(), missed.end());
     if (visit.search.isConclusive) app.closed.merge(missed);
     const auto confirmed = without(app.missed, app.check.hidden);

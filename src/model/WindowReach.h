@@ -15,33 +15,33 @@
 
 namespace larkspan {
 
-/// Reaches the windows on Spaces not shown, which Accessibility does not list, so that they can be
-/// raised, and finds out which of those listed are closed. Apps are asked one after the other on a
-/// queue of its own: a hung one delays neither the window reads nor the main thread, on which all
-/// methods are called.
+/// Finds the windows on Spaces that are not shown, which Accessibility does not list, so that they
+/// can be raised, and finds out which listed windows are closed. Apps are asked one after the other
+/// on a separate queue: a hung one delays neither the window reads nor the main thread, on which
+/// all methods are called.
 class WindowReach {
   public:
-    /// `closedChanged` is called when other windows count as closed than before.
+    /// `closedChanged` is called when the set of closed windows changes.
     WindowReach(DockStore& store, Scheduler& scheduler, const Accessibility& accessibility,
                 std::function<void()> closedChanged);
 
-    /// Takes all windows of the apps to reach, as `WindowRead::unconfirmed` has them. An app is
-    /// asked when its listing has changed or its last answer has become old.
+    /// Takes all windows of the apps to ask, as in `WindowRead::unconfirmed`. An app is asked if
+    /// its windows have changed or its last result is too old.
     void follow(const std::vector<WindowInfo>& unconfirmed);
 
-    /// Windows that the window server lists for Spaces not shown though they are no more: neither
-    /// Accessibility nor a search that went to its end met them.
+    /// Windows that the window server lists for Spaces that are not shown, but that do not exist
+    /// any more: neither Accessibility nor a complete search found them.
     std::set<WindowId> closed() const;
 
   private:
     struct App {
         ClosedCheck check;
-        /// Of the windows that `check` hides: those searched for in vain, and which of these are
-        /// closed for certain.
+        /// Of the windows that `check` hides: those that a search did not find, and those of them
+        /// that are certainly closed.
         std::set<WindowId> missed;
         std::set<WindowId> closed;
     };
-    /// What a visit to the app brought.
+    /// The result of asking the app.
     struct Visit {
         ClosedCheck check;
         std::set<WindowId> sought;
@@ -57,7 +57,9 @@ class WindowReach {
     const Accessibility& accessibility_;
     std::function<void()> closedChanged_;
     std::map<ProcessId, App> apps_;
-    /// Ends with this object, so that a visit that comes back later finds nobody.
+    /// Apps that are being asked, which continues even if they are not to be asked any more.
+    std::set<ProcessId> reaching_;
+    /// Expires with this object, for visits that finish later.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 

@@ -1,7 +1,5 @@
 #include "model/WindowRefresh.h"
 
-#include "model/Animation.h"
-
 #include <fmt/format.h>
 
 #include <algorithm>
@@ -13,11 +11,11 @@ namespace {
 
 constexpr double pollInterval = 0.5;
 constexpr double housekeepingInterval = 2.0;
-/// Seconds from a click or a Command key to the read that looks for its effect: the app has the
-/// event now, and still has to open or close its window. Sooner, the read would find the windows of
-/// before, and the effect would show with the next poll only.
+/// The seconds from a click or a Command key to the read of its effect: the app has just received
+/// the event, and still has to open or close its window. An earlier read would find the old
+/// windows, and the effect would appear only with the next poll.
 constexpr double inputDelay = 0.1;
-/// How long a full read may serve as the base of a cheaper one, in seconds.
+/// The seconds that a full read can be the base of a cheaper one.
 constexpr double baseLifetime = 2.0;
 constexpr const char* windowQueue = "windows";
 constexpr const char* windowCategory = "windows";
@@ -77,8 +75,8 @@ void WindowRefresh::observe() {
         }));
 }
 
-/// What a notification that got lost would have told. The poll of the windows would show an app in
-/// a section that its own state, known only from notifications, denies.
+/// Makes up for lost notifications. Otherwise the poll of the windows could put an app into a
+/// section that contradicts its state, which only notifications change.
 void WindowRefresh::catchUp() {
     followFront();
     if (store_.refreshRunning()) requestRead(true);
@@ -93,7 +91,7 @@ void WindowRefresh::workspaceChanged(const WorkspaceEvent& event) {
         break;
     case Kind::runningApplicationsDidChange:
         requestRead(store_.refreshRunning());
-        // A desktop that tells when apps are installed or removed tells it so.
+        // A desktop that announces installed and removed apps does it in this way.
         store_.refreshPinned();
         break;
     case Kind::didLaunchApplication:
@@ -107,7 +105,7 @@ void WindowRefresh::workspaceChanged(const WorkspaceEvent& event) {
 }
 
 void WindowRefresh::appsChanged(const WorkspaceEvent& event) {
-    // The slide, if there was one, is over: the read below stands for all that were held.
+    // A slide, if there was one, is over: the read below replaces all that were held.
     if (event.kind == WorkspaceEvent::Kind::activeSpaceDidChange) isSwitchingSpaces_ = false;
     if (event.application) followAnimator(event.kind, event.application->pid);
     store_.refreshRunning();
@@ -123,19 +121,19 @@ void WindowRefresh::endSpaceSwitch() {
 }
 
 void WindowRefresh::followAnimator(WorkspaceEvent::Kind kind, ProcessId pid) {
-    if (kind == WorkspaceEvent::Kind::didTerminateApplication) store_.animator.forget(pid);
-    if (kind == WorkspaceEvent::Kind::didUnhideApplication) store_.animator.unhidden(pid);
+    if (kind == WorkspaceEvent::Kind::didTerminateApplication) store_.animator().forget(pid);
+    if (kind == WorkspaceEvent::Kind::didUnhideApplication) store_.animator().unhidden(pid);
 }
 
 std::optional<RunningApplication> WindowRefresh::followFront() {
     auto front = workspace_.frontmostApplication();
-    store_.frontmostPID.set(front ? std::optional(front->pid) : std::nullopt);
+    store_.frontAppChanged(front ? std::optional(front->pid) : std::nullopt);
     return front;
 }
 
 void WindowRefresh::frontmostChanged() {
     const auto front = followFront();
-    if (front && front->bundleIdentifier) store_.seeBounces(*front->bundleIdentifier);
+    if (front && front->bundleIdentifier) store_.acknowledgeAttention(*front->bundleIdentifier);
     requestRead(false);
 }
 
@@ -143,10 +141,10 @@ void WindowRefresh::screensChanged() {
     std::vector<DisplayId> displays;
     for (const auto& screen : screens_.screens())
         displays.push_back(screen.display);
-    if (displays != store_.groupedScreens)
+    if (displays != store_.groupedScreens())
         requestRead(true);
     else if (abilities_.announcesChanges)
-        // Without a poll nobody else would notice that windows now lie on other displays.
+        // Without a poll, nothing else would notice that windows are on other displays now.
         requestRead(false);
 }
 
@@ -156,29 +154,28 @@ void WindowRefresh::setPointerOnBar(bool onBar, bool isMenuOpen) {
     holdTiles(onBar || isMenuOpen);
 }
 
-/// Views may miss that the pointer has left, when a window opens beneath it or a screen goes.
+/// Views may miss that the pointer has left, for example when a window opens under it or a screen
+/// is removed.
 void WindowRefresh::poll() {
-    const bool wasHeld = store_.isPointerOnBar;
+    const bool wasHeld = store_.isPointerOnBar();
     holdTiles(isMenuOpen_ || (isPointerTold_ && isPointerInBarFrames()));
-    if (!wasHeld || store_.isPointerOnBar) requestRead(false);
+    if (!wasHeld || store_.isPointerOnBar()) requestRead(false);
 }
 
 bool WindowRefresh::isPointerInBarFrames() const {
     const Point pointer = monitors_.mouseLocation();
-    return std::ranges::any_of(store_.barFrames,
+    return std::ranges::any_of(store_.barFrames(),
                                [&](const Rect& frame) { return frame.contains(pointer); });
 }
 
 void WindowRefresh::holdTiles(bool hold) {
-    if (std::exchange(store_.isPointerOnBar, hold) == hold || hold) return;
-    store_.regroupingIDs.clear();
-    requestRead(true);
+    if (store_.pointerOnBarChanged(hold) && !hold) requestRead(true);
 }
 
 void WindowRefresh::inputHeard(const InputEvent& event) {
     const bool matters = event.type == InputEventType::leftMouseUp ||
                          (event.modifierFlags & ModifierFlag::command) != 0;
-    // Not begun anew by a further event: a key that repeats would put it off for ever.
+    // Not restarted by another event: a repeating key would delay it forever.
     if (!matters || readAfterInput_) return;
     readAfterInput_ = scheduler_.after(inputDelay, [this] {
         readAfterInput_.reset();
@@ -190,7 +187,7 @@ void WindowRefresh::requestRead(bool rebuild) {
     rebuildAfterRead_ = rebuildAfterRead_ || rebuild;
     if (isSwitchingSpaces_) return;
     if (isReadingWindows_) {
-        // A read that has yet to begin will see what this one asks about.
+        // A read that has not begun yet will include what this one asks for.
         readAgain_ = !abilities_.readsAtOnce;
         return;
     }
@@ -201,11 +198,11 @@ void WindowRefresh::requestRead(bool rebuild) {
         readOnQueue();
 }
 
-/// One turn of the run loop later, so that a burst of events leads to one read.
+/// In the next turn of the run loop, so that a burst of events causes one read.
 void WindowRefresh::readSoon() {
     scheduler_.post([this, alive = std::weak_ptr(alive_)] {
         if (alive.expired()) return;
-        // No event tells that no app is in front any more.
+        // There is no notification that no app is in front any more.
         followFront();
         const double start = scheduler_.uptime();
         readFinished(reader_.read(screens_.screens()), start);
@@ -228,8 +225,8 @@ void WindowRefresh::readOnQueue() {
         });
 }
 
-/// What a cheaper read may compare with. Only a desktop that is polled can be read so: it will be
-/// looked at again, while an announced change that shows elsewhere than on screen would be lost.
+/// The base of a cheaper read. Only for a polled desktop, which will be read again: otherwise an
+/// announced change off screen would be lost.
 std::optional<ReadBase> WindowRefresh::baseOfRead() const {
     if (abilities_.announcesChanges || rebuildAfterRead_ || !lastFullRead_) return std::nullopt;
     if (scheduler_.uptime() - lastFullRead_->time >= baseLifetime) return std::nullopt;
@@ -267,7 +264,7 @@ void WindowRefresh::apply(std::optional<WindowRead> read, double start, double e
     }
     rebuildAfterRead_ = false;
     const double rebuildStart = scheduler_.uptime();
-    withAnimation(windowReadAnimation, [this] { store_.rebuild(); });
+    store_.rebuild(windowReadAnimation);
     log_.write(windowCategory,
                fmt::format("window list read in {} ms; icons regrouped in {} ms, SwiftUI animates "
                            "them for 0.35 s",

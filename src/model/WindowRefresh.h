@@ -19,9 +19,9 @@
 
 namespace larkspan {
 
-/// Keeps a `DockStore` in step with the desktop: hears what changed, asks for window reads (one at
-/// a time) and regroups after them. What the desktop does not announce is polled; what it announces
-/// costs nothing until it happens. Main thread only.
+/// Keeps a `DockStore` up to date with the desktop: receives its notifications, requests window
+/// reads (one at a time) and regroups after them. Polls only what the desktop does not announce.
+/// Main thread only.
 class WindowRefresh {
   public:
     /// Reads the windows once, before it returns.
@@ -29,24 +29,24 @@ class WindowRefresh {
                   WindowServer& server, const Accessibility& accessibility, DockPreferences& dock,
                   EventMonitors& monitors, DiagnosticsLog& log);
 
-    /// Told of each read that was made in full: the owners of the windows that count.
+    /// Called after each full read with the owners of the windows that count.
     std::function<void(const std::set<ProcessId>& owners)> onFullRead;
 
     /// `rebuild` forces a regroup after the read even if nothing changed.
     void requestRead(bool rebuild);
-    /// The pointer came onto a bar or left it. Tiles keep their sections meanwhile and are released
-    /// all at once when it leaves. A menu of the bar that is open holds them wherever the pointer
+    /// The pointer entered a bar or left it. In between, tiles keep their sections; they are
+    /// released together when it leaves. An open menu of the bar holds them wherever the pointer
     /// is.
     void setPointerOnBar(bool onBar, bool isMenuOpen = false);
-    /// The Spaces slide: reads are held until the workspace tells of another Space, or until
-    /// `endSpaceSwitch`.
+    /// The Spaces start to slide: reads are held until the workspace reports another Space, or
+    /// until `endSpaceSwitch`.
     void beginSpaceSwitch();
-    /// The Spaces stand still again, whether or not another one shows now.
+    /// The Spaces have stopped, whether or not another one is shown now.
     void endSpaceSwitch();
 
-    /// Windows that the window server still lists on Spaces out of view, and their apps no longer.
+    /// Windows that the window server still lists on Spaces out of view, but their apps do not.
     std::set<WindowId> closedWindows() const { return reach_.closed(); }
-    /// No read is in flight, asked for or held back.
+    /// Whether no read is running, requested or held.
     bool isAtRest() const {
         return !isReadingWindows_ && !readAgain_ && !rebuildAfterRead_ && !isSwitchingSpaces_;
     }
@@ -90,21 +90,21 @@ class WindowRefresh {
     const WindowReader reader_;
     WindowReach reach_;
 
-    /// A read is in flight (or, where the platform reads at once, waits for its turn).
+    /// A read is running (or, on a platform that reads at once, waits for its turn).
     bool isReadingWindows_ = false;
-    /// Another read was asked for while one was in flight.
+    /// Another read was requested while one was running.
     bool readAgain_ = false;
     bool rebuildAfterRead_ = false;
-    /// Reads are held back during a slide; its end always brings one.
+    /// Reads are held during a slide; its end always causes one.
     bool isSwitchingSpaces_ = false;
     std::optional<FullRead> lastFullRead_;
-    /// As the views told last; the poll finds out whether it still holds.
+    /// The views' last report; the poll checks whether it is still true.
     bool isPointerTold_ = false;
     bool isMenuOpen_ = false;
     /// The wait between a click or a Command key and the read that follows it.
     Handle readAfterInput_;
     std::vector<Handle> observations_;
-    /// Ends with this object, so that a read that comes back later finds nobody.
+    /// Expires with this object, for reads that finish later.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 

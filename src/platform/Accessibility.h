@@ -23,7 +23,7 @@ enum class AXError : std::int32_t {
     failure = -25200,
     illegalArgument = -25201,
     invalidUIElement = -25202,
-    /// The app is busy or hung: it did not answer within the messaging time-out.
+    /// The app is busy or hung: it did not reply within the messaging time-out.
     cannotComplete = -25204,
     attributeUnsupported = -25205,
     actionUnsupported = -25206,
@@ -31,8 +31,8 @@ enum class AXError : std::int32_t {
     noValue = -25212,
 };
 
-/// An element of an app's Accessibility tree. Opaque to all but the adapter that made it; may name
-/// something that has gone, and then every call answers `invalidUIElement`.
+/// An element of an app's Accessibility tree. Opaque to all but the adapter that made it. If what
+/// it refers to is gone, every call returns `invalidUIElement`.
 class AXElement {
   public:
     virtual ~AXElement() = default;
@@ -47,7 +47,7 @@ struct AXAttribute {
     /// Absent unless `error` is success.
     std::optional<AXValue> value;
 
-    /// The value when it has that type, else nullptr.
+    /// The value if it has that type, else nullptr.
     template <typename T>
     const T* as() const {
         return value ? std::get_if<T>(&*value) : nullptr;
@@ -60,37 +60,38 @@ struct AXAttribute {
 };
 
 /// The Accessibility interface. Calls go to other processes and may block up to the messaging
-/// time-out, so they may be made from any thread. Geometry is in display coordinates.
+/// time-out; any thread may make them. Geometry is in display coordinates.
 class Accessibility {
   public:
     using RemoteToken = std::array<std::uint8_t, 20>;
     virtual ~Accessibility() = default;
 
     virtual bool isProcessTrusted() const = 0;
-    /// Asks for trust, letting the system show its own prompt; answers whether it is trusted now.
+    /// Asks for trust; the system may show its own prompt. Returns whether the program is trusted
+    /// now.
     virtual bool requestTrust() = 0;
 
     virtual AXElementRef createSystemWide() const = 0;
     virtual AXElementRef createApplication(ProcessId pid) const = 0;
-    /// An element from its token; nullptr when the system has no such function.
+    /// An element from its token; nullptr if the system has no such function.
     virtual AXElementRef createWithRemoteToken(const RemoteToken& token) const = 0;
 
-    /// Set on the system-wide element it holds for every call of this process. Seconds; 0 is the
-    /// default.
+    /// If set on the system-wide element, it is valid for every call of this process. Seconds; 0 is
+    /// the default.
     virtual AXError setMessagingTimeout(const AXElementRef& element, float seconds) const = 0;
     virtual AXAttribute attribute(const AXElementRef& element, std::string_view name) const = 0;
     virtual AXError setAttribute(const AXElementRef& element, std::string_view name,
                                  const AXValue& value) const = 0;
     virtual AXError performAction(const AXElementRef& element, std::string_view action) const = 0;
     virtual std::optional<ProcessId> pid(const AXElementRef& element) const = 0;
-    /// The window server's number of a window element; absent once the window has gone.
+    /// The window server's number of a window element; absent once the window is gone.
     virtual std::optional<WindowId> window(const AXElementRef& element) const = 0;
 
-    /// Tells the callback, on the main thread, when the app sends that notification about the
-    /// element (for an application also about any of its windows), until the handle ends, which
-    /// must be on the main thread. News that come together may be told once. An empty handle when
-    /// the app does not answer or the element has gone. An app that hangs sends nothing; whether
-    /// the windows of one that dies are told of as destroyed is left to the desktop.
+    /// Calls back on the main thread when the app sends that notification about the element (for an
+    /// application, also about any of its windows), until the handle ends, which must be on the
+    /// main thread. Several notifications may be combined into one call. Returns an empty handle if
+    /// the app does not respond or the element is gone. A hung app sends nothing. Whether the
+    /// windows of a dead app are reported as destroyed depends on the desktop.
     virtual Handle observe(const AXElementRef& element, std::string_view notification,
                            std::function<void()> callback) const = 0;
 };

@@ -8,21 +8,19 @@
 
 namespace larkspan {
 
-/// What can be asked of applications and the system. All are requests that may be refused: the
-/// answer says only whether the request could be sent, the effect shows in the `Workspace`. Main
-/// thread only.
+/// Requests to applications and the system. Each may be refused: the return value says only whether
+/// the request could be sent; its effect is visible in the `Workspace`. Main thread only.
 class ApplicationControl {
   public:
     virtual ~ApplicationControl() = default;
 
-    /// Opens an application (launching it, or bringing it forward when it runs), a file, a folder
-    /// or a settings address such as "x-apple.systempreferences:…".
+    /// Opens an application (launches it, or brings it forward if it runs), a file, a folder or a
+    /// settings URL such as "x-apple.systempreferences:…".
     virtual bool open(std::string_view url) = 0;
-    /// Opens files or addresses with the application at that place, launching it when it does not
-    /// run.
+    /// Opens files or URLs with the application at that path, and launches it if it does not run.
     virtual bool openWith(const std::vector<std::string>& urls, std::string_view application) = 0;
-    /// Opens the application once more beside its running processes; where an application names a
-    /// way to do so in its own process, in that way.
+    /// Opens another instance of the application; if the application has an action for that, in its
+    /// own process.
     virtual bool openNewInstance(std::string_view application) = 0;
     /// Shows the file in the file manager, selected in its folder.
     virtual bool reveal(std::string_view url) = 0;

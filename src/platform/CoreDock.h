@@ -5,7 +5,7 @@
 
 namespace larkspan {
 
-/// The Dock's own functions, each of which this system may lack.
+/// The Dock's private functions, each of which may be missing on this system.
 enum class CoreDockFunction {
     getTileSize,
     setTileSize,
@@ -26,8 +26,8 @@ struct OrientationAndPinning {
     bool operator==(const OrientationAndPinning&) const = default;
 };
 
-/// The system Dock's settings. Calling a function that `has` denies is a programming error. Main
-/// thread only.
+/// The system Dock's settings. Calling a function for which `has` returns false is a programming
+/// error. Main thread only.
 class CoreDock {
   public:
     virtual ~CoreDock() = default;
@@ -41,8 +41,8 @@ class CoreDock {
     virtual void setOrientationAndPinning(OrientationAndPinning value) = 0;
     virtual bool isMagnificationEnabled() const = 0;
     virtual void setMagnificationEnabled(bool enabled) = 0;
-    /// Tells the Dock to do what a key of the keyboard tells it: "com.apple.expose.front.awake"
-    /// spreads out the windows of the app in front.
+    /// Sends the Dock the notification of a keyboard key: "com.apple.expose.front.awake" spreads
+    /// out the windows of the frontmost app.
     virtual void sendNotification(std::string_view name) = 0;
 };
 

@@ -9,16 +9,16 @@
 
 namespace larkspan {
 
-/// How a translucent panel can come by what lies beneath it.
+/// How a translucent panel gets the picture of what is below it.
 class DesktopPicture {
   public:
     virtual ~DesktopPicture() = default;
-    /// True when transparent pixels of a window show what lies beneath (a compositor runs).
+    /// Whether transparent pixels of a window show what is below (a compositor is running).
     virtual bool isComposited() const = 0;
-    /// The desktop's picture under the rectangle (display coordinates), at the screen's pixels;
-    /// absent when there is none to be had.
+    /// The desktop's picture under the rectangle (display coordinates), in the screen's pixels;
+    /// absent if there is none.
     virtual std::optional<Bitmap> under(const Rect& rect) const = 0;
-    /// Called after either answer changed.
+    /// Called after either value changed.
     virtual Handle subscribe(std::function<void()> callback) = 0;
 };
 

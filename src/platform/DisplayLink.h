@@ -6,7 +6,7 @@
 
 namespace larkspan {
 
-/// The rhythm in which the displays draw. Main thread only.
+/// The displays' refresh cycle. Main thread only.
 class DisplayLink {
   public:
     virtual ~DisplayLink() = default;

@@ -18,7 +18,7 @@ enum class InputEventType : std::uint32_t {
     keyDown = 10,
 };
 
-/// Bits of an event's modifier flags, as the platform numbers them.
+/// The bits of an event's modifier flags, with the platform's values.
 namespace ModifierFlag {
 inline constexpr std::uint64_t shift = 1U << 17;
 inline constexpr std::uint64_t control = 1U << 18;
@@ -33,14 +33,14 @@ struct InputEvent {
     Point location;
 };
 
-/// The bits of several types together say what a monitor hears.
+/// The types of events that a monitor receives, one bit each.
 using InputEventMask = std::uint64_t;
 constexpr InputEventMask maskOf(InputEventType type) {
     return InputEventMask{1} << static_cast<std::uint32_t>(type);
 }
 
-/// Hears of input that goes to other programs, after it was sent there, and knows where the pointer
-/// is. Main thread only.
+/// Observes input to other programs, after it was sent to them, and the pointer's position. Main
+/// thread only.
 class EventMonitors {
   public:
     using Callback = std::function<void(const InputEvent&)>;
@@ -48,9 +48,9 @@ class EventMonitors {
 
     /// In screen coordinates.
     virtual Point mouseLocation() const = 0;
-    /// Tells the callback of events of those types until the handle ends. Moves of the pointer are
-    /// told wherever it is, over this program's windows too, but not each one. A desktop may hear
-    /// some types only, and may need a permission for keys: the others are never told.
+    /// Calls back for events of those types until the handle ends. Moves of the pointer are
+    /// reported everywhere, also over this program's windows, but not every single one. A desktop
+    /// may support only some types, and may need a permission for keys; others are never reported.
     virtual Handle addGlobalMonitor(InputEventMask mask, Callback callback) = 0;
 };
 

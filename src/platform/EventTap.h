@@ -6,8 +6,8 @@
 
 namespace larkspan {
 
-/// An input event as it passes a tap, with the platform's own numbers for types and fields. Valid
-/// during the callback only.
+/// An input event in a tap, with the platform's own numbers for types and fields. Valid only during
+/// the callback.
 class TappedEvent {
   public:
     virtual ~TappedEvent() = default;
@@ -17,15 +17,15 @@ class TappedEvent {
     virtual double doubleField(std::uint32_t field) const = 0;
 };
 
-/// Event types and fields, as the platform numbers them.
+/// Event types and fields, with the platform's values.
 namespace TapEvent {
 /// A gesture of a trackpad.
 inline constexpr std::uint32_t gesture = 30;
-/// Not events: the system has disabled the tap, and tells so through its callback.
+/// Not events: the system has disabled the tap, and notifies it through its callback.
 inline constexpr std::uint32_t disabledByTimeout = 0xFFFFFFFE;
 inline constexpr std::uint32_t disabledByUserInput = 0xFFFFFFFF;
 
-/// What a gesture is: `dockSwipe` moves between Spaces.
+/// The kind of a gesture: `dockSwipe` moves between Spaces.
 inline constexpr std::uint32_t gestureKind = 110;
 inline constexpr std::int64_t dockSwipe = 23;
 /// 1 horizontal, 2 vertical, 3 a pinch.
@@ -39,24 +39,24 @@ inline constexpr std::uint32_t swipeVelocity = 129;
 inline constexpr std::uint32_t swipePhase = 132;
 } // namespace TapEvent
 
-/// A tap that listens. Its end waits for a callback that runs; none follows.
+/// A listening tap. Destroying it waits for a running callback; there are no calls after that.
 class EventTap {
   public:
     virtual ~EventTap() = default;
-    /// Lets events through again after the system has disabled the tap. Any thread.
+    /// Enables the tap again after the system has disabled it. Any thread.
     virtual void enable() = 0;
 };
 
-/// Makes taps on the session's input events.
+/// Creates taps of the session's input events.
 class EventTaps {
   public:
-    /// The event is only looked at: it reaches its receiver whatever the callback does.
+    /// Observes only: the event reaches its receiver whatever the callback does.
     using Callback = std::function<void(EventTap&, const TappedEvent&)>;
     virtual ~EventTaps() = default;
 
-    /// Listens to the event types whose bits `mask` has (1 shifted left by the type), from now on.
-    /// The callback runs on one thread, the tap's own where the platform gives it one. Nullptr when
-    /// the system refuses. Main thread only.
+    /// Listens from now on to the event types whose bits are set in `mask` (1 shifted left by the
+    /// type). The callback runs on one thread, the tap's own if the platform provides one. Returns
+    /// nullptr if the system refuses. Main thread only.
     virtual std::unique_ptr<EventTap> listen(std::uint64_t mask, Callback callback) = 0;
 };
 

@@ -39,7 +39,7 @@ struct Rect {
     bool operator==(const Rect&) const = default;
 };
 
-/// The common part of two rectangles; an empty rectangle when they only touch or lie apart.
+/// The intersection of two rectangles; an empty rectangle if they only touch or do not meet.
 inline Rect intersection(const Rect& a, const Rect& b) {
     const double x = std::max(a.minX(), b.minX());
     const double y = std::max(a.minY(), b.minY());

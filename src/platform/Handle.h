@@ -5,9 +5,9 @@
 
 namespace larkspan {
 
-/// Something that ends with its owner: a timer, an observation, a monitor. Destroying or resetting
-/// the handle undoes what made it; a default handle does nothing. Main thread only, unless its
-/// maker says otherwise.
+/// Owns something that ends with it: a timer, an observation, a monitor. Destroying or resetting
+/// the handle undoes the call that made it; a default handle does nothing. Main thread only, unless
+/// its maker documents otherwise.
 class [[nodiscard]] Handle {
   public:
     Handle() = default;

@@ -10,9 +10,9 @@ class HostApplication {
     virtual ~HostApplication() = default;
     /// Brings the program's own windows to the front.
     virtual void activate() = 0;
-    /// Ends the run loop soon; the delegate's will-terminate runs before the process ends.
+    /// Ends the run loop soon; the delegate's will-terminate runs before the process exits.
     virtual void terminate() = 0;
-    /// What runs where, in one line for reports: the program, its version and the system.
+    /// One line for reports: the program, its version and the system.
     virtual std::string description() const = 0;
 };
 

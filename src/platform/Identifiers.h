@@ -6,11 +6,11 @@ namespace larkspan {
 
 using ProcessId = std::int32_t;
 using DisplayId = std::uint32_t;
-/// The window server's number of a window; 0 is no window.
+/// The window server's number of a window; 0 means none.
 using WindowId = std::uint32_t;
 using SpaceId = std::uint64_t;
 
-/// The identifier under which the file manager stands first on the bar, on every desktop.
+/// The identifier of the file manager, which is first on the bar, on every desktop.
 inline constexpr const char* finderIdentifier = "com.apple.finder";
 
 } // namespace larkspan

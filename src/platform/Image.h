@@ -17,13 +17,13 @@ struct Bitmap {
     bool operator==(const Bitmap&) const = default;
 };
 
-/// A picture that can be drawn at any size, such as an app's icon. Immutable.
+/// An image that can be drawn at any size, such as an app's icon. Immutable.
 class Image {
   public:
     virtual ~Image() = default;
-    /// Two images of the same identity look the same; stable while the program runs.
+    /// Two images with the same identity look the same; stable while the program runs.
     virtual const std::string& identity() const = 0;
-    /// The picture fitted into a square of `pixels` × `pixels`, its proportions kept; empty when it
+    /// The image fitted into a square of `pixels` × `pixels`, keeping its proportions; empty if it
     /// cannot be loaded. Any thread. May read a file.
     virtual Bitmap bitmap(int pixels) const = 0;
 };

@@ -2,16 +2,17 @@
 
 namespace larkspan {
 
-/// The login item of the program itself. The status is the system's and may change at any time.
+/// The login item of the program itself. The system owns the status, which may change at any time.
 /// Main thread only.
 class LoginItem {
   public:
     enum class Status { notRegistered, enabled, requiresApproval, notFound };
     virtual ~LoginItem() = default;
     virtual Status status() const = 0;
-    /// Answers whether the program starts at login from now on, unless the user has yet to agree.
+    /// Returns whether the program starts at login from now on, unless the user has yet to approve
+    /// it.
     virtual bool registerItem() = 0;
-    /// False when the system refuses, and when there is nothing to take back.
+    /// Returns false if the system refuses, and if it is not registered.
     virtual bool unregisterItem() = 0;
     virtual void openSystemSettings() = 0;
 };

@@ -9,10 +9,10 @@ namespace larkspan {
 class LoginItems {
   public:
     virtual ~LoginItems() = default;
-    /// Whether the application at that place is; absent where this system does not let it be known
-    /// and changed.
+    /// Whether the application at that path is; absent if the system does not let programs read and
+    /// change it.
     virtual std::optional<bool> opensAtLogin(std::string_view application) const = 0;
-    /// Answers whether it is as asked for now.
+    /// Returns whether it is set as requested now.
     virtual bool setOpensAtLogin(std::string_view application, bool opens) = 0;
 };
 

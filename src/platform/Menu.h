@@ -8,7 +8,7 @@
 
 namespace larkspan {
 
-/// One line of a menu, as a value: the system decides what stands in a menu, a view only shows it.
+/// One item of a menu, as a value: the system decides what a menu contains, a view only shows it.
 struct MenuItem {
     enum class Kind { action, separator, heading, submenu };
     enum class Mark { none, check, diamond };
@@ -20,7 +20,7 @@ struct MenuItem {
     /// Called on the main thread when the item is chosen.
     std::function<void()> action;
     std::vector<MenuItem> submenu;
-    /// What stands in its place while the Option key is held; nullptr for the same line.
+    /// The item shown instead while the Option key is held; nullptr for the same item.
     std::shared_ptr<const MenuItem> alternate;
 
     static MenuItem separator() { return {.kind = Kind::separator}; }

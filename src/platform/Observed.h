@@ -6,8 +6,8 @@
 
 namespace larkspan {
 
-/// A property that tells its observers of a change, and only of a change: setting an equal value is
-/// silent. Observers read the new value from the property. One thread only.
+/// A property that notifies its observers only when it changes: setting an equal value has no
+/// effect. Observers read the new value from the property. One thread only.
 template <typename T>
 class Observed {
   public:
@@ -21,7 +21,7 @@ class Observed {
     const T& operator*() const { return value_; }
     const T* operator->() const { return &value_; }
 
-    /// Answers whether the value differed.
+    /// Returns whether the value was different.
     bool set(T value) {
         if (value == value_) return false;
         value_ = std::move(value);
@@ -29,7 +29,7 @@ class Observed {
         return true;
     }
 
-    [[nodiscard]] Handle observe(std::function<void()> callback) {
+    [[nodiscard]] Handle observe(std::function<void()> callback) const {
         return changed_.subscribe(std::move(callback));
     }
 

@@ -9,28 +9,28 @@
 
 namespace larkspan {
 
-/// A native window as the views' toolkit hands it out: an X11 window, an NSView.
+/// A native window, as the views' toolkit returns it: an X11 window, an NSView.
 using NativeWindow = std::uintptr_t;
 
-/// Makes a toolkit's window into a panel of the desktop: what the toolkit itself has no words for.
-/// Main thread only.
+/// Turns a toolkit's window into a panel of the desktop, with requests that the toolkit does not
+/// support. Main thread only.
 class PanelDressing {
   public:
     virtual ~PanelDressing() = default;
-    /// Before the window is first shown: floating above others, on every Space, never focused by a
-    /// click, absent from window lists.
+    /// Call it before the window is first shown: it floats above others, on every Space, never gets
+    /// the focus by a click, and is not in window lists.
     virtual void dress(NativeWindow window) = 0;
-    /// Keeps other windows clear of the bottom `height` points of the screen while the panel shows;
-    /// 0 gives the strip back. Without effect where the system Dock holds the strip.
+    /// Keeps other windows out of the bottom `height` points of the screen while the panel is
+    /// shown; 0 releases the strip. No effect if the system Dock reserves the strip.
     virtual void reserveStrip(NativeWindow window, const Screen& screen, double height) = 0;
-    /// Lets the pointer through everywhere but inside the rectangle, given in the window's own
-    /// coordinates from its top left, in points.
+    /// Lets the pointer through everywhere except inside the rectangle, which is in the window's
+    /// own coordinates from its top left, in points.
     virtual void setInputArea(NativeWindow window, const Rect& area) = 0;
-    /// Where the panel on the display shows the tiles of running apps (display coordinates), for a
-    /// desktop that lets windows fly there when they are minimised. None once it shows no more.
+    /// The positions of the running apps' tiles on the display's panel (display coordinates), for a
+    /// desktop that animates minimising windows. Empty when the panel is hidden.
     virtual void setTiles(DisplayId, const std::map<ProcessId, Rect>&) {}
-    /// After a shown panel had the keyboard: the program in front gets it, where it does not come
-    /// back by itself.
+    /// Call it after a shown panel had the keyboard focus: gives it to the frontmost program, if
+    /// the desktop does not do so itself.
     virtual void giveKeyboardBack(NativeWindow) {}
 };
 

@@ -24,8 +24,8 @@
 
 namespace larkspan {
 
-/// The interfaces of one desktop: what a program start picks. Only the application's root takes it
-/// whole; it hands each part of the system the interfaces that part needs.
+/// The interfaces of one desktop, chosen when the program starts. Only the application's root gets
+/// all of them; it passes each part of the system the interfaces that this part needs.
 struct Platform {
     Scheduler& scheduler;
     UserDefaults& defaults;

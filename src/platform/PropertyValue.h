@@ -9,14 +9,14 @@
 
 namespace larkspan {
 
-/// Raw bytes, apart from text.
+/// Raw bytes, as opposed to text.
 struct Data {
     std::string bytes;
     bool operator==(const Data&) const = default;
 };
 
-/// A property-list value, as the user defaults and the Dock's preferences hold them. Types are
-/// kept: a number stored as a string stays a string.
+/// A property-list value, as in the user defaults and the Dock's preferences. Types are kept: a
+/// number stored as a string stays a string.
 struct PropertyValue {
     using Array = std::vector<PropertyValue>;
     using Dictionary = std::map<std::string, PropertyValue>;
@@ -43,7 +43,7 @@ struct PropertyValue {
     PropertyValue(Dictionary dictionary)
         : value(std::move(dictionary)) {}
 
-    /// The value as one of the types above, or nullptr when it is another.
+    /// The value if it has that type, else nullptr.
     template <typename T>
     const T* as() const {
         return std::get_if<T>(&value);

@@ -8,16 +8,22 @@
 namespace larkspan {
 
 /// Runs tasks one after the other, in order, off the main thread (on the simulated Mac: in its own
-/// turn).
+/// turn). While it has neither a task nor a timer, it wakes nobody. All methods from any thread.
 class SerialQueue {
   public:
     virtual ~SerialQueue() = default;
-    /// From any thread. Tasks not yet begun when the program ends are dropped.
+    /// Tasks not yet begun when the program ends are dropped.
     virtual void post(std::function<void()> task) = 0;
+    /// Runs the task on this queue every `seconds`, the first time one interval from now, in its
+    /// turn behind the tasks that wait. At most one run waits: those missed while the queue is busy
+    /// are skipped. The handle may end on any thread, in a task of the queue too, and may outlive
+    /// the queue. Then no run begins any more; it does not wait for one under way on another
+    /// thread, so the task must own or share what it uses.
+    virtual Handle every(double seconds, std::function<void()> task) = 0;
 };
 
 /// The program's only clock and only source of later. Everything runs on the main thread, except
-/// `post` and the clocks, which any thread may call.
+/// `post`, the clocks and the queues, which any thread may call.
 class Scheduler {
   public:
     using Task = std::function<void()>;

@@ -12,7 +12,7 @@ namespace larkspan {
 
 struct Screen {
     DisplayId display = 0;
-    /// The window server's name of the display: a UUID on a Mac, the output's name on X11.
+    /// The window server's name for the display: a UUID on a Mac, the output's name on X11.
     std::string displayIdentifier;
     /// Screen coordinates (y upwards).
     Rect frame;
@@ -32,7 +32,7 @@ class Screens {
   public:
     virtual ~Screens() = default;
     virtual std::vector<Screen> screens() const = 0;
-    /// Called after screens came, went, moved, or their visible frames changed.
+    /// Called after screens were added, removed or moved, or their visible frames changed.
     virtual Handle subscribe(std::function<void()> callback) = 0;
 };
 

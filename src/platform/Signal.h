@@ -10,14 +10,15 @@
 
 namespace larkspan {
 
-/// Tells every subscriber, in the order they came. A subscriber ends with its handle, which may
-/// happen while the signal is being emitted and may outlive the signal. One thread only.
+/// Calls every subscriber, in the order of their subscription. A subscription ends with its handle,
+/// which may happen while the signal is being emitted; the handle may outlive the signal. One
+/// thread only.
 template <typename... Arguments>
 class Signal {
   public:
     using Callback = std::function<void(Arguments...)>;
 
-    [[nodiscard]] Handle subscribe(Callback callback) {
+    [[nodiscard]] Handle subscribe(Callback callback) const {
         auto entry = std::make_shared<Callback>(std::move(callback));
         entries_->push_back(entry);
         return Handle([weak = std::weak_ptr(entries_), entry] {
@@ -27,11 +28,11 @@ class Signal {
     }
 
     void emit(Arguments... arguments) const {
-        // A copy: subscribers may come and go while they are told. One that left is an empty
+        // A copy: subscriptions may start and end during the calls. One that has ended is an empty
         // callback.
         const auto entries = *entries_;
         for (const auto& entry : entries) {
-            // Kept alive by a copy too, since a callback may end its own subscription.
+            // A copy too, since a callback may end its own subscription.
             if (const Callback callback = *entry) callback(arguments...);
         }
     }

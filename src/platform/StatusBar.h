@@ -15,7 +15,7 @@ struct StatusItem {
     Menu menu;
 };
 
-/// The part of the screen in which programs show icons of their own. Main thread only.
+/// The part of the screen where programs show their own icons. Main thread only.
 class StatusBar {
   public:
     virtual ~StatusBar() = default;

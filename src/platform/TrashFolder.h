@@ -12,7 +12,7 @@ namespace larkspan {
 class TrashFolder {
   public:
     virtual ~TrashFolder() = default;
-    /// How many entries the folder holds, the hidden ones too; absent when it cannot be read.
+    /// The number of entries in the folder, with hidden ones; absent if it cannot be read.
     virtual std::optional<std::size_t> entryCount() const = 0;
     virtual bool holdsDesktopServicesFile() const = 0;
     /// Shows the folder to the user.

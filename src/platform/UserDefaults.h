@@ -17,7 +17,7 @@ class UserDefaults {
     /// Takes effect at once for every later read of this process.
     virtual void set(std::string_view key, PropertyValue value) = 0;
     virtual void remove(std::string_view key) = 0;
-    /// Answers once everything set so far would survive a kill of this process; false when it could
+    /// Returns when everything set so far would survive a kill of this process; false if it could
     /// not be stored.
     virtual bool synchronize() = 0;
 };

@@ -15,12 +15,12 @@ namespace larkspan {
 /// The raw values are the platform's.
 enum class ActivationPolicy { regular = 0, accessory = 1, prohibited = 2 };
 
-/// A running application as it was when it was read.
+/// A running application, as read.
 struct RunningApplication {
-    /// Below 1 when the process is not known.
+    /// Below 1 if the process is not known.
     ProcessId pid = -1;
     std::optional<std::string> bundleIdentifier;
-    /// Where the application bundle lies (on X11: its desktop entry), as a file path.
+    /// The path of the application bundle (on X11: of its desktop entry).
     std::optional<std::string> bundleURL;
     std::string localizedName;
     ActivationPolicy activationPolicy = ActivationPolicy::regular;
@@ -28,7 +28,7 @@ struct RunningApplication {
     bool isHidden = false;
     bool isActive = false;
     bool isTerminated = false;
-    /// The process's own icon, when it has one.
+    /// The process's own icon, if it has one.
     ImageRef icon;
 
     bool operator==(const RunningApplication&) const = default;
@@ -42,25 +42,25 @@ struct WorkspaceEvent {
         didUnhideApplication,
         didActivateApplication,
         activeSpaceDidChange,
-        /// The list of running applications is another than before.
+        /// The list of running applications has changed.
         runningApplicationsDidChange,
     };
     Kind kind;
-    /// Whom it is about; absent for the last two kinds.
+    /// The application concerned; absent for the last two kinds.
     std::optional<RunningApplication> application;
 };
 
-/// The running applications and what the system knows of installed ones. Main thread only.
+/// The running applications, and what the system knows about installed ones. Main thread only.
 class Workspace {
   public:
     virtual ~Workspace() = default;
 
-    /// In the order in which the system lists them, which is the order in which they were launched.
+    /// In the system's order, which is the launch order.
     virtual std::vector<RunningApplication> runningApplications() const = 0;
     virtual std::optional<RunningApplication> frontmostApplication() const = 0;
-    /// Whether a process of that number runs, one that is no application too.
+    /// Whether a process with that number is running, also one that is not an application.
     virtual bool hasProcess(ProcessId pid) const = 0;
-    /// Where the application of that bundle identifier is installed, as a file path.
+    /// The path where the application with that bundle identifier is installed.
     virtual std::optional<std::string>
     urlForApplication(std::string_view bundleIdentifier) const = 0;
     /// The file manager's name for the file, with its extension.

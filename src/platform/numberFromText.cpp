@@ -7,8 +7,7 @@
 namespace larkspan {
 
 std::optional<double> numberFromText(std::string_view text) {
-    // What else a library takes for a number (hexadecimal digits, "inf") differs from one to
-    // another.
+    // Libraries differ in what else they accept as a number (hexadecimal digits, "inf").
     if (text.find_first_not_of("0123456789+-.eE") != std::string_view::npos) return std::nullopt;
     std::istringstream stream{std::string(text)};
     stream.imbue(std::locale::classic());

@@ -14,7 +14,7 @@ namespace {
 using nlohmann::json;
 using Words = std::vector<std::string>;
 
-constexpr const char* notRunning = "Larkspan does not run";
+constexpr const char* notRunning = "Larkspan is not running";
 
 /// Goes the road of the command line. An answer that takes its time is not waited for: what came of
 /// it is for an expectation.
@@ -22,7 +22,7 @@ Outcome request(Stage& stage, const Words& words) {
     if (!stage.delegate()) return notRunning;
     const auto outcome = std::make_shared<Outcome>(done);
     Control(*stage.delegate()).answer(words, [outcome](const ControlAnswer& answer) {
-        if (answer.code != 0) *outcome = answer.text;
+        if (answer.code != ExitCode::succeeded) *outcome = answer.text;
     });
     return *outcome;
 }

@@ -4,6 +4,7 @@
 #include <charconv>
 #include <cmath>
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 #include <string_view>
 
 namespace larkspan::sim {
@@ -12,7 +13,7 @@ namespace {
 
 using nlohmann::json;
 
-/// Numbers that went through a computation are rarely the one that was written down.
+/// Computed numbers are rarely exactly the written one.
 constexpr double tolerance = 0.001;
 
 bool isNamed(const json& value, const std::string& name) {
@@ -96,15 +97,14 @@ const std::vector<Field>& expectationConditions() {
 }
 
 std::optional<std::string> checkExpectation(const std::string& path, const json& fields) {
-    if (!path.starts_with('/')) return "a path of the state begins with \"/\"";
+    if (!path.starts_with('/')) return "a path into the state must start with \"/\"";
     const auto& conditions = expectationConditions();
-    if (auto complaint = checkFields(fields, conditions, {"at", "expect", "note"}))
-        return complaint;
+    if (auto error = checkFields(fields, conditions, {"at", "expect", "note"})) return error;
     const auto given = std::count_if(conditions.begin(), conditions.end(), [&](const Field& field) {
         return fields.contains(field.name);
     });
     if (given == 1) return std::nullopt;
-    return "an expectation has exactly one of \"equals\", \"contains\", \"lacks\", \"ids\", "
+    return "an expectation must have exactly one of \"equals\", \"contains\", \"lacks\", \"ids\", "
            "\"count\" and \"exists\"";
 }
 
@@ -112,9 +112,9 @@ std::optional<std::string> compare(const json& state, const std::string& path, c
     const json* value = valueAt(state, path);
     if (const auto exists = fields.find("exists"); exists != fields.end()) {
         if (exists->get<bool>() == (value != nullptr)) return std::nullopt;
-        return fmt::format("{} is {}there", path, value ? "" : "not ");
+        return fmt::format("{} {}", path, value ? "exists" : "does not exist");
     }
-    if (!value) return fmt::format("{} is not there", path);
+    if (!value) return fmt::format("{} does not exist", path);
     const auto differs = [&](std::string_view word, const json& expected) {
         return fmt::format("{} is {}, expected {} {}", path, shortened(*value), word,
                            shortened(expected));

@@ -17,7 +17,7 @@ Outcome permit(Stage& stage, const json& fields) {
     else if (permission == "inputMonitoring")
         stage.mac.eventTaps.refuses = refuse;
     else
-        return fmt::format("there is no permission \"{}\"", permission);
+        return fmt::format("unknown permission \"{}\"", permission);
     return done;
 }
 
@@ -65,7 +65,7 @@ Outcome openWindows(Stage& stage, const json& fields) {
 Outcome removeFunction(Stage& stage, const json& fields) {
     const std::string name = text(fields, "name");
     if (stage.mac.removeFunction(name)) return done;
-    return fmt::format("no system has a private function \"{}\"", name);
+    return fmt::format("unknown private function \"{}\"", name);
 }
 
 Outcome disturbEvents(Stage& stage, const json& fields) {
@@ -93,15 +93,15 @@ Outcome reportFrontLate(Stage& stage, const json& fields) {
 }
 
 Outcome dieBefore(Stage& stage, const json& fields) {
-    if (!stage.delegate()) return "Larkspan does not run";
-    stage.mac.killPoint().dieBefore(fields["deed"].get<int>());
+    if (!stage.delegate()) return "Larkspan is not running";
+    stage.mac.killPoint().dieBefore(fields["write"].get<int>());
     return done;
 }
 
 Outcome changeDisplaysAfterRead(Stage& stage, const json& fields) {
     const std::string displays = text(fields, "displays");
     if (stage.mac.changeDisplaysAfterRead(displays)) return done;
-    return fmt::format("\"{}\" describes no displays", displays);
+    return fmt::format("\"{}\" is not a list of displays", displays);
 }
 
 } // namespace
@@ -140,7 +140,7 @@ const std::vector<ScenarioAction>& faultActions() {
         {"refuseDockSizes", {refuse}, onFlag<&SimMac::refuseDockSizes>},
         {"refuseLoginItem", {refuse}, onFlag<&SimMac::refuseLoginItem>},
         {"refuseToStore", {refuse}, onFlag<&SimMac::refuseToStore>},
-        {"dieBefore", {{"deed", FieldKind::index, true, 0, 10'000}}, dieBefore},
+        {"dieBefore", {{"write", FieldKind::index, true, 0, 10'000}}, dieBefore},
         {"changeDisplaysAfterRead", {{"displays", FieldKind::text, true}}, changeDisplaysAfterRead},
     };
     return actions;

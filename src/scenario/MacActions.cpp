@@ -17,7 +17,7 @@ Rect rect(const json& value) {
 
 Outcome install(Stage& stage, const json& fields) {
     if (stage.mac.world().installed.contains(text(fields, "app")))
-        return fmt::format("{} is installed already", text(fields, "app"));
+        return fmt::format("{} is already installed", text(fields, "app"));
     stage.mac.install(text(fields, "app"), text(fields, "name"));
     return done;
 }
@@ -131,7 +131,7 @@ Outcome addSpace(Stage& stage, const json& fields) {
 Outcome removeSpace(Stage& stage, const json& fields) {
     return withSpace(stage, fields, [&](SimMac& mac, SpaceId space) -> Outcome {
         if (mac.world().displayOfSpace(space)->spaces.size() < 2)
-            return "a display keeps its last Space";
+            return "the last Space of a display cannot be removed";
         mac.removeSpace(space);
         return done;
     });
@@ -158,7 +158,7 @@ Outcome swipe(Stage& stage, const json& fields) {
 
 Outcome addDisplay(Stage& stage, const json& fields) {
     if (stage.mac.addDisplay(text(fields, "size")) != 0) return done;
-    return fmt::format("\"{}\" describes no display", text(fields, "size"));
+    return fmt::format("\"{}\" is not a display", text(fields, "size"));
 }
 
 Outcome unplug(Stage& stage, const json& fields) {
@@ -186,7 +186,7 @@ bool isInDock(const SimMac& mac, const std::string& app) {
 Outcome pin(Stage& stage, const json& fields) {
     return withInstalled(stage, fields, [](SimMac& mac, const InstalledApp& app) -> Outcome {
         const std::string id = app.bundleIdentifier;
-        if (isInDock(mac, id)) return fmt::format("{} is in the Dock already", id);
+        if (isInDock(mac, id)) return fmt::format("{} is already in the Dock", id);
         mac.pin(id);
         return done;
     });
@@ -205,7 +205,7 @@ Outcome arrangeDock(Stage& stage, const json& fields) {
         if (!stage.mac.world().installed.contains(app))
             return fmt::format("{} is not installed", app);
         if (std::count(apps.begin(), apps.end(), app) > 1)
-            return fmt::format("{} stands there twice", app);
+            return fmt::format("{} is listed twice", app);
     }
     stage.mac.setPinned(apps);
     return done;
@@ -225,7 +225,7 @@ Outcome restartDock(Stage& stage, const json& fields) {
     return done;
 }
 
-/// What is left out stays as it is.
+/// Missing fields keep their values.
 Outcome changeDock(Stage& stage, const json& fields) {
     DockSettings dock = stage.mac.world().dock;
     dock.tileSize = fields.value("tileSize", dock.tileSize);
@@ -258,7 +258,7 @@ constexpr Field appField{"app", FieldKind::text, true};
 constexpr Field windowField{"window", FieldKind::text, true};
 constexpr Field displayField{"display", FieldKind::index};
 constexpr Field spaceField{"space", FieldKind::index, true};
-/// The most by which a date moves: about thirty of them, in seconds.
+/// The largest change of the date: about thirty years, in seconds.
 constexpr double years = 1e9;
 } // namespace
 

@@ -6,8 +6,7 @@ namespace larkspan::sim {
 
 class SimMac;
 
-/// The simulated Mac's own state, as it would be seen without the program: what a scenario expects
-/// under "/mac".
+/// The simulated Mac's own state, independent of the program: the report under "/mac".
 nlohmann::json macReport(const SimMac& mac);
 
 } // namespace larkspan::sim

@@ -1,6 +1,7 @@
 #include "scenario/ScenarioAction.h"
 
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 namespace larkspan::sim {
 
@@ -9,25 +10,25 @@ namespace {
 using nlohmann::json;
 using Outcome = std::optional<std::string>;
 
-/// The permissions window, or why there is none.
-Outcome withWindow(Stage& stage, const std::function<void(PermissionsWindow&)>& act) {
-    if (!stage.delegate()) return "Larkspan does not run";
-    PermissionsWindow& window = stage.delegate()->controller().permissions();
-    if (!*window.isShown) return "the permissions window is not shown";
+/// Calls `act` with the permissions window, or returns why there is none.
+Outcome withWindow(Stage& stage, const std::function<void(PermissionsModel&)>& act) {
+    if (!stage.delegate()) return "Larkspan is not running";
+    PermissionsModel& window = stage.delegate()->controller().permissions();
+    if (!*window.isShown) return "the permissions window is not open";
     act(window);
     return std::nullopt;
 }
 
-/// A click on the row's button.
+/// Clicks the row's button.
 Outcome ask(Stage& stage, const json& fields) {
     const auto name = fields["permission"].get<std::string>();
     const auto permission = permissionNamed(name);
-    if (!permission) return fmt::format("there is no permission \"{}\"", name);
+    if (!permission) return fmt::format("unknown permission \"{}\"", name);
     Outcome refusal;
-    const auto outcome = withWindow(stage, [&](PermissionsWindow& window) {
+    const auto outcome = withWindow(stage, [&](PermissionsModel& window) {
         const bool isForScreen = *permission == Permission::screenRecording;
         if (*(isForScreen ? window.hasScreenRecording : window.hasAccessibility))
-            refusal = fmt::format("the row of {} has no button: it is granted", name);
+            refusal = fmt::format("{} is already granted, so its row has no button", name);
         else if (isForScreen)
             window.grantScreenRecording();
         else
@@ -37,12 +38,12 @@ Outcome ask(Stage& stage, const json& fields) {
 }
 
 Outcome close(Stage& stage, const json&) {
-    return withWindow(stage, [](PermissionsWindow& window) { window.close(); });
+    return withWindow(stage, [](PermissionsModel& window) { window.close(); });
 }
 
 Outcome answerPrompt(Stage& stage, const json& fields) {
     Privacy& privacy = stage.mac.world().privacy;
-    if (!privacy.prompt()) return "the system asks nothing";
+    if (!privacy.prompt()) return "the system shows no prompt";
     privacy.answer(fields["settings"].get<bool>());
     return std::nullopt;
 }

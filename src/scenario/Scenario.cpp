@@ -16,11 +16,11 @@ namespace larkspan::sim {
 namespace {
 
 using nlohmann::json;
-using Complaint = std::optional<std::string>;
+using Error = std::optional<std::string>;
 
-/// The text as a value. A name that stands twice in one object is complained about: only one of
-/// the two would be heard.
-json parseOnce(std::string_view text, Complaint& complaint) {
+/// The text as a value. A name that appears twice in one object is an error: only one of its values
+/// would be used.
+json parseOnce(std::string_view text, Error& error) {
     std::vector<std::set<std::string>> names;
     std::string section;
     int step = 0;
@@ -33,17 +33,17 @@ json parseOnce(std::string_view text, Complaint& complaint) {
         } else if (event == json::parse_event_t::key) {
             const auto& name = value.get_ref<const std::string&>();
             if (depth == 1) section = name;
-            if (names.back().insert(name).second || complaint) return true;
+            if (names.back().insert(name).second || error) return true;
             const std::string where =
                 section == "steps" && depth == 3 ? fmt::format("step {}: ", step) : std::string();
-            complaint = fmt::format("{}\"{}\" stands twice", where, name);
+            error = fmt::format("{}\"{}\" appears twice", where, name);
         }
         return true;
     };
     return json::parse(text, watch);
 }
 
-Complaint readKind(const json& object, ScenarioStep& step) {
+Error readKind(const json& object, ScenarioStep& step) {
     const std::pair<const char*, ScenarioStep::Kind> kinds[] = {
         {"do", ScenarioStep::Kind::act},
         {"expect", ScenarioStep::Kind::expect},
@@ -52,20 +52,21 @@ Complaint readKind(const json& object, ScenarioStep& step) {
     for (const auto& [name, kind] : kinds) {
         const auto subject = object.find(name);
         if (subject == object.end()) continue;
-        if (!subject->is_string()) return fmt::format("\"{}\" is not a text", name);
+        if (!subject->is_string()) return fmt::format("\"{}\" is not a string", name);
         ++found;
         step.kind = kind;
         step.subject = subject->get<std::string>();
     }
     if (found == 1) return std::nullopt;
-    return "a step has exactly one of \"do\", \"expect\" and \"picture\"";
+    return "a step must have exactly one of \"do\", \"expect\" and \"picture\"";
 }
 
-Complaint readTime(const json& object, double earliest, ScenarioStep& step) {
-    if (auto complaint = checkField(object, secondsField("at", true))) return complaint;
+Error readTime(const json& object, double earliest, ScenarioStep& step) {
+    if (auto error = checkField(object, secondsField("at", true))) return error;
     step.at = object["at"].get<double>();
     if (step.at < earliest)
-        return fmt::format("{} seconds is before the step above, at {}", step.at, earliest);
+        return fmt::format("{} seconds is earlier than the previous step, at {}", step.at,
+                           earliest);
     return std::nullopt;
 }
 
@@ -75,60 +76,60 @@ bool isPictureName(const std::string& name) {
     });
 }
 
-Complaint checkSubject(const ScenarioStep& step) {
+Error checkSubject(const ScenarioStep& step) {
     switch (step.kind) {
     case ScenarioStep::Kind::act: {
         const ScenarioAction* action = scenarioAction(step.subject);
-        if (!action) return fmt::format("there is no action \"{}\"", step.subject);
+        if (!action) return fmt::format("unknown action \"{}\"", step.subject);
         return checkFields(step.fields, action->fields, {"at", "do", "note"});
     }
     case ScenarioStep::Kind::expect:
         return checkExpectation(step.subject, step.fields);
     case ScenarioStep::Kind::picture:
         if (!isPictureName(step.subject))
-            return "a picture's name has letters, digits, \"-\" and \"_\" only";
+            return "a picture's name may only contain letters, digits, \"-\" and \"_\"";
         return checkFields(step.fields, {}, {"at", "picture", "note"});
     }
     return std::nullopt;
 }
 
-Complaint readStep(const json& object, double earliest, ScenarioStep& step) {
-    if (!object.is_object()) return "a step is an object";
+Error readStep(const json& object, double earliest, ScenarioStep& step) {
+    if (!object.is_object()) return "a step must be an object";
     step.fields = object;
-    if (auto complaint = readTime(object, earliest, step)) return complaint;
-    if (auto complaint = checkField(object, {"note", FieldKind::text})) return complaint;
-    if (auto complaint = readKind(object, step)) return complaint;
+    if (auto error = readTime(object, earliest, step)) return error;
+    if (auto error = checkField(object, {"note", FieldKind::text})) return error;
+    if (auto error = readKind(object, step)) return error;
     return checkSubject(step);
 }
 
 } // namespace
 
 ScenarioReading parseScenario(std::string_view text, std::string_view file) {
-    const auto refuse = [file](std::string reason) {
+    const auto reject = [file](std::string reason) {
         return ScenarioReading{std::nullopt, fmt::format("{}: {}", file, reason)};
     };
     json root;
-    Complaint repeated;
+    Error repeated;
     try {
         root = parseOnce(text, repeated);
     } catch (const json::exception& error) {
-        return refuse(error.what());
+        return reject(error.what());
     }
-    if (repeated) return refuse(*repeated);
-    if (!root.is_object()) return refuse("a scenario is an object");
+    if (repeated) return reject(*repeated);
+    if (!root.is_object()) return reject("a scenario must be an object");
     const std::vector<Field> fields{{"title", FieldKind::text},
                                     {"world", FieldKind::anything},
                                     {"steps", FieldKind::anything, true}};
-    if (auto complaint = checkFields(root, fields, {})) return refuse(*complaint);
+    if (auto error = checkFields(root, fields, {})) return reject(*error);
     Scenario scenario{.title = root.value("title", std::string(file)),
                       .world = root.value("world", json::object())};
-    if (auto complaint = checkWorld(scenario.world)) return refuse("world: " + *complaint);
-    if (!root["steps"].is_array()) return refuse("\"steps\" is not a list");
+    if (auto error = checkWorld(scenario.world)) return reject("world: " + *error);
+    if (!root["steps"].is_array()) return reject("\"steps\" is not a list");
     double time = 0;
     for (const json& object : root["steps"]) {
         ScenarioStep step{.number = scenario.steps.size() + 1};
-        if (auto complaint = readStep(object, time, step))
-            return refuse(fmt::format("step {}: {}", step.number, *complaint));
+        if (auto error = readStep(object, time, step))
+            return reject(fmt::format("step {}: {}", step.number, *error));
         time = step.at;
         scenario.steps.push_back(std::move(step));
     }
@@ -137,7 +138,7 @@ ScenarioReading parseScenario(std::string_view text, std::string_view file) {
 
 ScenarioReading loadScenario(const std::string& path) {
     std::ifstream file(path, std::ios::binary);
-    if (!file) return {std::nullopt, fmt::format("{}: the file cannot be read", path)};
+    if (!file) return {std::nullopt, fmt::format("cannot read {}", path)};
     const std::string text(std::istreambuf_iterator<char>(file), {});
     return parseScenario(text, path);
 }

@@ -3,7 +3,7 @@
 #include "scenario/ScenarioFields.h"
 #include "scenario/Stage.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <optional>
 #include <string>
@@ -12,18 +12,18 @@
 
 namespace larkspan::sim {
 
-/// Something a scenario can do, by its name.
+/// One action of scenarios, by name.
 struct ScenarioAction {
     std::string_view name;
     std::vector<Field> fields;
-    /// Answers why it could not be done, such as a window that is not there.
+    /// Returns why it could not be done, such as a missing window; absent if it was.
     std::optional<std::string> (*act)(Stage& stage, const nlohmann::json& fields);
 };
 
 /// The names of all actions.
 std::vector<std::string_view> scenarioActionNames();
 
-/// Nullptr for a name that means nothing.
+/// nullptr for an unknown name.
 const ScenarioAction* scenarioAction(std::string_view name);
 
 /// What is missing, refused, slow or wrong.

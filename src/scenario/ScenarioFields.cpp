@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 namespace larkspan::sim {
 
@@ -51,19 +52,19 @@ std::string describe(const Field& field) {
     const bool isBounded = std::isfinite(field.most);
     switch (field.kind) {
     case FieldKind::text:
-        return "a text";
+        return "a string";
     case FieldKind::number:
         if (isBounded) return fmt::format("a number from {} to {}", field.least, field.most);
         return "a number";
     case FieldKind::index:
         if (isBounded) return fmt::format("a whole number from {} to {}", field.least, field.most);
-        return "a whole number from 0";
+        return "a whole number of at least 0";
     case FieldKind::flag:
         return "true or false";
     case FieldKind::frame:
         return "four numbers: x, y, width, height, the last two above 0";
     case FieldKind::texts:
-        return "a list of texts";
+        return "a list of strings";
     case FieldKind::anything:
         return "a value";
     }
@@ -85,13 +86,13 @@ std::optional<std::string> checkField(const json& object, const Field& field) {
 std::optional<std::string> checkFields(const json& object, const std::vector<Field>& fields,
                                        const std::vector<std::string_view>& besides) {
     for (const Field& field : fields) {
-        if (auto complaint = checkField(object, field)) return complaint;
+        if (auto error = checkField(object, field)) return error;
     }
     for (const auto& [name, value] : object.items()) {
         const auto isNamed = [&](const Field& field) { return field.name == name; };
         if (std::none_of(fields.begin(), fields.end(), isNamed) &&
             std::find(besides.begin(), besides.end(), name) == besides.end())
-            return fmt::format("\"{}\" means nothing here", name);
+            return fmt::format("unknown field \"{}\"", name);
     }
     return std::nullopt;
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <limits>
 #include <optional>
@@ -10,16 +10,16 @@
 
 namespace larkspan::sim {
 
-/// What a field of a scenario may hold.
+/// What a field of a scenario may contain.
 enum class FieldKind {
     text,
     number,
-    /// A whole number from 0.
+    /// A whole number of at least 0.
     index,
     flag,
     /// Four numbers: x, y, width, height; the last two above 0.
     frame,
-    /// A list of texts.
+    /// A list of strings.
     texts,
     anything,
 };
@@ -28,21 +28,21 @@ struct Field {
     std::string_view name;
     FieldKind kind;
     bool isRequired = false;
-    /// What a number may be.
+    /// The limits of a number.
     double least = -std::numeric_limits<double>::infinity();
     double most = std::numeric_limits<double>::infinity();
 };
 
-/// Seconds of a scenario's own time. One that asks for more than a day has a slip in it.
+/// Seconds of the scenario's own time. More than a day must be a mistake.
 constexpr Field secondsField(std::string_view name, bool isRequired = false) {
     return {name, FieldKind::number, isRequired, 0, 86'400};
 }
 
-/// Answers what is wrong with the field: it is missing, or holds something else.
+/// The error of the field: it is missing or has the wrong kind; absent if it is correct.
 std::optional<std::string> checkField(const nlohmann::json& object, const Field& field);
 
-/// Answers what is wrong: a field that is missing, of another kind, or unknown. The fields named in
-/// `besides` are the caller's own.
+/// The error of the object: a field that is missing, has the wrong kind, or is unknown; absent if
+/// it is correct. The fields in `besides` are checked by the caller.
 std::optional<std::string> checkFields(const nlohmann::json& object,
                                        const std::vector<Field>& fields,
                                        const std::vector<std::string_view>& besides);

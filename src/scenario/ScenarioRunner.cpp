@@ -14,8 +14,8 @@ namespace larkspan::sim {
 
 namespace {
 
-/// Seconds by which a step may be late: calls to apps that do not answer keep the Mac from it. One
-/// that is later says nothing any more about the moment it names.
+/// Seconds by which a step may be late, because calls to apps that do not respond block the Mac. A
+/// later step would not test the time it names.
 constexpr double longestWait = 1;
 
 } // namespace
@@ -36,32 +36,31 @@ nlohmann::json ScenarioRunner::state() {
     if (stage_.delegate()) state = stateReport(stage_.delegate()->controller());
     state["running"] = stage_.delegate() != nullptr;
     state["mac"] = macReport(stage_.mac);
-    // The report asks every app; whoever looks on takes none of the Mac's time.
+    // The report asks every app, but observing must not take any of the Mac's time.
     scheduler.spend(before - scheduler.uptime());
     return state;
 }
 
-void ScenarioRunner::fail(const ScenarioStep& step, const std::string& complaint) {
-    failures_.push_back(fmt::format("step {} at {} s: {}", step.number, step.at, complaint));
+void ScenarioRunner::fail(const ScenarioStep& step, const std::string& error) {
+    failures_.push_back(fmt::format("step {} at {} s: {}", step.number, step.at, error));
 }
 
 void ScenarioRunner::act(const ScenarioStep& step) {
-    const auto complaint = scenarioAction(step.subject)->act(stage_, step.fields);
-    if (complaint) fail(step, *complaint);
+    const auto error = scenarioAction(step.subject)->act(stage_, step.fields);
+    if (error) fail(step, *error);
     stage_.mac.scheduler.runUntilIdle();
 }
 
 void ScenarioRunner::run(const ScenarioStep& step) {
     const double now = stage_.mac.scheduler.uptime() - begin_;
     if (now > step.at + longestWait)
-        fail(step, fmt::format("its moment has passed: the Mac was busy until {:.3f} s", now));
+        fail(step, fmt::format("too late: the Mac was busy until {:.3f} s", now));
     switch (step.kind) {
     case ScenarioStep::Kind::act:
         act(step);
         break;
     case ScenarioStep::Kind::expect:
-        if (const auto complaint = compare(state(), step.subject, step.fields))
-            fail(step, *complaint);
+        if (const auto error = compare(state(), step.subject, step.fields)) fail(step, *error);
         break;
     case ScenarioStep::Kind::picture:
         if (takePicture) takePicture(step.subject);

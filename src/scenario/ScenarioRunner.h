@@ -9,34 +9,34 @@
 
 namespace larkspan::sim {
 
-/// Plays a scenario on a stage, as fast as it can or step by step beside a real clock.
+/// Plays a scenario on a stage, as fast as possible or step by step with a real clock.
 class ScenarioRunner {
   public:
-    /// The stage is fresh: its Mac is made as the scenario's world says, and the program started
-    /// unless the world says that it does not start.
+    /// The stage must be new: its Mac is set up as the scenario's world says, and the program is
+    /// started unless the world says otherwise.
     ScenarioRunner(Scenario scenario, Stage& stage);
 
-    /// Makes the picture of that name of the stage as it is.
+    /// Takes a picture of the stage with that name.
     std::function<void(const std::string&)> takePicture;
-    /// Hears of each step that has been played.
+    /// Called after each step.
     std::function<void(const ScenarioStep&)> onStep;
 
-    /// Plays on to that moment of the scenario, in seconds.
+    /// Plays up to that time of the scenario, in seconds.
     void playTo(double seconds);
-    /// Plays to the end and lets what is under way come to rest.
+    /// Plays to the end, and until nothing is under way any more.
     void play();
     bool isOver() const { return next_ == scenario_.steps.size(); }
     const std::string& title() const { return scenario_.title; }
 
     /// What was not as expected or could not be done, each with its step.
     const std::vector<std::string>& failures() const { return failures_; }
-    /// What the program reports of itself, and the Mac under "mac".
+    /// The program's own report, and the Mac's under "mac".
     nlohmann::json state();
 
   private:
     void run(const ScenarioStep& step);
     void act(const ScenarioStep& step);
-    void fail(const ScenarioStep& step, const std::string& complaint);
+    void fail(const ScenarioStep& step, const std::string& error);
 
     Scenario scenario_;
     Stage& stage_;

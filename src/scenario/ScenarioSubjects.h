@@ -12,9 +12,9 @@
 
 namespace larkspan::sim {
 
-// Finding what a step of a scenario names.
+// Finds what a step of a scenario names.
 
-/// Why it could not be done; absent when it is done.
+/// Why it could not be done; absent if it was.
 using Outcome = std::optional<std::string>;
 inline constexpr Outcome done = std::nullopt;
 
@@ -22,7 +22,7 @@ inline std::string text(const nlohmann::json& fields, const char* name) {
     return fields.value(name, std::string());
 }
 
-/// The process that "IDENTIFIER" or, for a further process of the app, "IDENTIFIER#2" names; 0 when
+/// The process named by "IDENTIFIER" or, for a second process of the app, "IDENTIFIER#2"; 0 if
 /// there is none.
 inline ProcessId processNamed(const SimMac& mac, std::string_view name) {
     const auto mark = name.rfind('#');
@@ -34,17 +34,17 @@ inline ProcessId processNamed(const SimMac& mac, std::string_view name) {
     return 0;
 }
 
-/// Does something with the running app that "app" names.
+/// Calls `act` with the running app that "app" names.
 template <typename Act>
 Outcome withApp(Stage& stage, const nlohmann::json& fields, Act act) {
     const std::string app = text(fields, "app");
     const ProcessId pid = processNamed(stage.mac, app);
-    if (pid == 0) return fmt::format("no app {} runs", app);
+    if (pid == 0) return fmt::format("{} is not running", app);
     act(stage.mac, pid);
     return done;
 }
 
-/// Does something with the app on the disk that "app" names.
+/// Calls `act` with the installed app that "app" names.
 template <typename Act>
 Outcome withInstalled(Stage& stage, const nlohmann::json& fields, Act act) {
     const auto& installed = stage.mac.world().installed;
@@ -53,7 +53,7 @@ Outcome withInstalled(Stage& stage, const nlohmann::json& fields, Act act) {
     return act(stage.mac, found->second);
 }
 
-/// Does something with the frontmost window of the title that "window" names.
+/// Calls `act` with the frontmost window that has the title in "window".
 template <typename Act>
 Outcome withWindow(Stage& stage, const nlohmann::json& fields, Act act) {
     const std::string title = text(fields, "window");
@@ -65,7 +65,7 @@ Outcome withWindow(Stage& stage, const nlohmann::json& fields, Act act) {
     return fmt::format("there is no window \"{}\"", title);
 }
 
-/// Does something that can be taken back, and is with `false`.
+/// A fault that `false` undoes.
 template <void (SimMac::*method)(bool)>
 Outcome onFlag(Stage& stage, const nlohmann::json& fields) {
     (stage.mac.*method)(fields.value("refuse", true));
@@ -78,7 +78,7 @@ Outcome onMac(Stage& stage, const nlohmann::json&) {
     return done;
 }
 
-/// Does something with the display whose place in the row "display" names, the main one by default.
+/// Calls `act` with the display whose index is in "display", by default the main one.
 template <typename Act>
 Outcome withDisplay(Stage& stage, const nlohmann::json& fields, Act act) {
     const auto index = fields.value("display", std::size_t{0});

@@ -1,11 +1,11 @@
 #include "scenario/ScenarioWorld.h"
 
-#include "control/NamedSettings.h"
-#include "scenario/Stage.h"
+#include "settings/Setting.h"
 
 #include <algorithm>
 #include <array>
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <utility>
 
@@ -14,7 +14,7 @@ namespace larkspan::sim {
 namespace {
 
 using nlohmann::json;
-using Complaint = std::optional<std::string>;
+using Error = std::optional<std::string>;
 
 struct UsualApp {
     const char* identifier;
@@ -48,35 +48,35 @@ const std::vector<Field>& dockFields() {
     return fields;
 }
 
-Complaint checkDock(const json& dock) {
+Error checkDock(const json& dock) {
     if (!dock.is_object()) return "\"dock\" is not an object";
-    if (auto complaint = checkFields(dock, dockFields(), {})) return "dock: " + *complaint;
+    if (auto error = checkFields(dock, dockFields(), {})) return "dock: " + *error;
     return std::nullopt;
 }
 
-/// Adds the apps to those known by their identifiers.
-Complaint checkApps(const json& apps, std::set<std::string>& known) {
+/// Adds the identifiers of the apps to the known ones.
+Error checkApps(const json& apps, std::set<std::string>& known) {
     if (!apps.is_array()) return "\"apps\" is not a list";
     for (const json& app : apps) {
-        if (!app.is_object()) return "an app is an object";
-        if (auto complaint = checkFields(app, appFields(), {})) return "app: " + *complaint;
+        if (!app.is_object()) return "an app must be an object";
+        if (auto error = checkFields(app, appFields(), {})) return "app: " + *error;
         const auto id = app["id"].get<std::string>();
         if (id.empty() || app["name"].get_ref<const std::string&>().empty())
-            return "app: it has an identifier and a name";
+            return "app: it must have an identifier and a name";
         if (id == finderIdentifier || id == DockProcess::bundleIdentifier)
-            return fmt::format("app: {} is the system's own", id);
-        if (!known.insert(id).second) return fmt::format("app: there are two of {}", id);
+            return fmt::format("app: {} belongs to the system", id);
+        if (!known.insert(id).second) return fmt::format("app: {} is listed twice", id);
     }
     return std::nullopt;
 }
 
-/// Each app that the list names is known, and named once.
-Complaint checkNames(const json& world, const char* list, const std::set<std::string>& known) {
+/// Checks that each app of the list is known, and listed once.
+Error checkNames(const json& world, const char* list, const std::set<std::string>& known) {
     std::set<std::string> named;
     for (const json& each : world.value(list, json::array())) {
         const auto app = each.get<std::string>();
         if (!known.contains(app)) return fmt::format("{}: {} is not installed", list, app);
-        if (!named.insert(app).second) return fmt::format("{}: {} stands there twice", list, app);
+        if (!named.insert(app).second) return fmt::format("{}: {} is listed twice", list, app);
     }
     return std::nullopt;
 }
@@ -86,18 +86,13 @@ bool isStorable(const json& value) {
            (value.is_array() && std::all_of(value.begin(), value.end(), isStorable));
 }
 
-Complaint checkSettings(const json& settings) {
+Error checkSettings(const json& settings) {
     if (!settings.is_object()) return "\"settings\" is not an object";
-    // Kept beside those that a person sets.
-    std::set<std::string> known{"mode", "savedDockProfile", "syncedTileSize"};
-    Stage stage;
-    stage.start();
-    const json all = allSettings(stage.delegate()->controller());
-    for (const auto& [key, value] : all.items())
-        known.insert(key);
     for (const auto& [key, value] : settings.items()) {
-        if (!known.contains(key)) return fmt::format("there is no setting \"{}\"", key);
-        if (!isStorable(value)) return fmt::format("the setting \"{}\" has no value", key);
+        // Beside the settings, the Dock's own ones are kept while the bar is in use.
+        if (!findSetting(settingsTable(true), key) && key != "savedDockProfile")
+            return fmt::format("unknown setting \"{}\"", key);
+        if (!isStorable(value)) return fmt::format("the setting \"{}\" has an invalid value", key);
     }
     return std::nullopt;
 }
@@ -148,28 +143,28 @@ const std::vector<Field>& worldFields() {
     return fields;
 }
 
-Complaint checkWorld(const json& world) {
-    if (!world.is_object()) return "it is not an object";
-    if (auto complaint = checkFields(world, worldFields(), {})) return complaint;
+Error checkWorld(const json& world) {
+    if (!world.is_object()) return "must be an object";
+    if (auto error = checkFields(world, worldFields(), {})) return error;
     std::set<std::string> known;
     if (world.value("usualApps", false)) {
         for (const UsualApp& app : usualApps)
             known.insert(app.identifier);
     }
-    if (auto complaint = checkApps(world.value("apps", json::array()), known)) return complaint;
+    if (auto error = checkApps(world.value("apps", json::array()), known)) return error;
     for (const char* list : {"pinned", "running"}) {
-        if (auto complaint = checkNames(world, list, known)) return complaint;
+        if (auto error = checkNames(world, list, known)) return error;
     }
-    if (auto complaint = checkDock(world.value("dock", json::object()))) return complaint;
+    if (auto error = checkDock(world.value("dock", json::object()))) return error;
     if (world.contains("settings")) {
-        if (auto complaint = checkSettings(world["settings"])) return complaint;
+        if (auto error = checkSettings(world["settings"])) return error;
     }
     for (const json& name : world.value("missing", json::array())) {
         if (!SimMac().removeFunction(name.get<std::string>()))
-            return fmt::format("no system has a private function {}", name.dump());
+            return fmt::format("unknown private function {}", name.dump());
     }
     if (world.contains("displays") && !SimMac().setDisplays(world["displays"].get<std::string>()))
-        return fmt::format("{} describes no displays", world["displays"].dump());
+        return fmt::format("{} is not a list of displays", world["displays"].dump());
     return std::nullopt;
 }
 

@@ -3,7 +3,7 @@
 #include "adapters/sim/SimMac.h"
 #include "scenario/ScenarioFields.h"
 
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 
 #include <optional>
 #include <string>
@@ -11,16 +11,16 @@
 
 namespace larkspan::sim {
 
-/// What a description of the world may hold.
+/// The fields of a world.
 const std::vector<Field>& worldFields();
 
-/// Answers what is wrong with a scenario's description of the world at its start.
+/// What is wrong with a scenario's world; absent if nothing is.
 std::optional<std::string> checkWorld(const nlohmann::json& world);
 
-/// Makes the Mac as the description says. It has been checked.
+/// Sets up the Mac as the checked world says.
 void setUp(SimMac& mac, const nlohmann::json& world);
 
-/// A handful of everyday apps on the disk, the first few of them in the Dock.
+/// Installs a handful of common apps, and pins the first few to the Dock.
 void installUsualApps(SimMac& mac);
 
 } // namespace larkspan::sim

@@ -10,7 +10,7 @@ namespace larkspan::sim {
 /// A simulated Mac with the program on it, which can be started, quit and killed as on a real one.
 class Stage {
   public:
-    /// `makeBarPanels` is called anew for each start; by default the bars have no picture.
+    /// `makeBarPanels` is called for each start; by default the bars have no picture.
     explicit Stage(AppController::MakeBarPanels makeBarPanels = {});
     ~Stage();
     Stage(const Stage&) = delete;

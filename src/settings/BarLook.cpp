@@ -1,132 +1,119 @@
 #include "settings/BarLook.h"
 
-#include "settings/RawValues.h"
-#include "settings/StoredValue.h"
+#include "settings/BarSettings.h"
 
 #include <algorithm>
 #include <string>
+#include <type_traits>
+#include <variant>
 
 namespace larkspan {
 namespace {
 
-constexpr std::array canonicalOrder{BarTool::widgets, BarTool::clipboard, BarTool::screenshot,
-                                    BarTool::xcode,   BarTool::keepAwake, BarTool::settings};
-constexpr double defaultGlassBlur = 4.5;
-constexpr double defaultRoundness = 0.68;
-constexpr double defaultInset = 0;
-constexpr double defaultPadding = 14;
+using Array = PropertyValue::Array;
 
-std::optional<DotColor> readColor(const UserDefaults& defaults, std::string_view key) {
-    const auto numbers = storedNumbers(defaults, key);
-    if (!numbers || numbers->size() != std::tuple_size_v<DotColor>) return std::nullopt;
-    DotColor color{};
-    std::copy(numbers->begin(), numbers->end(), color.begin());
-    return color;
-}
+// Converts between the types of the properties and those of the table. An accepted value always has
+// the type of its row.
 
-std::vector<BarTool> readTools(const UserDefaults& defaults) {
-    const auto words = storedStrings(defaults, "tools");
-    if (!words)
-        return {BarTool::clipboard, BarTool::screenshot, BarTool::keepAwake, BarTool::settings};
-    std::vector<BarTool> named;
-    for (const auto& word : *words)
-        if (const auto tool = fromRawValue<BarTool>(word)) named.push_back(*tool);
-    return canonicalTools(named);
-}
-
-PropertyValue number(double value) {
-    return value;
+template <typename Enumeration>
+Enumeration choiceFrom(const Setting& setting, const PropertyValue& value) {
+    return static_cast<Enumeration>(
+        choiceIndex(setting, std::get<std::string>(value.value)).value());
 }
 
 template <typename Enumeration>
-PropertyValue word(Enumeration value) {
-    return std::string(rawValue(value));
+PropertyValue wordOf(const Setting& setting, Enumeration choice) {
+    return std::string(setting.choices.at(static_cast<std::size_t>(choice)).word);
 }
 
-PropertyValue words(const std::vector<BarTool>& tools) {
-    PropertyValue::Array array;
-    for (const auto tool : tools)
-        array.push_back(word(tool));
-    return array;
+template <typename T>
+void convert(const Setting& setting, const SettingValue& value, T& typed) {
+    if constexpr (std::is_enum_v<T>)
+        typed = choiceFrom<T>(setting, value.value());
+    else
+        typed = std::get<T>(value.value().value);
 }
 
-std::optional<PropertyValue> color(const std::optional<DotColor>& value) {
-    if (!value) return std::nullopt;
-    return PropertyValue::Array(value->begin(), value->end());
+void convert(const Setting&, const SettingValue& value, std::optional<DotColor>& typed) {
+    typed.reset();
+    if (!value) return;
+    const auto number = [](const PropertyValue& part) { return std::get<double>(part.value); };
+    std::ranges::transform(std::get<Array>(value->value), typed.emplace().begin(), number);
+}
+
+void convert(const Setting& setting, const SettingValue& value, std::vector<BarTool>& typed) {
+    typed.clear();
+    for (const auto& word : std::get<Array>(value.value().value))
+        typed.push_back(choiceFrom<BarTool>(setting, word));
+}
+
+template <typename T>
+SettingValue valueOf(const Setting& setting, const T& typed) {
+    if constexpr (std::is_enum_v<T>)
+        return wordOf(setting, typed);
+    else
+        return PropertyValue(typed);
+}
+
+SettingValue valueOf(const Setting&, const std::optional<DotColor>& typed) {
+    if (!typed) return std::nullopt;
+    return Array(typed->begin(), typed->end());
+}
+
+SettingValue valueOf(const Setting& setting, const std::vector<BarTool>& typed) {
+    Array words;
+    for (const auto tool : typed)
+        words.push_back(wordOf(setting, tool));
+    return words;
 }
 
 } // namespace
 
-std::vector<BarTool> canonicalTools(const std::vector<BarTool>& named) {
-    std::vector<BarTool> tools;
-    for (const auto tool : canonicalOrder) {
-        const bool isNamed = std::find(named.begin(), named.end(), tool) != named.end();
-        if (isNamed || tool == BarTool::settings) tools.push_back(tool);
-    }
-    return tools;
+BarLook::BarLook(BarSettings& settings)
+    : settings_(settings) {
+    add("style", style);
+    add("glass", glass);
+    add("glassBlur", glassBlur);
+    add("islandRoundness", islandRoundness);
+    add("islandInset", islandInset);
+    add("islandPadding", islandPadding);
+    add("dotColorRGBA", dotColor);
+    add("dotGrayRGBA", dotGray);
+    add("tools", tools);
+    add("showsTrash", showsTrash);
 }
 
-BarLook::BarLook(UserDefaults& defaults, bool hasIslands)
-    : defaults_(defaults)
-    , hasIslands_(hasIslands) {
-    read();
-    writeChanges();
-}
-
-void BarLook::read() {
-    const auto isStored = [this](std::string_view key, std::string_view raw) {
-        return storedString(defaults_, key) == raw;
+template <typename T>
+void BarLook::add(std::string_view key, Observed<T>& property) {
+    const Setting& setting = settings_.row(key);
+    const auto get = [&setting, &property] { return valueOf(setting, *property); };
+    const auto set = [&setting, &property](const SettingValue& value) {
+        T typed{};
+        convert(setting, value, typed);
+        property.set(std::move(typed));
     };
-    const bool isBar = !hasIslands_ || isStored("style", rawValue(BarStyle::bar));
-    const bool isFrosted = isStored("glass", rawValue(GlassKind::regular));
-    const auto numberOr = [this](std::string_view key, double otherwise) {
-        return storedNumber(defaults_, key).value_or(otherwise);
-    };
-    style.set(isBar ? BarStyle::bar : BarStyle::island);
-    glass.set(isFrosted ? GlassKind::regular : GlassKind::clear);
-    glassBlur.set(std::max(minimumGlassBlur, numberOr("glassBlur", defaultGlassBlur)));
-    islandRoundness.set(numberOr("islandRoundness", defaultRoundness));
-    islandInset.set(numberOr("islandInset", defaultInset));
-    islandPadding.set(numberOr("islandPadding", defaultPadding));
-    dotColor.set(readColor(defaults_, "dotColorRGBA"));
-    dotGray.set(readColor(defaults_, "dotGrayRGBA"));
-    tools.set(readTools(defaults_));
-    showsTrash.set(storedBool(defaults_, "showsTrash").value_or(true));
+    set(settings_.value(setting));
+    auto write = property.observe([this, &setting, get] { settings_.set(setting, get()); });
+    properties_.push_back({&setting, get, set, std::move(write)});
 }
 
-template <typename T, typename Convert>
-void BarLook::write(Observed<T>& property, std::string_view key, Convert convert) {
-    writes_.push_back(property.observe([this, &property, key, convert] {
-        const std::optional<PropertyValue> value = convert(*property);
-        if (value)
-            defaults_.set(key, *value);
-        else
-            defaults_.remove(key);
-    }));
+const BarLook::Property* BarLook::find(const Setting& setting) const {
+    const auto found = std::ranges::find(properties_, &setting, &Property::setting);
+    return found == properties_.end() ? nullptr : &*found;
 }
 
-void BarLook::writeChanges() {
-    write(style, "style", word<BarStyle>);
-    write(glass, "glass", word<GlassKind>);
-    write(glassBlur, "glassBlur", number);
-    write(islandRoundness, "islandRoundness", number);
-    write(islandInset, "islandInset", number);
-    write(islandPadding, "islandPadding", number);
-    write(dotColor, "dotColorRGBA", color);
-    write(dotGray, "dotGrayRGBA", color);
-    write(tools, "tools", words);
-    write(showsTrash, "showsTrash", [](bool shows) { return PropertyValue(shows); });
+SettingValue BarLook::value(const Setting& setting) const {
+    return find(setting)->get();
+}
+
+void BarLook::set(const Setting& setting, const SettingValue& value) {
+    find(setting)->set(value);
 }
 
 void BarLook::resetAppearance() {
-    style.set(hasIslands_ ? BarStyle::island : BarStyle::bar);
-    glass.set(GlassKind::clear);
-    glassBlur.set(defaultGlassBlur);
-    islandRoundness.set(defaultRoundness);
-    islandInset.set(defaultInset);
-    islandPadding.set(defaultPadding);
-    dotColor.set(std::nullopt);
-    dotGray.set(std::nullopt);
+    for (const auto& property : properties_)
+        if (property.setting->pane == Setting::Pane::appearance)
+            property.set(property.setting->initial);
 }
 
 } // namespace larkspan

@@ -2,39 +2,32 @@
 
 #include "platform/Handle.h"
 #include "platform/Observed.h"
-#include "platform/UserDefaults.h"
+#include "settings/Setting.h"
 
 #include <array>
+#include <functional>
 #include <optional>
 #include <string_view>
 #include <vector>
 
 namespace larkspan {
 
-enum class BarMode { vantrel, systemDock };
+class BarSettings;
+
+// The choices of the settings with the same names, in the order of the table.
 enum class BarStyle { bar, island };
 enum class GlassKind { clear, regular };
-/// The tools at the end of the bar; the declaration order is the order on the bar.
+/// The tools at the end of the bar, in the order on the bar.
 enum class BarTool { widgets, clipboard, screenshot, xcode, keepAwake, settings };
 
 /// Red, green, blue and alpha, each 0...1.
 using DotColor = std::array<double, 4>;
 
-/// Each tool that the list names, in canonical order, and `settings` in any case: the row never
-/// changes its order and the way to the settings is never lost.
-std::vector<BarTool> canonicalTools(const std::vector<BarTool>& named);
-
-/// The appearance model that every bar watches. Each property writes its key the moment it changes.
-/// Main thread only.
+/// The settings that every bar watches. Each property writes its key when it changes. Main thread
+/// only.
 class BarLook {
   public:
-    /// `hasIslands`: whether the system is one on which the island style exists (macOS 26 or later,
-    /// or a desktop that is no Mac).
-    BarLook(UserDefaults& defaults, bool hasIslands);
-
-    static constexpr double minimumGlassBlur = 3;
-
-    bool hasIslands() const { return hasIslands_; }
+    explicit BarLook(BarSettings& settings);
 
     Observed<BarStyle> style;
     Observed<GlassKind> glass;
@@ -49,22 +42,33 @@ class BarLook {
     /// Absent means the built-in color.
     Observed<std::optional<DotColor>> dotColor;
     Observed<std::optional<DotColor>> dotGray;
-    /// Always in canonical order, always with `settings`.
+    /// Always in canonical order, and always with `settings`.
     Observed<std::vector<BarTool>> tools;
     Observed<bool> showsTrash;
 
-    /// Style, glass, blur, island shape and dot colors go back to how they first were.
+    /// Whether the setting is one of the properties above.
+    bool has(const Setting& setting) const { return find(setting) != nullptr; }
+    /// For one of the properties above.
+    SettingValue value(const Setting& setting) const;
+    void set(const Setting& setting, const SettingValue& value);
+
+    /// Resets style, glass, blur, island shape and dot colors to their defaults.
     void resetAppearance();
 
   private:
-    void read();
-    void writeChanges();
-    template <typename T, typename Convert>
-    void write(Observed<T>& property, std::string_view key, Convert convert);
+    /// A property and its row of the table.
+    struct Property {
+        const Setting* setting;
+        std::function<SettingValue()> get;
+        std::function<void(const SettingValue&)> set;
+        Handle write;
+    };
+    template <typename T>
+    void add(std::string_view key, Observed<T>& property);
+    const Property* find(const Setting& setting) const;
 
-    UserDefaults& defaults_;
-    bool hasIslands_;
-    std::vector<Handle> writes_;
+    BarSettings& settings_;
+    std::vector<Property> properties_;
 };
 
 } // namespace larkspan

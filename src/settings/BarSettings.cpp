@@ -1,10 +1,11 @@
 #include "settings/BarSettings.h"
 
-#include "settings/RawValues.h"
-#include "settings/StoredValue.h"
+#include "settings/SettingValue.h"
 
+#include <cassert>
 #include <nlohmann/json.hpp>
 #include <string>
+#include <variant>
 
 namespace larkspan {
 namespace {
@@ -21,43 +22,58 @@ std::string_view keyOf(BarSettings::Record record) {
     return {};
 }
 
+PropertyValue storedWord(BarMode mode) {
+    return std::string(rawValue(mode));
+}
+
 } // namespace
 
+std::string_view rawValue(BarMode mode) {
+    return findSetting(settingsTable(true), "mode")->choices[static_cast<std::size_t>(mode)].word;
+}
+
+const Setting& BarSettings::row(std::string_view key) const {
+    const auto* row = findSetting(table_, key);
+    assert(row);
+    return *row;
+}
+
+SettingValue BarSettings::value(const Setting& setting) const {
+    return acceptStored(setting, defaults_.value(setting.key));
+}
+
+void BarSettings::set(const Setting& setting, const SettingValue& value) {
+    if (value)
+        defaults_.set(setting.key, *value);
+    else
+        defaults_.remove(setting.key);
+}
+
 BarMode BarSettings::mode() const {
-    const bool isDock = storedString(defaults_, "mode") == rawValue(BarMode::systemDock);
+    const bool isDock = value(row("mode")) == storedWord(BarMode::systemDock);
     return isDock ? BarMode::systemDock : BarMode::vantrel;
 }
 
 void BarSettings::setMode(BarMode mode) {
-    defaults_.set("mode", std::string(rawValue(mode)));
-}
-
-std::optional<double> BarSettings::barHeight() const {
-    return storedNumber(defaults_, "barHeight");
-}
-
-void BarSettings::setBarHeight(std::optional<double> height) {
-    if (height)
-        defaults_.set("barHeight", *height);
-    else
-        defaults_.remove("barHeight");
+    set(row("mode"), storedWord(mode));
 }
 
 bool BarSettings::previewsSingleWindows() const {
-    return storedBool(defaults_, "previewsSingleWindows").value_or(true);
-}
-
-void BarSettings::setPreviewsSingleWindows(bool shows) {
-    defaults_.set("previewsSingleWindows", shows);
+    return value(row("previewsSingleWindows")) == PropertyValue(true);
 }
 
 std::optional<float> BarSettings::syncedTileSize() const {
-    const auto number = storedNumber(defaults_, "syncedTileSize");
-    return number ? std::optional(static_cast<float>(*number)) : std::nullopt;
+    const auto fraction = number("syncedTileSize");
+    return fraction ? std::optional(static_cast<float>(*fraction)) : std::nullopt;
 }
 
 void BarSettings::setSyncedTileSize(float fraction) {
-    defaults_.set("syncedTileSize", static_cast<double>(fraction));
+    set(row("syncedTileSize"), static_cast<double>(fraction));
+}
+
+std::optional<double> BarSettings::number(std::string_view key) const {
+    const auto stored = value(row(key));
+    return stored ? std::optional(std::get<double>(stored->value)) : std::nullopt;
 }
 
 std::optional<nlohmann::json> BarSettings::record(Record record) const {
@@ -70,7 +86,7 @@ std::optional<nlohmann::json> BarSettings::record(Record record) const {
 }
 
 void BarSettings::setRecord(Record record, const nlohmann::json& content) {
-    // Names of files may hold bytes that are no UTF-8; they must not make the write fail.
+    // File names may contain invalid UTF-8, which must not make the write fail.
     defaults_.set(keyOf(record),
                   Data{content.dump(-1, ' ', false, nlohmann::json::error_handler_t::replace)});
 }

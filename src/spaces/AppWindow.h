@@ -11,7 +11,7 @@ namespace larkspan {
 /// A window of an app as the Accessibility tree describes it, matched to its window number.
 struct AppWindow {
     WindowId id = 0;
-    /// Kept so that the window can be raised later; absent when none is known.
+    /// Used to raise the window later; absent if none is known.
     AXElementRef element;
     ProcessId pid = 0;
     std::string title;

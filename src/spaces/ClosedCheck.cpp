@@ -4,7 +4,7 @@ namespace larkspan {
 
 namespace {
 
-/// How long an answer is good for, in seconds.
+/// How long a check is valid, in seconds.
 constexpr double memory = 30;
 
 } // namespace

@@ -7,7 +7,7 @@ namespace larkspan {
 
 namespace {
 
-/// Points by which frames that are the same may differ.
+/// The points by which equal frames may differ.
 constexpr double tolerance = 1;
 
 bool fills(const Rect& window, const Screen& screen, double barHeight) {

@@ -9,7 +9,7 @@
 
 namespace larkspan {
 
-/// The focused window of the app in front, as it tells through Accessibility.
+/// The focused window of the frontmost app, from Accessibility.
 struct FocusedWindow {
     WindowId id = 0;
     /// Display coordinates.
@@ -18,8 +18,8 @@ struct FocusedWindow {
     bool operator==(const FocusedWindow&) const = default;
 };
 
-/// The screen that the window fills: it spans its width and reaches from what the menu bar leaves,
-/// or higher, down over the bar's strip. Absent when it fills none.
+/// The screen that the window fills: it spans the width, and reaches from the menu bar, or higher,
+/// down over the bar's strip. Absent if it fills none.
 std::optional<Screen> screenFilledBy(const Rect& windowFrame, const std::vector<Screen>& screens,
                                      double barHeight);
 

@@ -6,7 +6,7 @@
 
 namespace larkspan {
 
-/// What the bar must keep out of the way of. Screen frames, in screen coordinates.
+/// What the bar must not cover. Screen frames, in screen coordinates.
 struct FullScreenState {
     /// Displays whose current Space is a full-screen Space.
     std::vector<Rect> spaces;

@@ -11,7 +11,7 @@ namespace {
 
 constexpr const char* focusQueue = "focused window";
 constexpr const char* fullScreenCategory = "full screen";
-/// Seconds from which a visit is worth a line.
+/// A visit that takes at least this many seconds is logged.
 constexpr double slowVisit = 0.1;
 
 std::optional<FocusedWindow> readWindow(const Accessibility& accessibility,
@@ -32,14 +32,14 @@ struct FullScreenWatcher::Visit {
     int round = 0;
     AXError error = AXError::success;
     std::optional<FocusedWindow> window;
-    // Made now, and to be ended on the main thread.
+    // Created here, but they must end on the main thread.
     std::vector<Handle> appObservers;
     Handle windowObserver;
     double seconds = 0;
 };
 
-/// What a visit on the queue is to do. It outlives the watcher, and so knows nothing of it but the
-/// callbacks, which are run on the main thread.
+/// The work of a visit on the queue. It may outlive the watcher, so it only knows the callbacks,
+/// which run on the main thread.
 struct FullScreenWatcher::Task {
     Accessibility& accessibility;
     ProcessId pid;
@@ -50,7 +50,7 @@ struct FullScreenWatcher::Task {
 
     void run(Visit& visit) const {
         const auto app = accessibility.createApplication(pid);
-        // First one question: an app that does not answer would take its time over all the others.
+        // One call first: an app that does not respond would time out for each of the others too.
         visit.error = accessibility.attribute(app, "AXRole").error;
         if (visit.error != AXError::success) return;
         if (!isAppObserved)
@@ -136,7 +136,7 @@ void FullScreenWatcher::visit() {
             const double start = scheduler.uptime();
             task.run(*visit);
             visit->seconds = scheduler.uptime() - start;
-            // Given away: its observers must not end on this thread.
+            // Moved away: its observers must not end on this thread.
             scheduler.post([this, visit = std::move(visit), alive] {
                 if (!alive.expired()) visited(std::move(*visit));
             });
@@ -175,7 +175,7 @@ void FullScreenWatcher::windowGone() {
 
 void FullScreenWatcher::compare(std::optional<FocusedWindow> now) {
     const auto before = std::exchange(last_, now);
-    // What comes forward has not grown, and what stays behind has not shrunk.
+    // A window that comes forward has not grown, and one that stays behind has not shrunk.
     if (!before || (now && now->id != before->id)) return;
     const auto height = barHeight ? barHeight() : std::nullopt;
     if (!height) return;

@@ -14,13 +14,13 @@
 
 namespace larkspan {
 
-/// Watches the focused window of the app in front, so that it is known at once when it grows over
-/// the bar's strip or shrinks back, before a read of the window list finds out. Which displays are
-/// covered at all is told by the reads. The app is asked on a queue of its own: one that hangs
-/// costs the main thread nothing, and is asked again later. Main thread only.
+/// Watches the focused window of the frontmost app, to notice at once when it grows over the bar's
+/// strip or shrinks again, before a read of the window list. The reads decide which displays are
+/// covered. The app is asked on a separate queue: a hung one does not block the main thread, and is
+/// asked again later. Main thread only.
 class FullScreenWatcher {
   public:
-    /// Seconds until an app that did not answer is asked again.
+    /// Seconds until an app that did not respond is asked again.
     static constexpr double retryDelay = 2;
 
     FullScreenWatcher(Scheduler& scheduler, Workspace& workspace, Screens& screens,
@@ -28,10 +28,11 @@ class FullScreenWatcher {
     FullScreenWatcher(const FullScreenWatcher&) = delete;
     FullScreenWatcher& operator=(const FullScreenWatcher&) = delete;
 
-    /// Points at the bottom of each screen to keep free; nothing is reported while there are none.
+    /// The points at the bottom of each screen to keep free; if there are none, nothing is
+    /// reported.
     std::function<std::optional<double>()> barHeight;
-    /// The focused window has grown over the strip of the screen with that frame, or no longer
-    /// lies over it.
+    /// The focused window has grown over the strip of the screen with that frame, or does not cover
+    /// it any more.
     std::function<void(const Rect& screenFrame)> onGrown;
     std::function<void(const Rect& screenFrame)> onShrunk;
 
@@ -39,7 +40,7 @@ class FullScreenWatcher {
     void stop();
 
   private:
-    /// What one visit to the app brought back.
+    /// The result of one visit to the app.
     struct Visit;
     struct Task;
 
@@ -59,11 +60,11 @@ class FullScreenWatcher {
     Handle workspaceEvents_;
 
     std::optional<ProcessId> pid_;
-    /// Counts the apps followed, so that what comes back late from an earlier one is known.
+    /// Counts the followed apps, to recognise late results of an earlier one.
     int round_ = 0;
-    /// The app tells of its windows.
+    /// Observe the app's windows.
     std::vector<Handle> appObservers_;
-    /// The focused window tells of its end.
+    /// The focused window whose end is observed.
     std::optional<WindowId> observedWindow_;
     Handle windowObserver_;
     std::optional<FocusedWindow> last_;

@@ -8,8 +8,8 @@ namespace {
 
 std::optional<DisplayId> displayAt(Point pointer, const std::vector<Screen>& screens) {
     if (screens.empty()) return std::nullopt;
-    // In display coordinates, where a screen has its upper edge and not its lower one: the topmost
-    // row of pixels belongs to it.
+    // In display coordinates, where a screen includes its upper edge but not its lower one, so that
+    // the topmost row of pixels belongs to it.
     const Point place{pointer.x, screens.front().frame.height - pointer.y};
     const auto found = std::ranges::find_if(
         screens, [&](const Screen& screen) { return screen.bounds.contains(place); });
@@ -38,7 +38,7 @@ void PointerWatcher::screensChanged() {
 }
 
 void PointerWatcher::follow(Point pointer) {
-    // Wherever the pointer is said to be, it can be on no other.
+    // Wherever the pointer is reported, there is only one display.
     const auto display = known_.size() == 1 ? known_.front().display : displayAt(pointer, known_);
     if (display == display_) return;
     display_ = display;

@@ -9,19 +9,18 @@
 
 namespace larkspan {
 
-/// Knows which display the pointer is on. With one display, where there is nothing to know, it
-/// watches nothing. Main thread only.
+/// Knows which display the pointer is on. With a single display it watches nothing. Main thread
+/// only.
 class PointerWatcher {
   public:
     PointerWatcher(Screens& screens, EventMonitors& monitors);
     PointerWatcher(const PointerWatcher&) = delete;
     PointerWatcher& operator=(const PointerWatcher&) = delete;
 
-    /// Called after the pointer came onto another display, or the one beneath it went. May be
-    /// empty.
+    /// Called after the pointer moved to another display, or its display was removed. May be empty.
     std::function<void()> onDisplayChange;
 
-    /// Absent while there is no display, or the pointer is on none.
+    /// Absent if there is no display, or the pointer is on none.
     std::optional<DisplayId> display() const { return display_; }
 
   private:

@@ -10,8 +10,8 @@
 
 namespace larkspan {
 
-/// Those of an app's windows that are in the slot, in their order. A minimised window is on no
-/// Space: it is in every slot of the display it lay on.
+/// The app's windows in the slot, in their order. A minimised window is on no Space: it counts for
+/// every slot of the display it was on.
 std::vector<AppWindow> windowsInSlot(std::vector<AppWindow> windows, const Slot& slot,
                                      const std::optional<SpaceMap>& map,
                                      const std::vector<Screen>& screens);

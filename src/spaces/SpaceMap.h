@@ -12,10 +12,10 @@ namespace larkspan {
 struct SpaceMap {
     /// The Spaces of each display, in order.
     std::map<DisplayId, std::vector<SpaceId>> spaces;
-    /// The first Space of each display that is a desktop.
+    /// The first desktop among the Spaces of each display.
     std::map<DisplayId, SpaceId> firstDesktops;
     std::set<SpaceId> fullScreen;
-    /// The Spaces shown now, one of each display.
+    /// The Spaces that are shown now, one on each display.
     std::set<SpaceId> shown;
     std::map<SpaceId, DisplayId> owners;
     std::map<SpaceId, std::vector<WindowId>> windows;

@@ -9,7 +9,7 @@ namespace {
 
 constexpr int desktopSpaceType = 0;
 
-/// The screens on which the managed display's Spaces are seen.
+/// The screens that show the managed display's Spaces.
 std::vector<DisplayId> displaysNamed(const std::string& identifier,
                                      const std::vector<Screen>& screens) {
     std::vector<DisplayId> displays;
@@ -39,7 +39,7 @@ void addWindows(SpaceMap& map, const WindowServer& server, SpaceId space) {
     map.windows[space] = *std::move(windows);
 }
 
-/// Those with an identifier, in an order of our own: the window server's changes from call to call.
+/// Those with an identifier, sorted: the window server's order changes from call to call.
 std::vector<const ManagedDisplay*> inOrder(const std::vector<ManagedDisplay>& displays) {
     std::vector<const ManagedDisplay*> ordered;
     for (const auto& display : displays)

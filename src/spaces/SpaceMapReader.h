@@ -11,13 +11,13 @@ namespace larkspan {
 
 /// The type number of a full-screen Space.
 inline constexpr int fullScreenSpaceType = 4;
-/// What the window server calls the only display it manages when all displays share their Spaces.
+/// The window server's name for the only display it manages if all displays share their Spaces.
 inline constexpr const char* sharedSpacesIdentifier = "Main";
 
-/// The Spaces of the displays among `screens`, with the windows on each. Spaces that all displays
-/// share stand under every one of them and belong to the first. Left out are entries
-/// without an identifier, displays that are no screen, and what is listed a second time; a Space of
-/// unknown type is no desktop. Any thread.
+/// The Spaces of the displays in `screens`, with the windows on each. Spaces that all displays
+/// share are listed for each of them and belong to the first. Entries without an identifier,
+/// displays that are not screens, and duplicates are omitted; a Space of unknown type is not a
+/// desktop. Any thread.
 SpaceMap readSpaceMap(const WindowServer& server, const std::vector<ManagedDisplay>& displays,
                       const std::vector<Screen>& screens);
 

@@ -4,7 +4,6 @@
 
 #include <fmt/format.h>
 
-#include <atomic>
 #include <mutex>
 #include <optional>
 #include <utility>
@@ -27,20 +26,19 @@ std::optional<SpaceId> currentSpace(const WindowServer& server, const std::strin
 
 } // namespace
 
-/// What reads share with the poller, and may outlive it.
+/// Shared by the reads and the poller, which they may outlive.
 struct SpacePoll::State {
     std::mutex mutex;
-    /// Nullptr once the poller has ended.
+    /// nullptr once the poller has ended.
     const WindowServer* server = nullptr;
     SpaceSwitchLog* log = nullptr;
+    // The members below belong to the queue.
+    std::string displayInUse;
     std::optional<SpaceId> activeSpace;
-    /// A slow answer does not let reads pile up.
-    std::atomic<bool> isReading = false;
 
-    void read(const std::string& inUse) {
+    void read() {
         const std::lock_guard lock(mutex);
-        if (server) compare(currentSpace(*server, inUse));
-        isReading = false;
+        if (server) compare(currentSpace(*server, displayInUse));
     }
 
   private:
@@ -55,19 +53,27 @@ struct SpacePoll::State {
 };
 
 SpacePoll::SpacePoll(Scheduler& scheduler, const WindowServer& server, SpaceSwitchLog& log,
-                     std::function<std::string()> displayInUse)
-    : scheduler_(scheduler)
+                     std::string displayInUse)
+    : queue_(scheduler.queue(pollQueue))
     , displayInUse_(std::move(displayInUse))
     , state_(std::make_shared<State>()) {
     state_->server = &server;
     state_->log = &log;
+    state_->displayInUse = displayInUse_;
+    queue_.post([state = state_] { state->read(); });
     startTimer();
-    beat();
 }
 
 SpacePoll::~SpacePoll() {
+    timer_.reset();
     const std::lock_guard lock(state_->mutex);
     state_->server = nullptr;
+}
+
+void SpacePoll::setDisplayInUse(const std::string& name) {
+    if (name == displayInUse_) return;
+    displayInUse_ = name;
+    queue_.post([state = state_, name] { state->displayInUse = name; });
 }
 
 void SpacePoll::setFast(bool isFast) {
@@ -75,13 +81,8 @@ void SpacePoll::setFast(bool isFast) {
 }
 
 void SpacePoll::startTimer() {
-    timer_ = scheduler_.every(isFast_ ? fastInterval : slowInterval, [this] { beat(); });
-}
-
-void SpacePoll::beat() {
-    if (state_->isReading.exchange(true)) return;
-    scheduler_.queue(pollQueue).post(
-        [state = state_, inUse = displayInUse_()] { state->read(inUse); });
+    timer_ =
+        queue_.every(isFast_ ? fastInterval : slowInterval, [state = state_] { state->read(); });
 }
 
 } // namespace larkspan

@@ -4,39 +4,39 @@
 #include "platform/WindowServer.h"
 #include "spaces/SpaceSwitchLog.h"
 
-#include <functional>
 #include <memory>
 #include <string>
 
 namespace larkspan {
 
-/// Asks again and again which Space the display in use shows, so that the timeline has the moment
-/// of a switch beside the moment at which the system tells of it. For desktops that do not announce
-/// changes by themselves. Main thread only; the reads are made on a queue of their own.
+/// Polls which Space the display in use shows, so that the timeline has the time of a switch beside
+/// the time of the system's notification. For desktops that do not announce changes. It reads on
+/// its own queue, with that queue's timer, and never wakes the main thread, on which all methods
+/// are called.
 class SpacePoll {
   public:
-    /// Seconds between reads: while a switch is under way, and otherwise.
+    /// Seconds between reads: during a switch, and otherwise.
     static constexpr double fastInterval = 0.02;
     static constexpr double slowInterval = 0.5;
 
-    /// `displayInUse` answers the window server's name of that display; empty is the first.
+    /// `displayInUse` returns the window server's name of that display; empty means the first.
     SpacePoll(Scheduler& scheduler, const WindowServer& server, SpaceSwitchLog& log,
-              std::function<std::string()> displayInUse);
-    /// Waits for a read that runs.
+              std::string displayInUse);
+    /// Waits for a running read.
     ~SpacePoll();
     SpacePoll(const SpacePoll&) = delete;
     SpacePoll& operator=(const SpacePoll&) = delete;
 
+    void setDisplayInUse(const std::string& name);
     void setFast(bool isFast);
     bool isFast() const { return isFast_; }
 
   private:
     struct State;
     void startTimer();
-    void beat();
 
-    Scheduler& scheduler_;
-    std::function<std::string()> displayInUse_;
+    SerialQueue& queue_;
+    std::string displayInUse_;
     bool isFast_ = false;
     std::shared_ptr<State> state_;
     Handle timer_;

@@ -30,7 +30,7 @@ void SpaceSlide::restAfter(double seconds) {
 }
 
 void SpaceSlide::spaceChanged() {
-    // With the fingers still down it is an earlier swipe that has landed.
+    // While the fingers are still down, an earlier swipe has landed.
     if (prediction_) land(true);
 }
 

@@ -10,17 +10,17 @@
 
 namespace larkspan {
 
-/// A slide of the Spaces under a swipe, from its first step to its landing: predicts where it goes
-/// when the fingers lift, and says afterwards whether it went there. Every slide ends, whatever the
-/// system tells or keeps to itself. Main thread only.
+/// A slide of the Spaces during a swipe, from its first step to its landing: predicts where it goes
+/// when the fingers lift, and reports afterwards whether it went there. Every slide ends, whether
+/// or not the system reports a change. Main thread only.
 class SpaceSlide {
   public:
-    /// Fingers that rest say nothing; a swipe whose end was lost says nothing either. In seconds.
+    /// Resting fingers send no events, and neither does a swipe whose end was lost. In seconds.
     static constexpr double longestSilence = 2;
-    /// From the lift to the system's word of another Space. Shorter than a timeline lives on, so
-    /// that the outcome still stands in it.
+    /// From the lift to the system's notification of another Space. Shorter than a timeline lasts,
+    /// so that the outcome is still part of it.
     static constexpr double longestLanding = 1.2;
-    /// From the lift until Spaces that slide back stand still.
+    /// From the lift until Spaces that slide back have stopped.
     static constexpr double slidingBack = 0.5;
 
     SpaceSlide(Scheduler& scheduler, SpaceSwitchLog& log)
@@ -31,12 +31,12 @@ class SpaceSlide {
 
     /// The next step of the swipe.
     void step(const SpaceSwipeEvent& event);
-    /// The system tells that another Space is active.
+    /// The system reports another active Space.
     void spaceChanged();
 
-    /// The Spaces slide: at each step.
+    /// The Spaces slide; called at each step.
     std::function<void()> onSliding;
-    /// They stand still again.
+    /// They have stopped.
     std::function<void()> onRest;
     bool isSliding() const { return rest_.operator bool(); }
 

@@ -14,7 +14,7 @@ struct SpaceSwipeEvent {
     double progress = 0;
     /// Progress per second; known for `ended` only.
     double velocity = 0;
-    /// The Spaces as the swipe found them; for `began` only, and absent when they cannot be read.
+    /// The Spaces at the start of the swipe; only for `began`, and absent if they cannot be read.
     std::optional<SpaceMap> spaces;
 };
 

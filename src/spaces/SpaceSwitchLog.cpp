@@ -10,7 +10,7 @@ namespace {
 
 constexpr const char* subsystem = "com.tessaly.Vantrel";
 constexpr const char* switchLogCategory = "SpaceSwitchLog";
-/// Frames further apart than this many seconds were kept waiting: three frames at sixty a second.
+/// Frames more than this many seconds apart were delayed: three frames at sixty per second.
 constexpr double longestFrame = 0.05;
 
 std::string describe(const BarState& bar) {
@@ -89,7 +89,7 @@ void SpaceSwitchLog::awaitEnd() {
 }
 
 void SpaceSwitchLog::end() {
-    // Stamps since the timer was set have kept the timeline running.
+    // Stamps since the timer was set have extended the timeline.
     if (!clock_.finish(scheduler_.uptime())) return awaitEnd();
     write(SystemLog::Level::standard, "──── switch timeline ends");
     isFollowing_ = false;

@@ -17,9 +17,9 @@
 
 namespace larkspan {
 
-/// Writes what happens around a switch of Spaces to the system's log, to the millisecond, so that
-/// the bar's timing can be judged afterwards. Costs nothing while nobody keeps the log. Main thread
-/// only, but for `stamp`.
+/// Writes what happens around a switch of Spaces to the system's log, in milliseconds, so that the
+/// bar's timing can be examined later. Costs nothing if nobody reads the log. Main thread only,
+/// except `stamp`.
 class SpaceSwitchLog {
   public:
     using Mark = SwitchClock::Mark;
@@ -29,19 +29,19 @@ class SpaceSwitchLog {
     SpaceSwitchLog(const SpaceSwitchLog&) = delete;
     SpaceSwitchLog& operator=(const SpaceSwitchLog&) = delete;
 
-    /// One entry of the timeline, dropped when none runs. Any thread.
+    /// One entry of the timeline, ignored if none is running. Any thread.
     void stamp(std::string_view kind, std::string_view text, Mark mark);
-    /// A failure, which is written whether or not a timeline runs. Any thread.
+    /// An error, which is written whether or not a timeline is running. Any thread.
     void stampError(std::string_view kind, std::string_view text);
 
-    /// The system tells that another Space is active.
+    /// The system reports another active Space.
     void spaceChanged();
     void appActivated(const RunningApplication& application);
     void screensChanged();
 
     /// The bars as they are drawn now; may be empty.
     std::function<std::vector<BarState>()> readBars;
-    /// A timeline has begun, or has run out.
+    /// A timeline has started or ended.
     std::function<void(bool isRunning)> onRunning;
 
     bool isRunning() const { return isFollowing_; }
@@ -61,13 +61,13 @@ class SpaceSwitchLog {
     const Screens& screens_;
     SwitchClock clock_;
     bool isFollowing_ = false;
-    /// What was written last of each bar in this timeline.
+    /// The last entry of each bar in this timeline.
     std::vector<BarState> lastBars_;
     /// Uptime of the last frame sampled.
     std::optional<double> lastFrame_;
     Handle frames_;
     Handle endTimer_;
-    /// Ends with this object, so that what was posted finds nobody.
+    /// Expires with this object, for posted tasks.
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
 };
 

@@ -15,20 +15,20 @@
 
 namespace larkspan {
 
-/// Hears the swipes between Spaces, in the raw gestures of the trackpad, before the system tells of
-/// them. Main thread only; the gestures come on the event tap's thread and are handed over.
+/// Detects swipes between Spaces from the raw gestures of the trackpad, before the system reports
+/// them. Main thread only; the gestures arrive on the event tap's thread and are posted.
 class SwipeListener {
   public:
     using OnStep = std::function<void(const SpaceSwipeEvent&)>;
 
-    /// Every step is stamped on `log` and handed to `onStep` on the main thread.
+    /// Every step is stamped on `log` and passed to `onStep` on the main thread.
     SwipeListener(Scheduler& scheduler, EventTaps& taps, const WindowServer& server,
                   Screens& screens, SpaceSwitchLog& log, OnStep onStep);
     SwipeListener(const SwipeListener&) = delete;
     SwipeListener& operator=(const SwipeListener&) = delete;
 
-    /// False when the system lets nobody listen; then Space changes are known only when the system
-    /// tells of them. Once.
+    /// Returns false if the system refuses the event tap; then Space changes are known only when
+    /// the system reports them. Call it once.
     bool start();
 
   private:
@@ -42,13 +42,13 @@ class SwipeListener {
     const WindowServer& server_;
     SpaceSwitchLog& log_;
     OnStep onStep_;
-    /// The tap's thread alone looks at it.
+    /// Used only on the tap's thread.
     bool isInProgress_ = false;
     mutable std::mutex screensMutex_;
     std::vector<Screen> screens_;
     Handle screenChanges_;
     std::shared_ptr<const bool> alive_ = std::make_shared<const bool>(true);
-    /// Ends first: no callback runs after it.
+    /// Destroyed first: no callback runs after it.
     std::unique_ptr<EventTap> tap_;
 };
 

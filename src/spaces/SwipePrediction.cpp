@@ -6,7 +6,7 @@ namespace larkspan {
 namespace {
 
 constexpr double halfway = 0.5;
-/// Progress per second from which a short flick carries on in its direction.
+/// The progress per second from which a short flick continues in its direction.
 constexpr double flick = 1.0;
 
 bool carriesOn(const SpaceSwipeEvent& lifted) {

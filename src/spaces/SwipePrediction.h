@@ -7,10 +7,10 @@
 
 namespace larkspan {
 
-/// What a swipe will come to once the fingers are lifted, told before the system tells.
+/// The predicted result of a swipe when the fingers lift, before the system reports it.
 struct SwipePrediction {
     enum class Direction { left, right };
-    /// Towards which Space; absent when the Spaces will slide back to where they were.
+    /// The direction of the new Space; absent if the Spaces will slide back.
     std::optional<Direction> expected;
 
     /// `lifted` is the swipe's last step.

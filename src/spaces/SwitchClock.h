@@ -6,17 +6,17 @@
 
 namespace larkspan {
 
-/// Tells how far into a switch timeline a moment lies, and when the timeline has run out. Any
-/// thread. Times are the scheduler's uptime in seconds.
+/// Measures the time within a switch timeline, and when the timeline ends. Any thread. Times are
+/// the scheduler's uptime in seconds.
 class SwitchClock {
   public:
-    /// How long a timeline runs on after the last mark that keeps it running.
+    /// How long a timeline continues after the last mark that extends it.
     static constexpr double lifetime = 1.5;
 
     enum class Mark {
-        /// Opens a timeline when none runs.
+        /// Starts a timeline if none is running.
         starting,
-        /// Keeps a running timeline running.
+        /// Extends a running timeline.
         ordinary,
         /// Reads only.
         passive,
@@ -28,18 +28,18 @@ class SwitchClock {
     };
 
     struct Reading {
-        /// Rounded, since the timeline's start.
+        /// Since the start of the timeline, rounded.
         std::int64_t milliseconds = 0;
         bool isStarted = false;
-        /// The timeline before this one had run out and was not finished yet.
+        /// Whether the previous timeline had run out and was not finished yet.
         bool endsAnother = false;
     };
 
-    /// Absent when no timeline runs.
+    /// Absent if no timeline is running.
     std::optional<Reading> mark(Mark mark, double now);
-    /// Forgets a timeline that has run out; false when it still runs or there was none.
+    /// Removes a timeline that has run out; false if it is still running or there is none.
     bool finish(double now);
-    /// When the timeline will have run out as things stand; absent when there is none.
+    /// When the timeline will run out without further marks; absent if there is none.
     std::optional<double> end() const;
 
   private:

@@ -9,7 +9,7 @@ namespace larkspan {
 
 /// An entry of the window server's list that counts as an app window.
 struct WindowInfo {
-    /// 0 when the entry carried no number.
+    /// 0 if the entry has no number.
     WindowId id = 0;
     ProcessId pid = 0;
     /// Display coordinates (y downwards).

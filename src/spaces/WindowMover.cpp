@@ -33,7 +33,7 @@ void WindowMover::move(std::vector<WindowId> windows, SpaceId space, Done done) 
 void WindowMover::look(std::list<Move>::iterator move) {
     const bool isMoved = haveArrived(*move);
     if (!isMoved && scheduler_.uptime() < move->limit) return;
-    // A window that closed meanwhile says nothing of the system.
+    // If a window was closed in the meantime, this does not show whether the system supports moves.
     if (!isMoved && !hasMoved_ && areThere(move->windows)) canMove_ = false;
     hasMoved_ = hasMoved_ || isMoved;
     const Move ended = std::move(*move);

@@ -9,20 +9,20 @@
 
 namespace larkspan {
 
-/// Moves windows to another Space, and looks whether they went: newer systems take the request and
-/// do nothing. Once that has been seen, nothing is asked again; where a window did go before, one
-/// that stays says nothing of the others. Main thread only.
+/// Moves windows to another Space, and checks whether they moved: newer systems accept the request
+/// and ignore it. After the first such case there are no more requests, unless a window has moved
+/// before. Main thread only.
 class WindowMover {
   public:
     enum class Outcome {
         /// All of them are on the Space now.
         moved,
-        /// Nobody could be asked.
+        /// The request could not be sent.
         refused,
         /// Not within a second.
         stayed,
     };
-    /// Told once, unless the mover ends before.
+    /// Called once, unless the mover is destroyed first.
     using Done = std::function<void(Outcome)>;
 
     WindowMover(Scheduler& scheduler, WindowServer& server)
@@ -33,7 +33,8 @@ class WindowMover {
 
     /// Whether windows can be moved here, as far as is known.
     bool canMove() const { return canMove_; }
-    /// The windows must be on some Space now. `done` hears within about a second what became of it.
+    /// The windows must be on some Space now. `done` is called within about a second with the
+    /// outcome.
     void move(std::vector<WindowId> windows, SpaceId space, Done done);
 
   private:
@@ -41,7 +42,7 @@ class WindowMover {
         std::vector<WindowId> windows;
         SpaceId space = 0;
         Done done;
-        /// Uptime at which it is given up.
+        /// The uptime at which the move is given up.
         double limit = 0;
         Handle timer;
     };

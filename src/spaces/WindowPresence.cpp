@@ -22,8 +22,8 @@ bool isAppWindow(const WindowListEntry& entry) {
            entry.bounds->width >= minimumWidth && entry.bounds->height >= minimumHeight;
 }
 
-/// The windows of one app, asked for until it stops answering: each further call to a hung app
-/// would cost another time-out.
+/// The windows of one app, read until it stops responding: each further call to a hung app would
+/// cost another time-out.
 class AppWindows {
   public:
     AppWindows(const Accessibility& accessibility, ProcessId pid)
@@ -39,7 +39,7 @@ class AppWindows {
         return attribute;
     }
 
-    /// Absent for what is no window to a user.
+    /// Absent for an element that is not a window to the user.
     std::optional<AppWindow> window(const AXElementRef& element) {
         if (!isOrdinary(element)) return std::nullopt;
         const auto number = accessibility_.window(element);
@@ -70,7 +70,7 @@ class AppWindows {
     bool answers_ = true;
 };
 
-/// The name of one element of a process, which need not exist.
+/// The token of one element of a process, which need not exist.
 Accessibility::RemoteToken remoteToken(ProcessId pid, std::uint64_t element) {
     constexpr std::uint32_t mark = 0x636f636f;
     Accessibility::RemoteToken token{};
@@ -91,7 +91,7 @@ std::set<WindowId> numbersOf(const std::vector<AppWindow>& windows) {
     return numbers;
 }
 
-/// One walk through an app's elements by their numbers.
+/// A search through an app's elements by number.
 class ElementSearch {
   public:
     ElementSearch(const Accessibility& accessibility, ProcessId pid, std::vector<AppWindow> listed)
@@ -122,8 +122,8 @@ class ElementSearch {
   private:
     /// Seconds.
     static constexpr double searchBudget = 0.25;
-    /// Apps number their elements upwards from 0; windows come early, unless others have asked the
-    /// app about much else before.
+    /// Apps number their elements upwards from 0. Windows come early, unless the app was asked
+    /// about many other elements before.
     static constexpr std::uint64_t elementLimit = 1000;
 
     void meet(const AXElementRef& element) {
@@ -146,7 +146,7 @@ class ElementSearch {
 
 using ListedWindows = std::map<ProcessId, std::set<WindowId>>;
 
-/// Those windows of the apps that Accessibility could confirm.
+/// The windows of the apps that Accessibility can confirm.
 ListedWindows titledWindows(const std::vector<WindowInfo>& windows,
                             const std::set<ProcessId>& pids) {
     ListedWindows listed;
@@ -160,7 +160,7 @@ ClosedCheck checkNow(const Accessibility& accessibility, ProcessId pid,
                      const std::set<WindowId>& listed, const Scheduler& clock) {
     ClosedCheck check{.hidden = {}, .listed = listed, .time = clock.uptime()};
     const auto windows = accessibilityWindows(accessibility, pid);
-    // An app that may no longer be asked confirms nothing, and that says nothing.
+    // An app that may not be asked confirms nothing, which proves nothing.
     if (windows && accessibility.isProcessTrusted())
         std::ranges::set_difference(listed, numbersOf(*windows),
                                     std::inserter(check.hidden, check.hidden.end()));
@@ -198,7 +198,7 @@ std::optional<std::vector<AppWindow>> accessibilityWindows(const Accessibility& 
     if (const auto* elements = list.as<std::vector<AXElementRef>>()) {
         for (const auto& element : *elements) {
             if (auto window = app.window(element)) windows.push_back(*std::move(window));
-            // What was read so far would pass for all that there is.
+            // An incomplete list would look like a complete one.
             if (!app.answers()) return std::nullopt;
         }
     }

@@ -28,8 +28,8 @@ bool hasSpace(const SpaceMap& map, DisplayId display, SpaceId space) {
            std::ranges::find(spaces->second, space) != spaces->second.end();
 }
 
-/// Off screen, a window counts on those of its Spaces that are not shown; were it not minimised or
-/// hidden, it would be on screen on the others.
+/// Off screen, a window counts on those of its Spaces that are not shown; otherwise it would be on
+/// screen on the others, or is minimised or hidden.
 std::vector<SpaceId> countingSpaces(const WindowInfo& window, const SpaceMap& map) {
     const auto found = map.windowSpaces.find(window.id);
     if (found == map.windowSpaces.end()) return {};
@@ -39,7 +39,7 @@ std::vector<SpaceId> countingSpaces(const WindowInfo& window, const SpaceMap& ma
     return spaces;
 }
 
-/// The windows of the apps with at least one that only a Space not shown has.
+/// The windows of the apps that have at least one window only on Spaces that are not shown.
 std::vector<WindowInfo> windowsToConfirm(const std::vector<WindowInfo>& windows,
                                          const SpaceMap& map) {
     std::set<ProcessId> pids;
@@ -92,7 +92,7 @@ std::optional<std::vector<WindowId>> WindowReader::ids() const {
 
 std::optional<WindowRead> WindowReader::read(const std::vector<Screen>& screens,
                                              const std::set<WindowId>& closed) const {
-    // Before the list: what comes between the two is then noticed by the next read.
+    // Before the list: a change between the two is then noticed by the next read.
     auto numbers = ids();
     auto windows = WindowPresence::listWindows(server_, Listed::everywhere);
     if (!windows) return std::nullopt;
@@ -125,7 +125,7 @@ std::optional<WindowRead> WindowReader::read(const std::vector<Screen>& screens,
 std::optional<WindowRead> WindowReader::readUnlessSame(const ReadBase& base,
                                                        const std::vector<Screen>& screens,
                                                        const std::set<WindowId>& closed) const {
-    // Without the function that gives the numbers, the windows on screen stand for all.
+    // Without the function that returns the numbers, the windows on screen are compared.
     const auto numbers = base.ids ? ids() : std::nullopt;
     if (!numbers || numbers == base.ids) {
         const auto front = WindowPresence::listWindows(server_, Listed::onScreen);

@@ -42,7 +42,7 @@ TEST_F(AppControllerTest, TheFirstLaunchPutsTheBarOverAShrunkenDock) {
     EXPECT_FALSE(hasStatusItem());
     EXPECT_FALSE(*app.controller.permissions().isShown);
     EXPECT_EQ(app.controller.barHeight(), 72);
-    // The strip comes with the Dock's new place, which the screens tell of a little later.
+    // The strip comes with the Dock's new position, which the screens report a little later.
     mac.scheduler.runFor(5);
     EXPECT_THAT(app.takeCalls(), ElementsAre("make 1", "place 1 at 0,0 1440x72", "in 1"));
     EXPECT_TRUE(app.controller.settings().syncedTileSize());
@@ -166,7 +166,7 @@ TEST_F(AppControllerTest, QuittingWritesAPinThatWaits) {
     mac.install("com.example.film", "Film");
     LaunchedApp app(mac);
     mac.scheduler.runFor(5);
-    EXPECT_EQ(app.answer({"keep", "com.example.film"}).code, 0);
+    EXPECT_EQ(app.answer({"pin", "com.example.film"}).code, ExitCode::succeeded);
     mac.scheduler.runFor(0.2);
     app.delegate.willTerminate();
     auto platform = mac.platform();

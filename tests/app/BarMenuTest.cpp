@@ -63,7 +63,7 @@ TEST_F(BarMenuTest, EachChoiceIsMadeAtOnce) {
     choose("Show Trash");
     choose("Open Larkspan at login");
     EXPECT_THAT(checked(), ElementsAre("Island", "Clear", "Large", "Show Trash"))
-        << "the height is no part of the appearance";
+        << "the height does not belong to the appearance";
 }
 
 TEST_F(BarMenuTest, AHeightOfTheUsersOwnIsNoneOfTheSteps) {

@@ -65,7 +65,7 @@ constexpr Story stories[] = {
      [](Mac& mac) {
          LaunchedApp app(mac);
          mac.scheduler.runFor(1);
-         app.answer({"keep", filmApp});
+         app.answer({"pin", filmApp});
          mac.scheduler.runFor(0.1);
          app.delegate.willTerminate();
      }},
@@ -93,9 +93,9 @@ void expectPutBack(const Mac& mac) {
     EXPECT_EQ(DockProfile::saved(mac.defaults), std::nullopt);
 }
 
-/// Answers whether the program was killed before it came to the end.
-bool playUntilKilled(Mac& mac, void (*play)(Mac&), int deed, std::size_t survivors) {
-    mac.killPoint().dieBefore(deed);
+/// Returns whether the program was killed before the end.
+bool playUntilKilled(Mac& mac, void (*play)(Mac&), int action, std::size_t survivors) {
+    mac.killPoint().dieBefore(action);
     play(mac);
     const bool isKilled = mac.killPoint().isDead();
     mac.programKilled(survivors);

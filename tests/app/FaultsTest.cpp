@@ -28,14 +28,14 @@ class Faults : public testing::Test {
         mac.scheduler.runUntilIdle();
     }
 
-    /// Answers the seconds that the main thread was held up.
+    /// Returns the seconds that the main thread was blocked.
     double click(LaunchedApp& app, const char* id) {
         const double before = mac.scheduler.uptime();
-        EXPECT_EQ(app.answer({"click", id}).code, 0);
+        EXPECT_EQ(app.answer({"click", id}).code, ExitCode::succeeded);
         return mac.scheduler.uptime() - before;
     }
     static bool isInAGroup(LaunchedApp& app, const std::string& id) {
-        for (const auto& group : *app.controller.store().windowAppGroups)
+        for (const auto& group : *app.controller.store().windowAppGroups())
             for (const auto& item : group.items)
                 if (item.id == id) return true;
         return false;
@@ -57,10 +57,10 @@ void liveThrough(sim::SimMac& mac) {
         LaunchedApp app(mac);
         mac.scheduler.runFor(5);
         EXPECT_THAT(app.takeCalls(), Contains("in 1"));
-        EXPECT_EQ(app.answer({"click", mailId}).code, 0);
+        EXPECT_EQ(app.answer({"click", mailId}).code, ExitCode::succeeded);
         mac.scheduler.runFor(5);
         EXPECT_EQ(mac.frontmost(), mac.pidOf(mailId));
-        EXPECT_EQ(app.answer({"click", notesId}).code, 0);
+        EXPECT_EQ(app.answer({"click", notesId}).code, ExitCode::succeeded);
         mac.scheduler.runFor(5);
         EXPECT_EQ(mac.frontmost(), mac.pidOf(notesId));
         mac.enterFullScreen(window);
@@ -68,7 +68,7 @@ void liveThrough(sim::SimMac& mac) {
         EXPECT_THAT(app.takeCalls(), Contains("out 1")) << "the window covers the screen";
         mac.leaveFullScreen(window);
         mac.scheduler.runFor(5);
-        EXPECT_EQ(app.answer({"state"}).code, 0);
+        EXPECT_EQ(app.answer({"state"}).code, ExitCode::succeeded);
         app.controller.useSystemDock();
         mac.scheduler.runFor(5);
         EXPECT_EQ(mac.statusBar.items().size(), 1U);
@@ -178,7 +178,7 @@ TEST_F(Faults, ThreeThousandWindowsAreOneTileThatHidesAndShows) {
     LaunchedApp app(mac);
     mac.scheduler.runFor(2);
     std::size_t tiles = 0;
-    for (const auto& group : *app.controller.store().windowAppGroups)
+    for (const auto& group : *app.controller.store().windowAppGroups())
         for (const auto& item : group.items)
             tiles += item.id == mailId ? 1 : 0;
     EXPECT_EQ(tiles, 1U);
@@ -272,7 +272,7 @@ TEST_F(Faults, AMirroringDisplayGivesItsWindowsToTheOtherAndTakesNoBar) {
     mac.scheduler.runFor(2);
     mac.mirror(second);
     mac.scheduler.runFor(2);
-    for (const auto& group : *app.controller.store().windowAppGroups)
+    for (const auto& group : *app.controller.store().windowAppGroups())
         EXPECT_EQ(group.slot.display, mac.displayAt(0));
     mac.endMirroring();
     mac.scheduler.runFor(2);
@@ -288,7 +288,7 @@ TEST_F(Faults, ScreensThatChangeBetweenTwoReadsAreSeenInTheEnd) {
     mac.scheduler.runFor(5);
     ASSERT_EQ(app.controller.bars()->bars().size(), 1U);
     EXPECT_EQ(app.controller.bars()->bars().front().screen.frame, (Rect{0, 0, 1920, 1080}));
-    for (const auto& group : *app.controller.store().windowAppGroups)
+    for (const auto& group : *app.controller.store().windowAppGroups())
         EXPECT_EQ(group.slot.display, mac.displayAt(0));
 }
 
@@ -302,7 +302,7 @@ TEST_F(Faults, DoubledAndLateNewsLeadToTheSameModel) {
     mac.scheduler.runFor(10);
     EXPECT_FALSE(isInAGroup(app, mailId));
     EXPECT_TRUE(isInAGroup(app, "com.example.film"));
-    EXPECT_EQ(app.controller.store().frontmostPID.get(), film);
+    EXPECT_EQ(app.controller.store().frontmostPID().get(), film);
 }
 
 TEST_F(Faults, AGrantThatTheSystemFreezesIsSeenAtTheNextStart) {

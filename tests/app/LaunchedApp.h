@@ -30,13 +30,13 @@ class LaunchedApp {
         return panels ? panels->takeCalls() : std::vector<std::string>{};
     }
 
-    /// What comes of a request; for an answer that takes its time, lets time pass.
+    /// The reply to a request; for a delayed one, lets time pass.
     ControlAnswer answer(const std::vector<std::string>& words) {
         const auto given = std::make_shared<std::optional<ControlAnswer>>();
         control.answer(words, [given](const ControlAnswer& answer) { *given = answer; });
         for (int turn = 0; !*given && turn < 20; ++turn)
             scheduler.runFor(0.1);
-        return given->value_or(ControlAnswer{1, "no answer within two seconds"});
+        return given->value_or(ControlAnswer{ExitCode::failed, "no reply within two seconds"});
     }
 
     sim::VirtualScheduler& scheduler;

@@ -1,5 +1,6 @@
 #include "app/LaunchedApp.h"
 
+#include <algorithm>
 #include <fmt/format.h>
 #include <gmock/gmock.h>
 
@@ -99,7 +100,7 @@ TEST_F(SpaceSwitchTest, NothingOfASwipeHoldsReadsForEver) {
         if (each.deafAfter > 0) {
             mac.scheduler.runFor(each.deafAfter);
             mac.eventTaps.disable(TapEvent::disabledByTimeout);
-            // The tap's own thread is slow to hear of it.
+            // The tap's own thread gets it late.
             mac.scheduler.queueLatency = 0.1;
         }
         mac.scheduler.runFor(3);
@@ -142,6 +143,28 @@ TEST_F(SpaceSwitchTest, NothingIsPolledWhereTheDesktopTellsOfChanges) {
     const auto turns = mac.scheduler.turns();
     mac.scheduler.runFor(60);
     EXPECT_EQ(mac.scheduler.turns() - turns, 0U);
+}
+
+TEST_F(SpaceSwitchTest, ThePolledDisplayIsTheOneInUse) {
+    const auto side = mac.addDisplay("1280x720 spaces=2");
+    mac.install("org.example.mail", "Mail");
+    const auto mail = mac.launch("org.example.mail");
+    mac.openWindow(mail, {.display = side});
+    const auto polled = [&](DisplayId from, DisplayId to) {
+        mac.scheduler.runFor(5);
+        const auto texts = lines();
+        mac.systemLog.lines.clear();
+        const auto change = fmt::format("Space of the display in use {}, before {}",
+                                        mac.spaceAt(to, 0), mac.spaceAt(from, 0));
+        return std::ranges::any_of(texts, [&](const auto& text) { return text.ends_with(change); });
+    };
+    mac.activate(notes);
+    mac.scheduler.runFor(5);
+    mac.systemLog.lines.clear();
+    mac.activate(mail);
+    EXPECT_TRUE(polled(mac.displayAt(0), side)) << "another app is in front";
+    mac.moveToDisplay(mac.world().windows.front().id, mac.displayAt(0));
+    EXPECT_TRUE(polled(side, mac.displayAt(0))) << "its window went to another display";
 }
 
 } // namespace

@@ -70,7 +70,7 @@ TEST_F(BarControllerTest, EachScreenWithAStripGetsABar) {
     EXPECT_THAT(takeLog(), ElementsAre("bar: no Space of their own; bars stay on every desktop",
                                        "layout: bars built again for 2; Dock strip on "
                                        "[(0, 0, 1440, 900), (-800, 0, 800, 600)]"));
-    EXPECT_THAT(store.barFrames, ElementsAre(Rect{0, 0, 1440, 72}, Rect{-800, 0, 800, 72}));
+    EXPECT_THAT(store.barFrames(), ElementsAre(Rect{0, 0, 1440, 72}, Rect{-800, 0, 800, 72}));
 }
 
 TEST_F(BarControllerTest, TheSameScreensOnlyCheckVisibility) {
@@ -108,32 +108,32 @@ TEST_F(BarControllerTest, ABarThatGoesFromUnderThePointerHoldsNoTiles) {
     bars.show();
     const auto putPointerOn = [this](std::size_t bar) {
         bars.bars()[bar].interaction->setPointerInside(true);
-        return store.isPointerOnBar;
+        return store.isPointerOnBar();
     };
     EXPECT_TRUE(putPointerOn(0));
     bars.fullScreenChanged({.spaces = {right}, .windows = {}});
-    EXPECT_TRUE(store.isPointerOnBar) << "that was the other bar";
+    EXPECT_TRUE(store.isPointerOnBar()) << "that was the other bar";
     bars.fullScreenChanged({.spaces = {left}, .windows = {}});
-    EXPECT_FALSE(store.isPointerOnBar);
+    EXPECT_FALSE(store.isPointerOnBar());
     EXPECT_TRUE(putPointerOn(1));
     screens.set({screen(1, left)});
-    EXPECT_FALSE(store.isPointerOnBar) << "others were built in its place";
+    EXPECT_FALSE(store.isPointerOnBar()) << "others were built in its place";
     EXPECT_FALSE(putPointerOn(0)) << "it is covered";
     bars.fullScreenChanged({});
     EXPECT_TRUE(putPointerOn(0));
     bars.hide();
-    EXPECT_FALSE(store.isPointerOnBar);
+    EXPECT_FALSE(store.isPointerOnBar());
 }
 
 TEST_F(BarControllerTest, TheFrameOfAnIslandGrowsWithItsTiles) {
     look.style.set(BarStyle::island);
     screens.list = {screen(1, left)};
     bars.show();
-    const Rect before = store.barFrames.front();
+    const Rect before = store.barFrames().front();
     mac.install("com.example.mail", "Mail");
     mac.openWindow(launch("mail"));
     settle();
-    const Rect after = store.barFrames.front();
+    const Rect after = store.barFrames().front();
     EXPECT_GT(after.width, before.width);
     EXPECT_LT(after.x, before.x);
 }
@@ -174,7 +174,7 @@ TEST_F(BarControllerTest, ACoveredScreenHidesItsBarAlone) {
     EXPECT_THAT(takeLog(), ElementsAre("bar: the window list now shows full-screen Spaces on "
                                        "[(0, 1, 1441, 899)], screen-sized windows on []",
                                        "bar: display 1 cover space, revealed false, wanted false"));
-    EXPECT_THAT(store.barFrames, ElementsAre(Rect{1440, 0, 1280, 72}));
+    EXPECT_THAT(store.barFrames(), ElementsAre(Rect{1440, 0, 1280, 72}));
     bars.fullScreenChanged({.spaces = {}, .windows = {right}});
     EXPECT_THAT(panels.takeCalls(), ElementsAre("in 1", "out 2"));
     EXPECT_THAT(takeLog(), Contains("bar: display 2 cover window, revealed false, wanted false"));
@@ -233,7 +233,7 @@ TEST_F(BarControllerTest, HiddenBarsComeBackToScreensThatChangedMeanwhile) {
     screens.list = {screen(1, left)};
     bars.show();
     bars.hide();
-    EXPECT_THAT(store.barFrames, IsEmpty());
+    EXPECT_THAT(store.barFrames(), IsEmpty());
     panels.calls.clear();
     screens.set({screen(1, right)});
     EXPECT_THAT(panels.calls, IsEmpty()) << "bars that are not wanted stay where they are";
@@ -249,7 +249,7 @@ TEST_F(BarControllerTest, TheHeightIsTakenAtOnce) {
     EXPECT_THAT(panels.calls, IsEmpty());
     bars.setHeight(40);
     EXPECT_THAT(panels.calls, ElementsAre("place 1 at 0,0 1440x40"));
-    EXPECT_THAT(store.barFrames, ElementsAre(Rect{0, 0, 1440, 40}));
+    EXPECT_THAT(store.barFrames(), ElementsAre(Rect{0, 0, 1440, 40}));
 }
 
 } // namespace

@@ -87,12 +87,12 @@ TEST_F(BarInteractionTest, LettersGoToTheNextNameAndStayWhereThereIsNone) {
 TEST_F(BarInteractionTest, ReturnClicksAndGivesTheKeyboardBack) {
     bar->setKeyboard(true);
     bar->press(BarKey::last);
-    EXPECT_TRUE(store.isPointerOnBar) << "tiles stay while keys walk over them";
+    EXPECT_TRUE(store.isPointerOnBar()) << "tiles stay while keys walk over them";
     bar->press(BarKey::click);
     EXPECT_EQ(trashOpened, 1);
     EXPECT_FALSE(*bar->hasKeyboard);
     EXPECT_EQ(lit(), BarInteraction::noTile);
-    EXPECT_FALSE(store.isPointerOnBar);
+    EXPECT_FALSE(store.isPointerOnBar());
 }
 
 TEST_F(BarInteractionTest, TheLightOfTheKeyboardStaysWhenItsTileGoes) {
@@ -171,7 +171,7 @@ TEST_F(BarInteractionTest, AMenuBelongsToItsBar) {
     EXPECT_TRUE(overlay->isMenuOpen());
     bar.reset();
     EXPECT_EQ(shown().lines, std::nullopt);
-    EXPECT_FALSE(store.isPointerOnBar);
+    EXPECT_FALSE(store.isPointerOnBar());
 }
 
 TEST_F(BarInteractionTest, AMenuOpenedByKeyIsLitAndALineOfItGivesTheKeyboardBack) {
@@ -190,14 +190,14 @@ TEST_F(BarInteractionTest, AMenuOpenedByKeyIsLitAndALineOfItGivesTheKeyboardBack
 TEST_F(BarInteractionTest, ABurstOfChangesIsShownOnceWithItsAnimation) {
     int changes = 0;
     const Handle handle = bar->contents.observe([&changes] { ++changes; });
-    withAnimation(pinnedListAnimation, [this] { store.setPinned({"com.example.notes"}); });
+    store.setPinned({"com.example.notes"});
     look.showsTrash.set(false);
-    store.isTrashEmpty.set(false);
+    store.trashChanged(false);
     EXPECT_EQ(changes, 0);
     settle();
     EXPECT_EQ(changes, 1);
     EXPECT_EQ(bar->animation(), pinnedListAnimation);
-    store.badges.set({{"com.example.notes", "1"}});
+    store.badgesChanged({{"com.example.notes", "1"}});
     settle();
     EXPECT_EQ(bar->animation(), windowReadAnimation);
 }

@@ -3,6 +3,7 @@
 #include "bar/BarInteraction.h"
 #include "bar/RecordingPanels.h"
 #include "model/ModelWorld.h"
+#include "settings/BarSettings.h"
 
 #include "MemoryDefaults.h"
 
@@ -24,7 +25,8 @@ struct BarWorld : ModelWorld {
 
     int trashOpened = 0;
     MemoryDefaults defaults;
-    BarLook look{defaults, true};
+    BarSettings settings{defaults, true};
+    BarLook look{settings};
     TileActions tileActions{
         store,
         click,

@@ -23,9 +23,11 @@ class KeyboardEntryTest : public testing::Test, protected BarWorld {
         panels.takeCalls();
     }
     void put(ProcessId pid, const Rect& bounds, bool isOnScreen = true) {
-        store.latestWindows.push_back({.pid = pid, .bounds = bounds, .isOnScreen = isOnScreen});
+        windows.push_back({.pid = pid, .bounds = bounds, .isOnScreen = isOnScreen});
+        store.applyWindowRead({.windows = windows});
     }
 
+    std::vector<WindowInfo> windows;
     FixedScreens screens;
     BarController bars{
         mac.scheduler, store, screens, platform.coreDock, [this] { return makeInteraction(); },
@@ -40,7 +42,7 @@ TEST_F(KeyboardEntryTest, GoesToTheDisplayThatTheUserWorksOn) {
     const std::pair<std::optional<ProcessId>, const char*> cases[] = {
         {7, "keyboard 1"}, {8, "keyboard 2"}, {9, "keyboard 1"}, {std::nullopt, "keyboard 1"}};
     for (const auto& [front, call] : cases) {
-        store.frontmostPID.set(front);
+        store.frontAppChanged(front);
         EXPECT_TRUE(keyboard.begin());
         EXPECT_THAT(panels.takeCalls(), ElementsAre(call));
     }
@@ -48,7 +50,7 @@ TEST_F(KeyboardEntryTest, GoesToTheDisplayThatTheUserWorksOn) {
 
 TEST_F(KeyboardEntryTest, ACoveredBarDoesNotGetIt) {
     put(7, {0, 0, 1440, 900});
-    store.frontmostPID.set(7);
+    store.frontAppChanged(7);
     bars.fullScreenChanged({.spaces = {{0, 0, 1440, 900}}, .windows = {}});
     panels.takeCalls();
     EXPECT_TRUE(keyboard.begin());

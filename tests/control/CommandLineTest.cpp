@@ -19,17 +19,17 @@ TEST(CommandLine, NamesOneActionOrARefusal) {
         {{"--demo", "tour.json"}, Action::demo},
         {{"--demo", "tour.json", "--headless"}, Action::scenario},
         {{"--headless", "--state", "s", "--demo", "t"}, Action::scenario},
-        {{"--demo", "--headless"}, Action::refuse},
-        {{"--headless"}, Action::refuse},
-        {{"--demo", "t", "--pictures", "p"}, Action::refuse},
-        {{"--demo", "t", "--headless", "--pictures"}, Action::refuse},
-        {{"--state", "s"}, Action::refuse},
-        {{"--loud"}, Action::refuse},
+        {{"--demo", "--headless"}, Action::reject},
+        {{"--headless"}, Action::reject},
+        {{"--demo", "t", "--pictures", "p"}, Action::reject},
+        {{"--demo", "t", "--headless", "--pictures"}, Action::reject},
+        {{"--state", "s"}, Action::reject},
+        {{"--loud"}, Action::reject},
     };
     for (const auto& [arguments, action] : cases) {
         const auto line = parseCommandLine(arguments);
         EXPECT_EQ(line.action, action) << testing::PrintToString(arguments);
-        EXPECT_EQ(line.complaint.empty(), action != Action::refuse);
+        EXPECT_EQ(line.error.empty(), action != Action::reject);
     }
 }
 

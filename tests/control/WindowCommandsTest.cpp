@@ -84,16 +84,17 @@ TEST_F(WindowCommands, EachReasonNotToMoveIsNamed) {
         SpaceId space;
         std::string text;
     };
-    const std::string onNone = "no Space has a window {} (a minimised or hidden one is on none)";
+    const std::string onNone =
+        "no Space has a window {} (minimised and hidden windows are on no Space)";
     const Case cases[] = {
         {4321, second, fmt::format(fmt::runtime(onNone), 4321)},
         {minimized, second, fmt::format(fmt::runtime(onNone), minimized)},
         {window, 4321, "there is no Space 4321"},
-        {window, filmSpace, fmt::format("Space {} is a full-screen window's own", filmSpace)},
+        {window, filmSpace, fmt::format("Space {} belongs to a full-screen window", filmSpace)},
         {film, second, fmt::format("window {} is in full screen", film)},
     };
     for (const auto& each : cases)
-        EXPECT_EQ(move(each.window, each.space), (ControlAnswer{2, each.text}));
+        EXPECT_EQ(move(each.window, each.space), (ControlAnswer{ExitCode::rejected, each.text}));
     EXPECT_EQ(mac.world().window(window)->space, first);
     EXPECT_EQ(mac.world().window(film)->space, filmSpace);
 }

@@ -12,7 +12,7 @@ using testing::ElementsAre;
 using testing::IsEmpty;
 using testing::Pair;
 
-/// Numbers that no process of the simulated Mac has.
+/// Numbers that the simulated Mac does not use.
 constexpr ProcessId gone = 7;
 constexpr ProcessId alsoGone = 9;
 
@@ -39,7 +39,7 @@ TEST_F(LostProcessesTest, AreNotThoseWhoseWindowsGoInTime) {
     lost.follow({});
     lost.follow({gone});
     mac.scheduler.runFor(2);
-    EXPECT_THAT(lost.table(), IsEmpty()) << "twice missed for less than three seconds";
+    EXPECT_THAT(lost.table(), IsEmpty()) << "missing twice for less than three seconds";
     lost.follow({});
     mac.scheduler.runFor(5);
     EXPECT_THAT(lost.table(), IsEmpty());

@@ -20,7 +20,7 @@ double pixelsOf(float fraction) {
     return std::round(double{fraction} * 112 + 16 - 0.25);
 }
 
-/// A Dock whose strip follows its icon size at once, as the strip function says.
+/// A Dock whose strip follows its icon size at once, by the strip function.
 class FittedDock : public RecordingDock {
   public:
     explicit FittedDock(Strip strip)

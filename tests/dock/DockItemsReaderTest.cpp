@@ -69,7 +69,7 @@ TEST_F(DockItemsReaderTest, AnswersNothingWithoutADockOrTrust) {
     EXPECT_FALSE(reader.read(dock));
     mac.refuseAccessibility(false);
     mac.dieDuringRead(dock, 7);
-    EXPECT_FALSE(reader.read(dock)) << "it died half-way";
+    EXPECT_FALSE(reader.read(dock)) << "it died during the read";
 }
 
 TEST_F(DockItemsReaderTest, AHungDockCostsOneShortWait) {

@@ -7,13 +7,13 @@
 
 namespace larkspan {
 
-/// Screens that are what a test says they are.
+/// Screens with fixed values.
 class FixedScreens : public Screens {
   public:
     std::vector<Screen> screens() const override { return list; }
     Handle subscribe(std::function<void()>) override { return {}; }
 
-    /// Adds a screen whose bottom `strip` points are kept free of windows.
+    /// Adds a screen with a strip of `strip` points at its bottom that windows leave free.
     void add(DisplayId display, Rect frame, double strip) {
         Screen screen{.display = display, .frame = frame, .visibleFrame = frame};
         screen.visibleFrame.y += strip;

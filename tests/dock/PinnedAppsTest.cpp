@@ -26,7 +26,7 @@ class MemoryPreferences : public DockPreferences {
     std::map<std::string, PropertyValue> values;
 };
 
-/// Two Docks run, and the apps "a" to "z" are installed.
+/// Two Docks are running, and the apps "a" to "z" are installed.
 class TwoDocks : public Workspace, public ApplicationControl {
   public:
     std::vector<RunningApplication> runningApplications() const override {
@@ -110,7 +110,7 @@ TEST(PinnedApps, KeptEntriesAreByteForByteAsTheDockWroteThem) {
                     {"file-data", Dictionary{{"_CFURLString", "file:///Old%20Place/Full.app/"},
                                              {"_CFURLStringType", 15}}}}}};
     EXPECT_EQ(written({app("a"), full}, {"full", "new", "a"}).front(), full);
-    EXPECT_EQ(written({full}, {}), Array{}) << "what leaves leaves whole";
+    EXPECT_EQ(written({full}, {}), Array{}) << "a removed entry is removed completely";
 }
 
 TEST(PinnedApps, WhatIsNoAppStaysInItsPlaceWhateverItIs) {
@@ -129,7 +129,7 @@ TEST(PinnedApps, WhatIsNoAppStaysInItsPlaceWhateverItIs) {
                   (Array{entry, app("b"), app("a"), entry}));
         EXPECT_EQ(written({app("a"), entry, app("b"), entry}, {"a"}),
                   (Array{app("a"), entry, entry}))
-            << "behind an app that leaves it moves to the one before";
+            << "behind a removed app, it moves to the previous one";
     }
 }
 

@@ -9,7 +9,7 @@
 
 namespace larkspan {
 
-/// A Dock that takes every setting and keeps note of the calls that change one.
+/// A Dock that accepts every setting and records the calls that change one.
 class RecordingDock : public CoreDock {
   public:
     bool has(CoreDockFunction function) const override { return !missing.contains(function); }

@@ -12,15 +12,15 @@ namespace larkspan::e2e {
 
 using Environment = std::map<std::string, std::string>;
 
-/// A process of the test's own, with exactly the environment it is given. Ends with its object.
+/// The test's own process, with exactly the given environment. Ends with this object.
 class ChildProcess {
   public:
     struct Start {
         std::vector<std::string> command;
         Environment environment;
-        /// Receives standard output and standard error.
+        /// Gets standard output and standard error.
         std::filesystem::path log;
-        /// Given to the child as file descriptor 3; -1 for none.
+        /// Passed to the child as file descriptor 3; -1 for none.
         int extraDescriptor = -1;
     };
 
@@ -32,7 +32,8 @@ class ChildProcess {
     pid_t pid() const { return pid_; }
     bool isRunning();
     void signal(int number) const;
-    /// The exit code, or 128 and the signal's number; absent when it still runs after `seconds`.
+    /// The exit code, or 128 and the signal's number; absent if it is still running after
+    /// `seconds`.
     std::optional<int> waitForExit(double seconds);
 
   private:
@@ -42,13 +43,13 @@ class ChildProcess {
 };
 
 struct CommandResult {
-    /// As a shell gives it; -1 when the command did not end in time.
+    /// As in a shell; -1 if the command did not end in time.
     int exitCode = -1;
     /// Standard output and standard error together.
     std::string output;
 };
 
-/// Runs a command to its end, for at most ten seconds.
+/// Runs a command until it ends, for at most ten seconds.
 CommandResult runCommand(const ChildProcess::Start& start);
 
 std::string contentsOf(const std::filesystem::path& path);

@@ -12,8 +12,8 @@ const auto& xclock = testApp("test-xclock");
 const auto& xeyes = testApp("test-xeyes");
 const auto& xcalc = testApp("test-xcalc");
 
-/// The bar follows its real clients: each step changes the world through the X server, then asks
-/// both the report and the pixels.
+/// The bar follows real clients: each step changes something through the X server, then checks both
+/// the report and the pixels.
 class Clients : public testing::Test {
   protected:
     void TearDown() override {
@@ -74,15 +74,15 @@ TEST_F(Clients, AppearWithTheirWindowsAndGoWithThem) {
 
     screen().close(*screen().windowOfClass("XEyes"));
     expectGone(xeyes);
-    secondTerminal.reset(); // killed: its window goes without a word
+    secondTerminal.reset(); // killed: its window just disappears
     expectWindows(xterm, 1);
     calculator.reset();
     expectGone(xcalc);
     expectWindows(xclock, 1);
 }
 
-TEST_F(Clients, AreBroughtForwardSentAwayAndShownByClicks) {
-    // One after the other, so that it is known which of them stands in front.
+TEST_F(Clients, AreBroughtForwardHiddenAndShownByClicks) {
+    // One after the other, so that the frontmost one is known.
     const auto terminal = desktop.open(xterm);
     expectWindows(xterm, 1);
     expectFront(xterm);
@@ -103,9 +103,9 @@ TEST_F(Clients, AreBroughtForwardSentAwayAndShownByClicks) {
     EXPECT_TRUE(screen().eventually([&] { return screen().isIconified(terminalWindow); }));
     EXPECT_TRUE(screen().eventually([&] { return isHidden(xterm); })) << bar.state().dump(1);
     EXPECT_TRUE(screen().eventually([&] { return screen().picture(bar.area()) != whileFront; }))
-        << "the bar looks the same with the app away";
+        << "the bar looks the same with the app hidden";
     EXPECT_TRUE(screen().eventually([&] { return bar.tile(xterm).has_value(); }))
-        << "an app sent away keeps its tile";
+        << "a hidden app keeps its tile";
 
     bar.click(xterm);
     EXPECT_TRUE(screen().eventually([&] { return !screen().isIconified(terminalWindow); }));
@@ -137,7 +137,7 @@ TEST_F(Clients, MinimizedByTheWindowManagerComeBackByAClick) {
 }
 
 TEST_F(Clients, PinnedOnesAreLaunchedByAClick) {
-    EXPECT_EQ(bar.command({"keep", xcalc.id}).exitCode, 0);
+    EXPECT_EQ(bar.command({"pin", xcalc.id}).exitCode, 0);
     ASSERT_TRUE(screen().eventually([&] { return bar.tile(xcalc).has_value(); }));
     EXPECT_FALSE(bar.item(xcalc.id)->value<bool>("running"));
 
@@ -186,7 +186,7 @@ TEST_F(Clients, AreMovedToAnotherDesktopByCommand) {
     expectWindows(xterm, 1);
     const auto window = *screen().windowOfClass("XTerm");
     const auto spaces = bar.state()["spaces"];
-    ASSERT_GE(spaces.size(), 2U) << "a desktop of one Space proves nothing";
+    ASSERT_GE(spaces.size(), 2U) << "the test needs at least two Spaces";
     const auto holds = [&](const nlohmann::json& space) {
         return space["windows"].size() == 1 && space["windows"][0]["number"] == window;
     };

@@ -21,7 +21,7 @@ struct Monitor {
 struct App {
     int windows = 0;
     int minimized = 0;
-    /// Monitor and desktop of each window that shows there.
+    /// Monitor and desktop of each window that is shown there.
     std::set<std::pair<std::uint32_t, std::uint32_t>> places;
 };
 
@@ -31,7 +31,7 @@ std::string groupLine(std::uint64_t display, std::uint64_t space, bool isShown,
            (isShown ? " (shown): " : ": ") + app;
 }
 
-// An app without an identifier is named by a number that only the program knows.
+// An app without an identifier has a number that only the program knows.
 std::string nameOf(const std::string& id) {
     return id.starts_with("pid:") ? "an app without a name" : id;
 }
@@ -45,7 +45,7 @@ bool contains(const Numbers& numbers, std::uint32_t number) {
     return std::ranges::find(numbers, number) != numbers.end();
 }
 
-/// Reads the X server's properties, each when it is needed.
+/// Reads the X server's properties when they are needed.
 class ServerReader {
   public:
     explicit ServerReader(TestClient& client)
@@ -111,7 +111,7 @@ class ServerReader {
         std::free(reply);
     }
 
-    // The application's identifier, by the desktop entries that the test has installed.
+    // The application's identifier, from the desktop entries that the test has installed.
     std::string idOf(xcb_window_t window) {
         const auto windowClass = window == XCB_NONE ? std::string() : client_.classOf(window);
         if (windowClass.empty()) return "pid:" + std::to_string(window);
@@ -154,7 +154,7 @@ class ServerReader {
         return {area.x - left, area.y - top, area.width + left + right, area.height + top + bottom};
     }
 
-    // The one that shows most of the window.
+    // The monitor that shows most of the window.
     std::uint32_t monitorOf(const Rect& window) const {
         const auto overlap = [&](const Monitor& monitor) {
             const auto& area = monitor.area;
@@ -190,7 +190,7 @@ std::string serverText(TestClient& reader) {
 DesktopReading readReport(const json& report) {
     DesktopReading reading;
     if (!report.is_object()) return {"no report"};
-    // Of a hidden app the X server tells no more than that its windows are minimised.
+    // For a hidden app, the X server only shows that its windows are minimised.
     std::map<std::string, json> hidden;
     for (const auto& group : report.at("groups"))
         for (const auto& item : group.at("items"))

@@ -9,7 +9,7 @@ namespace {
 
 constexpr std::uint32_t fromPager = 2;
 constexpr std::uint32_t toggle = 2;
-// The last one names no application at all.
+// The last one belongs to no application.
 constexpr const char* windowClasses[] = {"XTerm",  "XClock", "XCalc",  "Editor",
                                          "Viewer", "Mixer",  "Player", ""};
 
@@ -21,7 +21,7 @@ DesktopScript::DesktopScript(PrivateDesktop& desktop, std::uint32_t seed)
     , pager_(desktop.display()) {
     for (const auto* windowClass : windowClasses)
         clients_.push_back({windowClass, nullptr, {}});
-    // Asked for again and again: the manager throws away what reaches it while it starts.
+    // Requested repeatedly: the manager ignores requests while it starts.
     desktop_.screen().eventually([this] {
         pager_.ask(pager_.root(), "_NET_NUMBER_OF_DESKTOPS", {desktops});
         const auto count = pager_.numbers(pager_.root(), "_NET_NUMBER_OF_DESKTOPS");
@@ -62,13 +62,13 @@ void DesktopScript::act() {
         auto act = acts().begin();
         for (; chosen >= act->weight; ++act)
             chosen -= act->weight;
-        tell(act->name);
+        note(act->name);
         (this->*act->perform)();
         ++actCount_;
     }
 }
 
-// Acts
+// Actions
 
 void DesktopScript::open() {
     if (windowCount() >= mostWindows) return destroy();
@@ -89,11 +89,11 @@ void DesktopScript::open() {
     window.width = 100 + int(below(300));
     window.height = 80 + int(below(200));
     client.windows.push_back(client.connection->open(window));
-    tell("  " + window.type + " of " + window.className + " is " +
+    note("  " + window.type + " of " + window.className + " is " +
          std::to_string(client.windows.back()));
 }
 
-// Shown past the window manager: nobody's window.
+// Bypasses the window manager, so the window belongs to no application.
 void DesktopScript::openMenu() {
     const auto menu = pager_.open({.isOverrideRedirect = true});
     if (below(2) == 0) pager_.sync();
@@ -177,14 +177,14 @@ void DesktopScript::switchDesktop() {
     pager_.ask(pager_.root(), "_NET_CURRENT_DESKTOP", {below(desktops), XCB_CURRENT_TIME});
 }
 
-// The window manager moves windows of desktops that end to the last one left.
+// The window manager moves windows of removed desktops to the last one left.
 void DesktopScript::changeDesktopCount() {
     pager_.ask(pager_.root(), "_NET_NUMBER_OF_DESKTOPS", {2 + below(4)});
     if (below(2) == 0) settle();
     pager_.ask(pager_.root(), "_NET_NUMBER_OF_DESKTOPS", {desktops});
 }
 
-// One or two beside each other on the same screen.
+// One monitor, or two side by side on the same screen.
 void DesktopScript::changeMonitors() {
     const auto width = double(desktop_.screen().width());
     const auto height = double(desktop_.screen().height());
@@ -208,7 +208,7 @@ bool DesktopScript::settle() {
     return askManagerForAnAnswer();
 }
 
-// It answers after all that it was asked before, as the X server keeps the order.
+// The reply comes after those to all earlier requests, since the X server keeps their order.
 bool DesktopScript::askManagerForAnAnswer() {
     const auto unmapped = xcb_generate_id(pager_.raw());
     xcb_create_window(pager_.raw(), XCB_COPY_FROM_PARENT, unmapped, pager_.root(), 0, 0, 10, 10, 0,
@@ -221,7 +221,7 @@ bool DesktopScript::askManagerForAnAnswer() {
     return hasAnswered;
 }
 
-// As programs do that take part in being closed; the window manager has ended the others.
+// As programs do that support WM_DELETE_WINDOW; the window manager has killed the others.
 void DesktopScript::obeyCloseRequests() {
     for (auto& client : clients_) {
         if (!client.connection) continue;
@@ -247,7 +247,8 @@ void DesktopScript::closeEverything() {
 // Choices
 
 std::uint32_t DesktopScript::below(std::uint32_t limit) {
-    // Not a distribution: those differ between libraries, and a seed must not.
+    // Not a standard distribution: those differ between libraries, but the same seed must give the
+    // same actions.
     return static_cast<std::uint32_t>(random_() % limit);
 }
 
@@ -262,7 +263,7 @@ std::optional<DesktopScript::Window> DesktopScript::anyWindow() {
     auto left = below(std::uint32_t(windowCount()));
     for (auto& client : clients_) {
         if (left < client.windows.size()) {
-            tell("  " + std::to_string(client.windows[left]) + " of " + client.windowClass);
+            note("  " + std::to_string(client.windows[left]) + " of " + client.windowClass);
             return Window{&client, client.windows[left]};
         }
         left -= std::uint32_t(client.windows.size());
@@ -279,7 +280,7 @@ void DesktopScript::forget(WindowId window) {
         std::erase(client.windows, window);
 }
 
-void DesktopScript::tell(const std::string& line) {
+void DesktopScript::note(const std::string& line) {
     story_ += "  " + line + "\n";
 }
 

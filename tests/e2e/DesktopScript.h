@@ -13,8 +13,8 @@
 
 namespace larkspan::e2e {
 
-/// A busy user and restless programs: acts on a private desktop in an order that only the seed
-/// decides. Nothing is awaited but what `settle` says.
+/// A busy user and restless programs: actions on a private desktop in an order that only depends on
+/// the seed. Only `settle` waits.
 class DesktopScript {
   public:
     static constexpr std::size_t mostWindows = 30;
@@ -22,21 +22,20 @@ class DesktopScript {
 
     DesktopScript(PrivateDesktop& desktop, std::uint32_t seed);
 
-    /// A few acts, one right after the other.
+    /// Does a few actions, one right after the other.
     void act();
-    /// Returns when the window manager has dealt with everything asked of it; false when it does
-    /// not within a limit.
+    /// Returns when the window manager has handled all requests; false if a limit is reached first.
     bool settle();
     void closeEverything();
-    /// The next of the seed's choices.
+    /// The next random number of the seed.
     std::uint32_t below(std::uint32_t limit);
 
-    /// What was done since the last call, a line each.
+    /// What was done since the last call, one line each.
     std::string takeStory() { return std::exchange(story_, {}); }
     int actCount() const { return actCount_; }
     x11::TestClient& pager() { return pager_; }
-    /// Adds to the story what someone else has done.
-    void tell(const std::string& line);
+    /// Adds an action of somebody else to the story.
+    void note(const std::string& line);
 
   private:
     struct Client {

@@ -39,11 +39,12 @@ class Keyboard : public testing::Test {
     std::unique_ptr<ChildProcess> terminal;
 };
 
-TEST_F(Keyboard, WalksToATileAndOpensItThenIsGivenBack) {
+TEST_F(Keyboard, SelectsATileAndOpensItAndGivesTheFocusBack) {
     EXPECT_EQ(bar.command({"focus"}).exitCode, 0);
     EXPECT_TRUE(isKeyboardTaken());
-    EXPECT_TRUE(isFront(terminalApp)) << "the window worked in stays the active one";
-    // From the last tile, the Trash, around to the calculator, the first of two with an x.
+    EXPECT_TRUE(isFront(terminalApp)) << "the active window does not change";
+    // From the last tile, the Trash, the search wraps around to the calculator, the first of two
+    // with an x.
     screen().tapKey(XK_End);
     screen().tapKey(XK_x);
     screen().tapKey(XK_Return);
@@ -51,18 +52,18 @@ TEST_F(Keyboard, WalksToATileAndOpensItThenIsGivenBack) {
     EXPECT_FALSE(isKeyboardTaken());
 }
 
-TEST_F(Keyboard, EscapeGivesItBackFromTheMenuAndFromTheTiles) {
+TEST_F(Keyboard, EscapeReturnsFromTheMenuAndFromTheTiles) {
     EXPECT_EQ(bar.command({"focus"}).exitCode, 0);
     screen().tapKey(XK_Up);
     screen().tapKey(XK_Escape);
     EXPECT_EQ(bar.command({"state"}).exitCode, 0);
-    EXPECT_TRUE(isKeyboardTaken()) << "the tiles had it before the menu";
+    EXPECT_TRUE(isKeyboardTaken()) << "the tiles had the focus before the menu";
     screen().tapKey(XK_Escape);
     EXPECT_TRUE(screen().eventually([&] { return !isKeyboardTaken(); }));
     EXPECT_TRUE(isFront(terminalApp));
 }
 
-TEST_F(Keyboard, ComesWhenWhoeverHoldsItLetsGo) {
+TEST_F(Keyboard, ComesWhenTheOtherGrabEnds) {
     ASSERT_TRUE(screen().grabKeyboard());
     EXPECT_EQ(bar.command({"focus"}).exitCode, 0);
     screen().letKeyboardGo();

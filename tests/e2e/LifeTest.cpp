@@ -12,7 +12,7 @@ class Life : public testing::Test {
     PrivateDesktop desktop;
 };
 
-TEST_F(Life, QuittingGivesTheStripBack) {
+TEST_F(Life, QuittingReleasesTheStrip) {
     const auto before = desktop.screen().workArea();
     RunningBar bar(desktop);
     EXPECT_TRUE(desktop.screen().eventually([&] {
@@ -38,11 +38,11 @@ TEST_F(Life, AKilledBarLeavesNoStripAndStartsAgain) {
         bar.process().waitForExit(5);
     }
     EXPECT_TRUE(desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
-    RunningBar again(desktop); // over the dead one's socket
+    RunningBar again(desktop); // replaces the dead one's socket
     EXPECT_EQ(again.quit(), 0);
 }
 
-TEST_F(Life, TheBarIsNoWindowOfTheDesktop) {
+TEST_F(Life, TheBarIsNotListedAsAWindow) {
     RunningBar bar(desktop);
     const auto terminal = desktop.open(testApp("test-xterm"));
     const auto isTerminalActive = [&] {
@@ -53,13 +53,13 @@ TEST_F(Life, TheBarIsNoWindowOfTheDesktop) {
         desktop.screen().eventually([&] { return bar.tile(testApp("test-xterm")).has_value(); }));
     EXPECT_EQ(bar.state()["groups"].size(), 1);
     EXPECT_EQ(bar.state()["groups"][0]["items"].size(), 1) << bar.state().dump(1);
-    // A press beside every tile must not take the focus from the window that has it.
+    // A click outside of all tiles must not take the focus from the focused window.
     const auto area = bar.area();
     bar.clickAt({area.x + 3, area.centerY(), 2, 2});
     EXPECT_TRUE(isTerminalActive());
 }
 
-TEST_F(Life, ModesSwitchAndASecondStartIsAReopen) {
+TEST_F(Life, ModesSwitchAndASecondStartReopens) {
     const auto before = desktop.screen().workArea();
     RunningBar bar(desktop);
     EXPECT_EQ(bar.command({"mode", "systemDock"}).exitCode, 0);
@@ -73,7 +73,7 @@ TEST_F(Life, ModesSwitchAndASecondStartIsAReopen) {
     EXPECT_TRUE(bar.process().isRunning());
 }
 
-TEST_F(Life, CommandsWithoutARunningBarSaySoAndFail) {
+TEST_F(Life, CommandsWithoutARunningBarFail) {
     const std::vector<std::vector<std::string>> commands = {
         {"state"}, {"mode", "vantrel"}, {"click", "test-xclock"}, {"quit"}};
     for (const auto& command : commands) {
@@ -83,7 +83,7 @@ TEST_F(Life, CommandsWithoutARunningBarSaySoAndFail) {
     }
 }
 
-TEST_F(Life, WithoutADisplayItSaysSoInOneLineAndFails) {
+TEST_F(Life, WithoutADisplayItFailsWithOneLine) {
     auto environment = desktop.environment();
     environment["DISPLAY"] = ":9999";
     const auto result =
@@ -93,11 +93,11 @@ TEST_F(Life, WithoutADisplayItSaysSoInOneLineAndFails) {
     EXPECT_EQ(std::ranges::count(result.output, '\n'), 1) << result.output;
 }
 
-TEST_F(Life, AServerThatGoesAwayEndsItInOrder) {
+TEST_F(Life, ALostServerEndsItCleanly) {
     RunningBar bar(desktop);
     desktop.endServer();
     const auto exitCode = bar.process().waitForExit(10);
-    ASSERT_TRUE(exitCode) << "it hangs without its X server";
+    ASSERT_TRUE(exitCode) << "it hangs after losing its X server";
     EXPECT_LT(*exitCode, 128) << "it crashed: " << contentsOf(desktop.home() / "larkspan.log");
 }
 

@@ -10,7 +10,7 @@ using testing::StartsWith;
 
 class Log : public testing::Test {
   protected:
-    /// Saves from the folder "elsewhere" of the home, where the bar was not started.
+    /// Saves from the folder "elsewhere" in the home folder, where the bar was not started.
     CommandResult save(const std::string& file) {
         const auto folder = desktop.home() / "elsewhere";
         std::filesystem::create_directories(folder);
@@ -23,7 +23,7 @@ class Log : public testing::Test {
     PrivateDesktop desktop;
 };
 
-TEST_F(Log, IsPrintedAndSavedWhereTheCommandIsGiven) {
+TEST_F(Log, IsPrintedAndSavedInTheWorkingDirectory) {
     RunningBar bar(desktop);
     const auto printed = bar.command({"log"});
     EXPECT_EQ(printed.exitCode, 0);
@@ -37,28 +37,28 @@ TEST_F(Log, IsPrintedAndSavedWhereTheCommandIsGiven) {
     const auto text = contentsOf(desktop.home() / "elsewhere/bar.txt");
     EXPECT_THAT(text, HasSubstr("app: Larkspan started\n"));
     EXPECT_EQ(text.back(), '\n');
-    EXPECT_EQ(save("bar.txt").exitCode, 0) << "an older one is replaced";
+    EXPECT_EQ(save("bar.txt").exitCode, 0) << "an existing file is replaced";
 }
 
-TEST_F(Log, SaysWhyItCannotBeSaved) {
+TEST_F(Log, ReportsWhyItCannotBeSaved) {
     struct Case {
         std::string file;
-        std::string complaint;
+        std::string error;
     };
     const Case cases[] = {
         {"nowhere/bar.txt", "there is no folder nowhere"},
-        {"..", ".. is no ordinary file"},
-        {"/dev/null", "/dev/null is no ordinary file"},
-        // Nobody can write there, the administrator neither.
-        {"/proc/bar.txt", "/proc/bar.txt could not be written: "},
+        {"..", ".. is not a regular file"},
+        {"/dev/null", "/dev/null is not a regular file"},
+        // Nobody can write there, not even root.
+        {"/proc/bar.txt", "cannot write /proc/bar.txt: "},
     };
-    EXPECT_EQ(save("bar.txt").exitCode, 1) << "no bar runs yet";
+    EXPECT_EQ(save("bar.txt").exitCode, 1) << "no bar is running yet";
     EXPECT_FALSE(std::filesystem::exists(desktop.home() / "elsewhere/bar.txt"));
     const RunningBar bar(desktop);
     for (const auto& each : cases) {
         const auto saved = save(each.file);
         EXPECT_EQ(saved.exitCode, 2) << each.file;
-        EXPECT_THAT(saved.output, HasSubstr("larkspan: " + each.complaint)) << each.file;
+        EXPECT_THAT(saved.output, HasSubstr("larkspan: " + each.error)) << each.file;
     }
     EXPECT_TRUE(std::filesystem::is_character_file("/dev/null"));
 }

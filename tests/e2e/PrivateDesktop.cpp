@@ -83,14 +83,14 @@ Environment PrivateDesktop::environment() const {
 std::unique_ptr<ChildProcess> PrivateDesktop::open(const TestApp& app) {
     const auto before = screen_->windows().size();
     auto command = app.command;
-    // Side by side, so that every window stays visible; xterm counts its size in characters.
+    // Side by side, so that every window is visible; xterm counts its size in characters.
     const int x = 20 + 240 * (opened_++ % 5);
     const auto* size = app.id == "test-xterm" ? "20x8" : "200x200";
     command.insert(command.begin() + 1, {"-geometry", size + ("+" + std::to_string(x)) + "+20"});
     auto client = std::make_unique<ChildProcess>(
         ChildProcess::Start{command, environment(), home_ / "clients.log"});
     if (!screen_->eventually([&] { return screen_->windows().size() > before; }))
-        throw std::runtime_error(app.id + " shows no window: " + contentsOf(home_ / "clients.log"));
+        throw std::runtime_error(app.id + " has no window: " + contentsOf(home_ / "clients.log"));
     return client;
 }
 
@@ -103,7 +103,7 @@ void PrivateDesktop::startServer() {
         home_ / "xvfb.log",
         ends[1]});
     ::close(ends[1]);
-    // The number and its newline may come one after the other.
+    // The number and its newline may arrive separately.
     std::string number;
     pollfd readable{ends[0], POLLIN, 0};
     char letter = 0;
@@ -118,7 +118,7 @@ void PrivateDesktop::startServer() {
 
 void PrivateDesktop::startWindowManager() {
     auto itsOwn = environment();
-    itsOwn.erase("XDG_DATA_DIRS"); // its theme is installed with it
+    itsOwn.erase("XDG_DATA_DIRS"); // its own theme is installed there
     windowManager_ = std::make_unique<ChildProcess>(
         ChildProcess::Start{{"openbox"}, itsOwn, home_ / "openbox.log"});
     if (!screen_->eventually([&] { return screen_->workArea().height > 0; }))

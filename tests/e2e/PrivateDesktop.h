@@ -12,8 +12,8 @@
 
 namespace larkspan::e2e {
 
-/// An application of the private desktop: a real X client, its desktop entry, and an icon of one
-/// loud colour by which its tile is found on the screen.
+/// An application of the private desktop: a real X client, its desktop entry, and an icon in one
+/// bright colour, by which its tile is found on the screen.
 struct TestApp {
     std::string id;
     std::string windowClass;
@@ -25,8 +25,8 @@ struct TestApp {
 const std::vector<TestApp>& testApps();
 const TestApp& testApp(const std::string& id);
 
-/// A desktop nobody else sees: an X server without a screen, openbox, a fresh home folder with the
-/// desktop entries of the test's applications and nothing else installed.
+/// A private desktop: an X server without a screen, openbox, and a new home folder with only the
+/// desktop entries of the test's applications.
 class PrivateDesktop {
   public:
     PrivateDesktop();
@@ -35,16 +35,16 @@ class PrivateDesktop {
     PrivateDesktop& operator=(const PrivateDesktop&) = delete;
 
     XDisplay& screen() { return *screen_; }
-    /// Such as ":3".
+    /// A name such as ":3".
     const std::string& display() const { return display_; }
     const std::filesystem::path& home() const { return home_; }
     std::filesystem::path settingsFile() const { return home_ / "config/larkspan/settings.json"; }
-    /// What a program started by the user of this desktop sees.
+    /// The environment of a program that the user of this desktop starts.
     Environment environment() const;
 
-    /// Starts a client at a place of its own and waits for its window.
+    /// Starts a client at its own position and waits for its window.
     std::unique_ptr<ChildProcess> open(const TestApp& app);
-    /// Takes the X server away, as a crash would.
+    /// Kills the X server, as a crash would.
     void endServer() { server_->signal(SIGKILL); }
 
   private:

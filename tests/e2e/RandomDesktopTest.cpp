@@ -10,7 +10,7 @@
 namespace larkspan::e2e {
 namespace {
 
-// Long enough for every act to come several times.
+// Long enough for every action to happen several times.
 constexpr double secondsInTheSuite = 12;
 constexpr std::uint32_t seedInTheSuite = 20;
 
@@ -26,8 +26,8 @@ std::string lastLines(const std::string& text, int count) {
     return start == std::string::npos ? text : text.substr(start);
 }
 
-/// The bar beside a user and programs that act at random. Whenever they rest, the report must say
-/// what the X server says.
+/// The bar beside a user and programs that act at random. Whenever they pause, the report must
+/// match the X server.
 class RandomDesktop : public testing::Test {
   protected:
     bool isInStep() {
@@ -35,7 +35,7 @@ class RandomDesktop : public testing::Test {
         return readings_.first == readings_.second;
     }
 
-    /// Brings an app forward or sends it away, as the bar finds right.
+    /// Clicks a tile, which shows or hides its app.
     void clickATile() {
         const auto report = bar.state();
         std::vector<std::string> ids;
@@ -46,19 +46,19 @@ class RandomDesktop : public testing::Test {
             ids.push_back(item["id"]);
         if (ids.empty()) return;
         const auto& id = ids[script.below(static_cast<std::uint32_t>(ids.size()))];
-        script.tell("click " + id);
+        script.note("click " + id);
         bar.command({"click", id});
     }
 
-    /// Says what differs for as long as no one acts.
+    /// Compares the report with the X server while nothing happens.
     void expectInStep() {
-        ASSERT_TRUE(script.settle()) << "the window manager does not answer after\n"
+        ASSERT_TRUE(script.settle()) << "the window manager does not respond after\n"
                                      << script.takeStory();
         ++rests;
         const auto story = script.takeStory();
         ASSERT_TRUE(desktop.screen().eventually([&] { return isInStep(); }))
             << "at rest " << rests << " of seed " << seed << " the report differs:\n"
-            << differences(readings_.first, readings_.second) << "after these acts:\n"
+            << differences(readings_.first, readings_.second) << "after these actions:\n"
             << story << "the X server's windows:\n"
             << serverText(script.pager()) << "the end of the log:\n"
             << lastLines(contentsOf(desktop.home() / "larkspan.log"), 40);
@@ -75,12 +75,12 @@ class RandomDesktop : public testing::Test {
     std::pair<DesktopReading, DesktopReading> readings_;
 };
 
-TEST_F(RandomDesktop, TheReportAtRestIsWhatTheServerSays) {
+TEST_F(RandomDesktop, TheReportAtRestMatchesTheServer) {
     const double seconds = numberFrom("LARKSPAN_DESKTOP_SECONDS", secondsInTheSuite);
     std::cout << "seed " << seed << ", " << seconds << " s" << std::endl;
-    // One that is kept and runs, and one that is kept and does not.
+    // One pinned app that is running, and one that is not.
     for (const auto* id : {"test-xterm", "test-xeyes"})
-        ASSERT_EQ(bar.command({"keep", id}).exitCode, 0);
+        ASSERT_EQ(bar.command({"pin", id}).exitCode, 0);
 
     using Clock = std::chrono::steady_clock;
     const auto end = Clock::now() + std::chrono::duration<double>(seconds);
@@ -95,7 +95,7 @@ TEST_F(RandomDesktop, TheReportAtRestIsWhatTheServerSays) {
     const auto report = bar.state();
     EXPECT_TRUE(report["groups"].empty() && report["background"].empty()) << report.dump(1);
     EXPECT_EQ(bar.quit(), 0) << contentsOf(desktop.home() / "larkspan.log");
-    std::cout << script.actCount() << " acts, " << rests << " rests" << std::endl;
+    std::cout << script.actCount() << " actions, " << rests << " rests" << std::endl;
 }
 
 } // namespace

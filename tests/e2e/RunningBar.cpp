@@ -73,7 +73,7 @@ bool RunningBar::isShown() const {
 Area RunningBar::area() const {
     const auto report = state();
     if (!report.is_object() || report["bars"].empty()) return {};
-    // Screen coordinates count upwards from the bottom of the first screen.
+    // Screen coordinates have y upwards from the bottom of the first screen.
     const auto frame = report["bars"][0]["frame"].get<std::vector<double>>();
     const auto height = static_cast<int>(frame.at(3));
     return {static_cast<int>(frame.at(0)),
@@ -103,7 +103,7 @@ void RunningBar::click(const TestApp& app, int button) {
 void RunningBar::clickAt(const Area& area, int button) {
     auto& screen = desktop_.screen();
     screen.movePointer(area.centerX(), area.centerY());
-    command({"state"}); // answered by the run loop that takes the pointer's events too
+    command({"state"}); // replied to by the run loop that also handles the pointer's events
     screen.press(button);
     command({"state"});
     screen.release(button);

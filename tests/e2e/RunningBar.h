@@ -6,7 +6,7 @@
 
 namespace larkspan::e2e {
 
-/// One item of `larkspan state`, with where it stands.
+/// One item of `larkspan state`, with its section.
 struct ReportedItem {
     /// "pinned", "groups" or "background".
     std::string section;
@@ -18,7 +18,7 @@ struct ReportedItem {
     }
 };
 
-/// The built program on a private desktop, started and asked as a user does.
+/// The built program on a private desktop, started and controlled as by a user.
 class RunningBar {
   public:
     /// Starts it and waits until its bar is on the screen.
@@ -29,23 +29,23 @@ class RunningBar {
     CommandResult command(const std::vector<std::string>& arguments) const;
 
     nlohmann::json state() const;
-    /// The item of this identifier; absent when the bar shows none. A group's before a pinned
-    /// one's.
+    /// The item with this identifier; absent if the bar has none. Prefers one in a group to a
+    /// pinned one.
     std::optional<ReportedItem> item(const std::string& id) const;
     std::string frontApp() const;
     /// Whether the first display's bar is shown.
     bool isShown() const;
-    /// What the bar covers of the first display; empty while it shows none.
+    /// The area of the bar on the first display; empty while it is hidden.
     Area area() const;
-    /// Where the app's tile is to be seen; absent while it is not.
+    /// The visible area of the app's tile; absent while there is none.
     std::optional<Area> tile(const TestApp& app) const;
-    /// Clicks the app's tile, waiting for it to stand still first.
+    /// Clicks the app's tile, once it has stopped moving.
     void click(const TestApp& app, int button = 1);
-    /// Moves the pointer there, presses, releases and moves away, at a person's pace: each step is
-    /// seen before the next is made.
+    /// Moves the pointer there, presses, releases and moves away, at the speed of a person: the
+    /// effect of each step is awaited.
     void clickAt(const Area& area, int button = 1);
 
-    /// Ends it as a user does; its exit code.
+    /// Quits it as a user does; returns its exit code.
     std::optional<int> quit();
 
   private:
@@ -53,7 +53,7 @@ class RunningBar {
     std::unique_ptr<ChildProcess> process_;
 };
 
-/// Runs `larkspan` with these arguments on the desktop, whether one runs or not.
+/// Runs `larkspan` with these arguments on the desktop, whether or not the bar is running.
 CommandResult runLarkspan(const PrivateDesktop& desktop, const std::vector<std::string>& arguments);
 
 } // namespace larkspan::e2e

@@ -27,7 +27,7 @@ TEST_F(Settings, SurviveARestart) {
         RunningBar bar(desktop);
         EXPECT_EQ(bar.command({"set", "barHeight", "90"}).exitCode, 0);
         EXPECT_EQ(bar.command({"set", "style", "bar"}).exitCode, 0);
-        EXPECT_EQ(bar.command({"keep", "test-xclock"}).exitCode, 0);
+        EXPECT_EQ(bar.command({"pin", "test-xclock"}).exitCode, 0);
         EXPECT_TRUE(desktop.screen().eventually([&] { return bar.area().height == 90; }))
             << bar.state().dump(1);
         EXPECT_EQ(bar.quit(), 0);
@@ -39,18 +39,18 @@ TEST_F(Settings, SurviveARestart) {
     EXPECT_EQ(bar.area().width, desktop.screen().width());
     EXPECT_TRUE(desktop.screen().eventually([&] {
         return bar.tile(testApp("test-xclock")).has_value();
-    })) << "the pinned app did not survive";
+    })) << "the app is not pinned any more";
     EXPECT_EQ(desktop.screen().workArea().height, desktop.screen().height() - 90);
 }
 
-// The program is killed while a stream of changes is being written, each time a little later. What
-// is left must be whole: one of the values that were set, beside everything set before.
+// The program is killed during a stream of changes, each time a little later. The file must always
+// be complete: one of the values that were set, beside everything set before.
 TEST_F(Settings, AreReadableAfterAKillAtAnyMoment) {
     constexpr int rounds = 24;
     constexpr int mostRounds = 40;
     int heights = 0;
     std::chrono::microseconds wait{0};
-    // On a busy machine the first write comes late: the kills go on until one came after it.
+    // On a busy machine the first write is late: continue until one kill came after it.
     for (int round = 0; round < rounds || (heights == 0 && round < mostRounds); ++round) {
         RunningBar bar(desktop);
         if (round == 0) {
@@ -65,7 +65,7 @@ TEST_F(Settings, AreReadableAfterAKillAtAnyMoment) {
         std::vector<std::unique_ptr<ChildProcess>> changes;
         for (int value = 40; value < 44; ++value)
             changes.push_back(std::make_unique<ChildProcess>(set(value)));
-        // From the first moment the kill creeps through the writes, half a millisecond at a time.
+        // The kill comes half a millisecond later in each round.
         const auto moment = std::chrono::steady_clock::now() + wait;
         wait = round < rounds ? wait + std::chrono::microseconds(500) : wait * 3 / 2;
         while (std::chrono::steady_clock::now() < moment) {
@@ -75,7 +75,7 @@ TEST_F(Settings, AreReadableAfterAKillAtAnyMoment) {
 
         const auto stored = json::parse(contentsOf(desktop.settingsFile()), nullptr, false);
         ASSERT_TRUE(stored.is_object())
-            << "round " << round << " left " << contentsOf(desktop.settingsFile());
+            << "round " << round << " has " << contentsOf(desktop.settingsFile());
         EXPECT_EQ(stored.value("islandPadding", 0.0), 21.0) << "round " << round;
         if (stored.contains("barHeight")) {
             ++heights;
@@ -84,11 +84,10 @@ TEST_F(Settings, AreReadableAfterAKillAtAnyMoment) {
         }
         EXPECT_FALSE(std::filesystem::exists(desktop.settingsFile().string() + ".damaged"));
     }
-    EXPECT_GT(heights, 0)
-        << "no kill came after a write: the moments are too early to prove anything";
+    EXPECT_GT(heights, 0) << "no kill came after a write, so the test proves nothing";
 }
 
-TEST_F(Settings, DamagedAreSetAsideAndTheBarStartsWithoutThem) {
+TEST_F(Settings, DamagedOnesAreRenamedAndTheBarStartsWithoutThem) {
     const std::string damaged = "{\"barHeight\": 60, \"style\"";
     std::filesystem::create_directories(desktop.settingsFile().parent_path());
     std::ofstream(desktop.settingsFile()) << damaged;
@@ -102,7 +101,7 @@ TEST_F(Settings, DamagedAreSetAsideAndTheBarStartsWithoutThem) {
     EXPECT_EQ(stored.value("barHeight", 0.0), 64);
     EXPECT_NE(contentsOf(desktop.home() / "larkspan.log").find("settings.json.damaged"),
               std::string::npos)
-        << "the log does not name the file that was set aside";
+        << "the log does not name the renamed file";
 }
 
 } // namespace

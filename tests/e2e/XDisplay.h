@@ -31,7 +31,7 @@ struct Picture {
     bool operator==(const Picture&) const = default;
 };
 
-/// What a person in front of the screen can see and do, through the X server alone.
+/// What a user of the screen can see and do, through the X server only.
 class XDisplay {
   public:
     explicit XDisplay(const std::string& name);
@@ -42,35 +42,35 @@ class XDisplay {
     void movePointer(int x, int y);
     void press(int button = 1);
     void release(int button = 1);
-    /// Presses and releases the key of that symbol, such as XK_Return.
+    /// Presses and releases the key with that symbol, such as XK_Return.
     void tapKey(std::uint32_t symbol);
     void holdKey(std::uint32_t symbol, bool isHeld);
-    /// Takes the keyboard for this display's own; false while another client holds it.
+    /// Grabs the keyboard; false while another client has grabbed it.
     bool grabKeyboard();
     void letKeyboardGo();
 
     Picture picture(const Area& area);
-    /// Where pixels of this colour stand inside the area; absent for fewer than 30 of them.
+    /// The bounds of the pixels with this colour in the area; absent for fewer than 30 pixels.
     std::optional<Area> find(std::uint32_t color, const Area& area);
 
     /// The managed windows, oldest first.
     std::vector<xcb_window_t> windows();
     xcb_window_t activeWindow();
-    /// The class of WM_CLASS; empty without one.
+    /// The class in WM_CLASS; empty if there is none.
     std::string classOf(xcb_window_t window);
     std::optional<xcb_window_t> windowOfClass(const std::string& windowClass);
     bool isIconified(xcb_window_t window);
-    /// Counted from 0; absent for a window of no desktop or of all.
+    /// Counted from 0; absent for a window on no desktop or on all.
     std::optional<std::uint32_t> desktopOf(xcb_window_t window);
     Area workArea();
 
-    /// Asks the window manager, as its own buttons do.
+    /// Asks the window manager, as the window's own button does.
     void minimize(xcb_window_t window);
     void close(xcb_window_t window);
     void setFullScreen(xcb_window_t window, bool isFullScreen);
 
-    /// Checks the condition now and after whatever happens on the screen, until it holds or
-    /// `seconds` are over.
+    /// Checks the condition now and after every change on the screen, until it is true or `seconds`
+    /// have passed.
     bool eventually(const std::function<bool()>& condition, double seconds = 10);
 
   private:

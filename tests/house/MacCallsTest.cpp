@@ -23,8 +23,8 @@ std::set<std::string> documentedNames() {
     return namesIn({"docs/macos.md"}, std::regex("`([^`]+)`"));
 }
 
-// What no header declares cannot be checked by a compiler, so the page says where its type is from.
-TEST(MacCalls, EveryPrivateFunctionStandsInThePageWithItsSource) {
+// No compiler can check an undeclared function, so the page must give the source of its type.
+TEST(MacCalls, EveryPrivateFunctionIsDocumented) {
     const auto names = namesIn({"src/adapters/mac/PrivateFunctions.h"},
                                std::regex(R"re("(_?(?:SLS|CGS|CoreDock|AX)\w+)")re"));
     EXPECT_GT(names.size(), 15U) << "hardly any name was found in the table of private functions";
@@ -33,7 +33,7 @@ TEST(MacCalls, EveryPrivateFunctionStandsInThePageWithItsSource) {
         EXPECT_TRUE(documented.contains(name)) << name << " is missing in docs/macos.md";
 }
 
-TEST(MacCalls, EveryClassFoundByNameStandsInThePage) {
+TEST(MacCalls, EveryClassFoundByNameIsDocumented) {
     const auto names = namesIn(filesUnder({"src/adapters/mac"}, {".h", ".mm"}),
                                std::regex(R"re(NSClassFromString\(@"(\w+)"\))re"));
     EXPECT_FALSE(names.empty());
@@ -42,7 +42,7 @@ TEST(MacCalls, EveryClassFoundByNameStandsInThePage) {
         EXPECT_TRUE(documented.contains(name)) << name << " is missing in docs/macos.md";
 }
 
-// A second lookup by hand would escape the table, and with it the page.
+// A lookup elsewhere would not be in the table, and not on the page.
 TEST(MacCalls, PrivateFunctionsAreLookedUpInTheirTableOnly) {
     for (const auto& path : filesUnder({"src"}, {".h", ".cpp", ".mm"}))
         for (const auto& line : linesOf(path))

@@ -34,14 +34,14 @@ std::vector<SourceLine> linesOf(const std::string& path) {
     return lines;
 }
 
-std::string at(const SourceLine& line, const std::string& complaint) {
-    return line.path + ":" + std::to_string(line.number) + ": " + complaint;
+std::string at(const SourceLine& line, const std::string& error) {
+    return line.path + ":" + std::to_string(line.number) + ": " + error;
 }
 
-std::string listed(const std::vector<std::string>& complaints) {
+std::string listed(const std::vector<std::string>& errors) {
     std::string text;
-    for (const auto& complaint : complaints)
-        text += "\n" + complaint;
+    for (const auto& error : errors)
+        text += "\n" + error;
     return text;
 }
 

@@ -7,7 +7,7 @@
 namespace larkspan::house {
 
 struct SourceLine {
-    /// From the root of the tree, such as "src/model/DockStore.h".
+    /// Relative to the root of the tree, such as "src/model/DockStore.h".
     std::string path;
     int number = 0;
     std::string text;
@@ -16,15 +16,16 @@ struct SourceLine {
 /// The root of the tree that this program was built from.
 std::filesystem::path sourceRoot();
 
-/// Every file under the given top folders with one of the given endings, from the root, sorted.
+/// Every file under the given top folders with one of the given extensions, relative to the root,
+/// sorted.
 std::vector<std::string> filesUnder(const std::vector<std::string>& folders,
                                     const std::vector<std::string>& endings);
 
 std::vector<SourceLine> linesOf(const std::string& path);
 
 /// "path:line: what", one per line, as compilers print it.
-std::string listed(const std::vector<std::string>& complaints);
+std::string listed(const std::vector<std::string>& errors);
 
-std::string at(const SourceLine& line, const std::string& complaint);
+std::string at(const SourceLine& line, const std::string& error);
 
 } // namespace larkspan::house

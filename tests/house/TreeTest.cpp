@@ -12,21 +12,21 @@ const std::vector<std::string> everywhere = {"src",  "tests", "bench",   "docs",
 const std::vector<std::string> allText = {".h",     ".cpp", ".mm",   ".qml", ".txt",
                                           ".cmake", ".md",  ".json", ".sh",  ""};
 
-TEST(Tree, NoFileOutgrowsItsReader) {
+TEST(Tree, NoFileIsTooLong) {
     struct Limit {
         std::vector<std::string> endings;
         std::size_t lines;
     };
-    std::vector<std::string> complaints;
+    std::vector<std::string> errors;
     for (const auto& limit : {Limit{{".h", ".cpp", ".mm"}, 450}, Limit{{".qml"}, 300}}) {
         for (const auto& path : filesUnder({"src", "tests", "bench"}, limit.endings)) {
             const auto lines = linesOf(path).size();
             if (lines > limit.lines)
-                complaints.push_back(path + ":1: " + std::to_string(lines) + " lines, more than " +
-                                     std::to_string(limit.lines));
+                errors.push_back(path + ":1: " + std::to_string(lines) + " lines, more than " +
+                                 std::to_string(limit.lines));
         }
     }
-    EXPECT_TRUE(complaints.empty()) << listed(complaints);
+    EXPECT_TRUE(errors.empty()) << listed(errors);
 }
 
 TEST(Tree, NoVagueNames) {
@@ -41,7 +41,7 @@ struct Banned {
     const char* why;
 };
 
-/// Words that never stand in the tree; in this file they are spelled so that they do not match
+/// Words that must not be used in the tree; here they are written so that they do not match
 /// themselves.
 const Banned bannedWords[] = {
     {R"((TO)DO(?!\([^)]+\): \S))", "say why and when: TO"
@@ -53,31 +53,30 @@ const Banned bannedWords[] = {
 };
 
 TEST(Tree, NoBannedWords) {
-    std::vector<std::string> complaints;
+    std::vector<std::string> errors;
     for (const auto& banned : bannedWords) {
         const std::regex pattern(banned.pattern);
         for (const auto& path : filesUnder(everywhere, allText))
             for (const auto& line : linesOf(path))
-                if (std::regex_search(line.text, pattern))
-                    complaints.push_back(at(line, banned.why));
+                if (std::regex_search(line.text, pattern)) errors.push_back(at(line, banned.why));
     }
-    EXPECT_TRUE(complaints.empty()) << listed(complaints);
+    EXPECT_TRUE(errors.empty()) << listed(errors);
 }
 
-// Only the scheduler knows the time: a rule that asks a clock cannot run in virtual time.
+// Only the scheduler knows the time: a rule that reads a clock cannot run in virtual time.
 TEST(Tree, NoClockBesideTheScheduler) {
     const std::regex clock(
         R"(std::chrono::\w+_clock::now|clock_gettime\(|\btime\((nullptr|NULL|0)\))");
-    std::vector<std::string> complaints;
+    std::vector<std::string> errors;
     for (const auto& path : filesUnder({"src"}, {".h", ".cpp", ".mm"})) {
         if (path.find("Scheduler") != std::string::npos || path.starts_with("src/adapters/qt/") ||
             path.starts_with("src/adapters/x11/") || path.starts_with("src/adapters/freedesktop/"))
             continue;
         for (const auto& line : linesOf(path))
             if (std::regex_search(line.text, clock))
-                complaints.push_back(at(line, "take the Scheduler"));
+                errors.push_back(at(line, "take the Scheduler"));
     }
-    EXPECT_TRUE(complaints.empty()) << listed(complaints);
+    EXPECT_TRUE(errors.empty()) << listed(errors);
 }
 
 TEST(Tree, HeadersAreIncludedOnce) {

@@ -89,22 +89,22 @@ void expectAtRest(const ModelWorld& world) {
     const auto fresh = WindowReader(world.platform.windowServer)
                            .read(world.platform.screens.screens())
                            .value_or(WindowRead{});
-    EXPECT_EQ(store.windowSlots, fresh.windowSlots);
-    EXPECT_EQ(store.windowPIDs, fresh.windowPIDs);
-    EXPECT_EQ(store.latestWindows, fresh.windows);
-    EXPECT_EQ(store.spaceMap, fresh.spaceMap);
+    EXPECT_EQ(store.windowSlots(), fresh.windowSlots);
+    EXPECT_EQ(store.windowPIDs(), fresh.windowPIDs);
+    EXPECT_EQ(store.latestWindows(), fresh.windows);
+    EXPECT_EQ(store.spaceMap(), fresh.spaceMap);
 
-    ASSERT_FALSE(store.pinnedItems->empty());
-    EXPECT_EQ(store.pinnedItems->front().id, finderIdentifier);
+    ASSERT_FALSE(store.pinnedItems()->empty());
+    EXPECT_EQ(store.pinnedItems()->front().id, finderIdentifier);
     std::map<ProcessId, std::set<Slot>> shownIn;
-    for (const auto& group : *store.windowAppGroups)
+    for (const auto& group : *store.windowAppGroups())
         for (const auto& item : group.items)
             EXPECT_TRUE(shownIn[item.app->pid].insert(group.slot).second) << "twice in one group";
     std::set<ProcessId> inBackground;
-    for (const auto& item : *store.backgroundItems)
+    for (const auto& item : *store.backgroundItems())
         inBackground.insert(item.app->pid);
 
-    for (const auto& app : store.running) {
+    for (const auto& app : store.running()) {
         const bool isWindowApp = app.isHidden || fresh.windowPIDs.contains(app.pid);
         EXPECT_EQ(shownIn.contains(app.pid), isWindowApp) << app.localizedName;
         EXPECT_EQ(inBackground.contains(app.pid), !isWindowApp) << app.localizedName;

@@ -1,5 +1,4 @@
 #include "dock/PinnedApps.h"
-#include "model/Animation.h"
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
@@ -54,7 +53,7 @@ TEST_F(DockStoreTest, GroupsAppsByDisplayAndSpace) {
     start();
     EXPECT_EQ(groups(), "notes | (mail) | notes");
     EXPECT_EQ(background(), "finder music");
-    EXPECT_THAT(store.groupedScreens, ElementsAre(mac.displayAt(0), mac.displayAt(1)));
+    EXPECT_THAT(store.groupedScreens(), ElementsAre(mac.displayAt(0), mac.displayAt(1)));
 }
 
 TEST_F(DockStoreTest, LeavesOutAccessoryApps) {
@@ -153,9 +152,9 @@ TEST_F(DockStoreTest, SetsOnlyTheListsThatDiffer) {
     start();
     int changes = 0;
     const auto count = [&changes] { ++changes; };
-    const auto onPinned = store.pinnedItems.observe(count);
-    const auto onGroups = store.windowAppGroups.observe(count);
-    const auto onBackground = store.backgroundItems.observe(count);
+    const auto onPinned = store.pinnedItems().observe(count);
+    const auto onGroups = store.windowAppGroups().observe(count);
+    const auto onBackground = store.backgroundItems().observe(count);
     mac.activate(notes);
     mac.openWindow(notes);
     settle();
@@ -176,19 +175,20 @@ TEST_F(DockStoreTest, LetsAnAppFlyInFromThePinnedTileThatOpenedIt) {
     launch("notes", {.opensWindow = true});
     settle();
     EXPECT_EQ(groups(), "notes");
-    EXPECT_THAT(*store.flyingIn, IsEmpty()) << "notes was opened elsewhere, mail has no window yet";
+    EXPECT_THAT(*store.flyingIn(), IsEmpty())
+        << "notes was opened elsewhere, mail has no window yet";
     std::size_t flyingAsGroupsCame = 0;
     const auto watch =
-        store.windowAppGroups.observe([&] { flyingAsGroupsCame = store.flyingIn->size(); });
+        store.windowAppGroups().observe([&] { flyingAsGroupsCame = store.flyingIn()->size(); });
     mac.scheduler.runFor(2);
     EXPECT_EQ(groups(), "mail notes");
-    EXPECT_THAT(*store.flyingIn, ElementsAre(testing::Pair("com.example.mail", tile)));
+    EXPECT_THAT(*store.flyingIn(), ElementsAre(testing::Pair("com.example.mail", tile)));
     EXPECT_EQ(flyingAsGroupsCame, 1U);
     mac.scheduler.runFor(1);
-    EXPECT_THAT(*store.flyingIn, IsEmpty());
+    EXPECT_THAT(*store.flyingIn(), IsEmpty());
     mac.openWindow(mac.pidOf("com.example.mail"), {.display = mac.displayAt(1)});
     settle();
-    EXPECT_THAT(*store.flyingIn, IsEmpty()) << "a later window does not come from the tile";
+    EXPECT_THAT(*store.flyingIn(), IsEmpty()) << "a later window does not come from the tile";
 }
 
 TEST_F(DockStoreTest, ForgetsThePinnedTileOfAnAppThatOpensNoWindow) {
@@ -210,7 +210,7 @@ TEST_F(DockStoreTest, ForgetsThePinnedTileOfAnAppThatOpensNoWindow) {
         world.mac.openWindow(world.mac.pidOf("com.example.mail"));
         world.settle();
         EXPECT_EQ(world.groups(), "mail");
-        return world.store.flyingIn.get();
+        return world.store.flyingIn().get();
     };
     EXPECT_THAT(opensWindowLater(false), IsEmpty());
     EXPECT_THAT(opensWindowLater(true), IsEmpty());
@@ -224,17 +224,17 @@ TEST_F(DockStoreTest, NamesTheAppsThatLeaveTheWindowAppsForAWhile) {
     start();
     mac.closeWindow(window);
     settle();
-    EXPECT_THAT(*store.leftWindowApps, IsEmpty()) << "it still stands in another group";
+    EXPECT_THAT(*store.leftWindowApps(), IsEmpty()) << "it still stands in another group";
     mac.quit(mail);
     settle();
-    EXPECT_THAT(*store.leftWindowApps, ElementsAre("com.example.mail"));
+    EXPECT_THAT(*store.leftWindowApps(), ElementsAre("com.example.mail"));
     launch("mail", {.opensWindow = true});
     settle();
-    EXPECT_THAT(*store.leftWindowApps, IsEmpty()) << "it is back";
+    EXPECT_THAT(*store.leftWindowApps(), IsEmpty()) << "it is back";
     mac.quit(mac.pidOf("com.example.mail"));
     settle();
     mac.scheduler.runFor(1);
-    EXPECT_THAT(*store.leftWindowApps, IsEmpty());
+    EXPECT_THAT(*store.leftWindowApps(), IsEmpty());
 }
 
 TEST_F(DockStoreTest, WritesManyPinnedChangesOnceASecondAfterTheLast) {
@@ -261,8 +261,7 @@ TEST_F(DockStoreTest, FollowsTheDocksListUnlessItsOwnIsUnwritten) {
     settle();
     mac.setPinned({"com.example.music"});
     std::optional<Animation> animation;
-    const auto observer =
-        store.pinnedItems.observe([&animation] { animation = currentAnimation(); });
+    const auto observer = store.pinnedItems().observe([&] { animation = store.animation(); });
     store.reloadPinned();
     EXPECT_EQ(pinned(), "finder music");
     EXPECT_EQ(animation, pinnedListAnimation);
@@ -270,27 +269,28 @@ TEST_F(DockStoreTest, FollowsTheDocksListUnlessItsOwnIsUnwritten) {
 
 TEST_F(DockStoreTest, EndsTheLaunchingMarkWhenTheAppIsReadyOrGone) {
     start();
-    store.launchingIDs.set({"com.example.mail", "com.example.notes"});
+    for (const auto* id : {"com.example.mail", "com.example.notes"})
+        store.launchBegan({.id = id}, {});
     launch("mail", {.launchSeconds = 2});
     const auto notes = launch("notes", {.launchSeconds = 9});
     settle();
-    EXPECT_EQ(store.launchingIDs->size(), 2U);
+    EXPECT_EQ(store.launchingIDs()->size(), 2U);
     mac.kill(notes);
     settle();
-    EXPECT_THAT(*store.launchingIDs, ElementsAre("com.example.mail"));
+    EXPECT_THAT(*store.launchingIDs(), ElementsAre("com.example.mail"));
     mac.scheduler.runFor(2.1);
-    EXPECT_THAT(*store.launchingIDs, IsEmpty());
+    EXPECT_THAT(*store.launchingIDs(), IsEmpty());
 }
 
 TEST_F(DockStoreTest, ForgetsWhereAnAppWasWhenItQuits) {
     const auto notes = launch("notes");
     mac.openWindow(notes);
     start();
-    EXPECT_TRUE(store.seenSlots.contains(notes));
+    EXPECT_TRUE(store.seenSlots().contains(notes));
     mac.quit(notes);
     settle();
-    EXPECT_FALSE(store.seenSlots.contains(notes));
-    EXPECT_FALSE(store.seenDisplays.contains(notes));
+    EXPECT_FALSE(store.seenSlots().contains(notes));
+    EXPECT_FALSE(store.seenDisplays().contains(notes));
 }
 
 TEST_F(DockStoreTest, TellsOfFullScreenOnlyWhenItChanges) {
@@ -314,9 +314,9 @@ TEST_F(DockStoreTest, MovesTheTilesOfAnUnpluggedDisplay) {
     ASSERT_EQ(groups(), "mail | notes");
     mac.unplug(mac.displayAt(1));
     settle();
-    for (const auto& group : *store.windowAppGroups)
+    for (const auto& group : *store.windowAppGroups())
         EXPECT_EQ(group.display, mac.displayAt(0));
-    EXPECT_THAT(store.groupedScreens, ElementsAre(mac.displayAt(0)));
+    EXPECT_THAT(store.groupedScreens(), ElementsAre(mac.displayAt(0)));
 }
 
 } // namespace

@@ -17,7 +17,7 @@ class IconClickTest : public testing::Test, protected ModelWorld {
     }
     void clickTile(const std::string& name, ClickModifiers modifiers = {}) {
         const DisplayGroup* group = nullptr;
-        for (const auto& each : *store.windowAppGroups)
+        for (const auto& each : *store.windowAppGroups())
             for (const auto& tile : each.items)
                 if (shortName(tile.id) == name) group = &each;
         const auto tile = item(name);
@@ -38,7 +38,7 @@ TEST_F(IconClickTest, HidesTheAppInFrontAndBringsItBack) {
     mac.scheduler.runFor(2);
     mac.world().reportedFrontmost = mail;
     clickTile("mail");
-    EXPECT_FALSE(isHidden(mail)) << "a hidden app is never sent away, whatever is told of it";
+    EXPECT_FALSE(isHidden(mail)) << "a hidden app is never hidden again, whatever is reported";
     EXPECT_EQ(mac.frontmost(), mail);
     mac.world().reportedFrontmost = notes;
     clickTile("mail");
@@ -79,7 +79,7 @@ TEST_F(IconClickTest, BringsAnAppBehindOthersForward) {
     clickTile("notes");
     EXPECT_EQ(mac.frontmost(), notes);
     EXPECT_EQ(mac.world().windows.front().id, window);
-    EXPECT_EQ(animator.lastActivation->pid, notes);
+    EXPECT_EQ(animator.lastActivation()->pid, notes);
 }
 
 TEST_F(IconClickTest, SendsAwayOnAQuickSecondClickWhateverTheSystemReports) {
@@ -111,7 +111,7 @@ TEST_F(IconClickTest, BringsMinimisedWindowsBackInsteadOfHiding) {
     mac.activate(mail);
     start();
     mac.minimize(window);
-    store.isPointerOnBar = true;
+    store.pointerOnBarChanged(true);
     settle();
     clickTile("mail");
     EXPECT_FALSE(isHidden(mail));
@@ -160,9 +160,9 @@ TEST_F(IconClickTest, LaunchesAPinnedAppThatDoesNotRun) {
     start();
     store.reloadPinned();
     clickTile("music");
-    EXPECT_THAT(*store.launchingIDs, ElementsAre("com.example.music"));
+    EXPECT_THAT(*store.launchingIDs(), ElementsAre("com.example.music"));
     mac.scheduler.runFor(2.1);
-    EXPECT_TRUE(store.launchingIDs->empty());
+    EXPECT_TRUE(store.launchingIDs()->empty());
     EXPECT_EQ(groups(), "music");
 }
 
@@ -181,14 +181,14 @@ TEST_F(IconClickTest, LetsTheClickedTileMoveUnderThePointerAndNoOther) {
     EXPECT_EQ(groups(), "notes mail") << "to its window, which was there before the click";
     clickTile("mail");
     ASSERT_TRUE(isHidden(mail));
-    EXPECT_THAT(store.regroupingIDs, ElementsAre("com.example.notes")) << "sent away, it is held";
+    EXPECT_THAT(store.regroupingIDs(), ElementsAre("com.example.notes")) << "sent away, it is held";
     refresh->setPointerOnBar(false);
     settle();
     EXPECT_EQ(groups(), "notes mail");
-    EXPECT_TRUE(store.regroupingIDs.empty());
+    EXPECT_TRUE(store.regroupingIDs().empty());
     clickTile("mail");
     EXPECT_FALSE(isHidden(mail));
-    EXPECT_TRUE(store.regroupingIDs.empty()) << "by keyboard nothing is held, nor let go";
+    EXPECT_TRUE(store.regroupingIDs().empty()) << "by keyboard nothing is held, nor let go";
 }
 
 TEST_F(IconClickTest, GivesUpTheMarkOfAnAppThatNeverComes) {
@@ -196,15 +196,15 @@ TEST_F(IconClickTest, GivesUpTheMarkOfAnAppThatNeverComes) {
     DockItem ghost{.id = "com.example.ghost", .url = "x-ghost:"};
     click.click(ghost, nullptr, {});
     settle();
-    EXPECT_EQ(store.launchingIDs->size(), 1U);
+    EXPECT_EQ(store.launchingIDs()->size(), 1U);
     mac.scheduler.runFor(31);
-    EXPECT_TRUE(store.launchingIDs->empty());
+    EXPECT_TRUE(store.launchingIDs()->empty());
 }
 
 TEST_F(IconClickTest, DoesNothingForATileWithoutAppAndPlace) {
     start();
     click.click({.id = "nothing"}, nullptr, {});
-    EXPECT_TRUE(store.launchingIDs->empty());
+    EXPECT_TRUE(store.launchingIDs()->empty());
     EXPECT_TRUE(mac.world().opened.empty());
 }
 
@@ -277,7 +277,7 @@ TEST_F(IconClickTest, OpensAnotherInstance) {
     EXPECT_FALSE(isHidden(mail));
     actions.keep("com.example.music");
     clickTile("music", {.newInstance = true});
-    EXPECT_THAT(*store.launchingIDs, ElementsAre("com.example.music")) << "the first is launched";
+    EXPECT_THAT(*store.launchingIDs(), ElementsAre("com.example.music")) << "the first is launched";
 }
 
 TEST_F(IconClickTest, WritesHowItFoundTheApp) {

@@ -80,8 +80,9 @@ TEST_F(ItemMenuTest, MarksNoWindowOfASpaceNotShown) {
     const auto window =
         mac.openWindow(mail, {.title = "Inbox", .space = mac.addSpace(mac.displayAt(0))});
     start();
-    store.frontmostPID.set(mail);
-    store.reachedWindows[window] = platform.accessibility.createApplication(mail);
+    store.frontAppChanged(mail);
+    store.windowsReached(
+        {{.id = window, .element = platform.accessibility.createApplication(mail)}});
     EXPECT_EQ(lines("mail").front(), "Inbox");
 }
 
@@ -136,7 +137,7 @@ TEST_F(ItemMenuTest, LeavesFinderWhereItIs) {
 TEST_F(ItemMenuTest, CannotKeepWhatCannotBeFoundAgain) {
     mac.openWindow(launch("ghost", {.hasBundle = false}));
     start();
-    const auto id = store.windowAppGroups->front().items.front().id;
+    const auto id = store.windowAppGroups()->front().items.front().id;
     EXPECT_THAT(lines(id), ElementsAre("✓ Untitled", "-", "Show All Windows", "Hide / Hide Others",
                                        "Quit / Force Quit"));
 }
@@ -165,7 +166,7 @@ TEST_F(ItemMenuTest, OpensAnAppWithTheMarkOfAClick) {
     start();
     store.reloadPinned();
     choose("mail", "Open");
-    EXPECT_THAT(*store.launchingIDs, ElementsAre("com.example.mail"));
+    EXPECT_THAT(*store.launchingIDs(), ElementsAre("com.example.mail"));
 }
 
 TEST_F(ItemMenuTest, HidesTheOthers) {

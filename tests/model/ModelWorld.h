@@ -13,7 +13,7 @@
 
 namespace larkspan {
 
-/// The model with its clicks and menus over a simulated Mac that tells of changes. Apps are named
+/// The model with its clicks and menus on a simulated Mac that announces changes. Apps are named
 /// by the last word of their identifiers.
 class ModelWorld : public ModelOnMac {
   public:
@@ -34,21 +34,21 @@ class ModelWorld : public ModelOnMac {
             names.push_back(shortName(item.id));
         return fmt::format("{}", fmt::join(names, " "));
     }
-    std::string pinned() const { return names(*store.pinnedItems); }
-    std::string background() const { return names(*store.backgroundItems); }
+    std::string pinned() const { return names(*store.pinnedItems()); }
+    std::string background() const { return names(*store.backgroundItems()); }
     /// The groups in order, such as "notes mail | (music)"; those drawn as rings in parentheses.
     std::string groups() const {
         std::vector<std::string> texts;
-        for (const auto& group : *store.windowAppGroups)
+        for (const auto& group : *store.windowAppGroups())
             texts.push_back(
                 fmt::format(fmt::runtime(group.isRing ? "({})" : "{}"), names(group.items)));
         return fmt::format("{}", fmt::join(texts, " | "));
     }
     const DockItem& item(const std::string& name) const {
-        for (const auto* items : {&*store.backgroundItems, &*store.pinnedItems})
+        for (const auto* items : {&*store.backgroundItems(), &*store.pinnedItems()})
             for (const auto& each : *items)
                 if (shortName(each.id) == name) return each;
-        for (const auto& group : *store.windowAppGroups)
+        for (const auto& group : *store.windowAppGroups())
             for (const auto& each : group.items)
                 if (shortName(each.id) == name) return each;
         throw std::out_of_range("no tile " + name);

@@ -88,7 +88,7 @@ TEST_F(WindowAnimatorTest, ShowsAtTheEndOfTheFlightAndSettlesWhenTheSystemSaysSo
     mac.scheduler.runFor(0.5);
     EXPECT_FALSE(isHidden());
     EXPECT_EQ(mac.frontmost(), mail);
-    EXPECT_EQ(animator.lastActivation->pid, mail);
+    EXPECT_EQ(animator.lastActivation()->pid, mail);
     EXPECT_EQ(animator.phase(mail), Phase::settling) << "nobody told that it shows itself";
     EXPECT_THAT(flights.flying, ElementsAre(Pair(mail, Direction::outOfTile)));
     mac.scheduler.runFor(0.5);

@@ -1,4 +1,3 @@
-#include "model/Animation.h"
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
@@ -63,12 +62,11 @@ TEST_F(AnnouncedRefresh, ShowsAWindowWithoutTimePassing) {
 TEST_F(AnnouncedRefresh, AnimatesTheRegroup) {
     start();
     std::optional<Animation> animation;
-    const auto observer =
-        store.windowAppGroups.observe([&animation] { animation = currentAnimation(); });
+    const auto observer = store.windowAppGroups().observe([&] { animation = store.animation(); });
     mac.openWindow(launch("notes"));
     settle();
     EXPECT_EQ(animation, windowReadAnimation);
-    EXPECT_EQ(currentAnimation(), std::nullopt);
+    EXPECT_EQ(store.animation(), std::nullopt);
 }
 
 TEST_F(AnnouncedRefresh, SeesWhatChangesOutsideTheScreen) {
@@ -88,10 +86,10 @@ TEST_F(AnnouncedRefresh, SeesWhatChangesOutsideTheScreen) {
 TEST_F(AnnouncedRefresh, FollowsTheAppInFront) {
     const auto notes = launch("notes");
     start();
-    EXPECT_EQ(store.frontmostPID.get(), notes);
+    EXPECT_EQ(store.frontmostPID().get(), notes);
     mac.activate(mac.finder());
     settle();
-    EXPECT_EQ(store.frontmostPID.get(), mac.finder());
+    EXPECT_EQ(store.frontmostPID().get(), mac.finder());
 }
 
 TEST_F(AnnouncedRefresh, FollowsThePinnedList) {
@@ -230,7 +228,7 @@ TEST_F(PolledRefresh, AKeyThatRepeatsNeitherFloodsNorDelaysTheReads) {
 TEST_F(PolledRefresh, FindsOutThatThePointerHasLeftTheBarWhoeverMissedIt) {
     const auto mail = launch("mail", {.inBackground = true});
     mac.scheduler.runFor(1);
-    store.barFrames = {{0, 0, 1440, 72}};
+    store.barFramesChanged({{0, 0, 1440, 72}});
     mac.movePointer({720, 36});
     refresh->setPointerOnBar(true);
     mac.minimize(mac.world().windows.front().id);
@@ -240,21 +238,21 @@ TEST_F(PolledRefresh, FindsOutThatThePointerHasLeftTheBarWhoeverMissedIt) {
     mac.loseEvents();
     mac.movePointer({720, 400});
     mac.scheduler.runFor(0.6);
-    EXPECT_FALSE(store.isPointerOnBar);
+    EXPECT_FALSE(store.isPointerOnBar());
     EXPECT_EQ(groups(), "mail");
     mac.movePointer({720, 36});
     mac.scheduler.runFor(0.6);
-    EXPECT_TRUE(store.isPointerOnBar) << "it is back, and no view has told otherwise";
+    EXPECT_TRUE(store.isPointerOnBar()) << "it is back, and no view has told otherwise";
 }
 
 TEST_F(PolledRefresh, HoldsTilesWhileAMenuOfTheBarIsOpen) {
-    store.barFrames = {{0, 0, 1440, 72}};
+    store.barFramesChanged({{0, 0, 1440, 72}});
     mac.movePointer({720, 400});
     refresh->setPointerOnBar(false, true);
     mac.scheduler.runFor(2);
-    EXPECT_TRUE(store.isPointerOnBar);
+    EXPECT_TRUE(store.isPointerOnBar());
     refresh->setPointerOnBar(false, false);
-    EXPECT_FALSE(store.isPointerOnBar);
+    EXPECT_FALSE(store.isPointerOnBar());
 }
 
 TEST_F(PolledRefresh, ReadsOnceMoreForAnyNumberOfRequestsDuringARead) {
@@ -284,7 +282,7 @@ TEST_F(PolledRefresh, DropsAReadThatEndsDuringASlideAndReadsAnewAfterIt) {
     refresh->requestRead(false);
     settle();
     EXPECT_THAT(readLines(*this), IsEmpty());
-    mac.world().tell(WorkspaceEvent::Kind::activeSpaceDidChange);
+    mac.world().announce(WorkspaceEvent::Kind::activeSpaceDidChange);
     settle();
     EXPECT_THAT(readLines(*this), SizeIs(1));
 }

@@ -5,7 +5,7 @@
 namespace larkspan {
 namespace {
 
-TEST(NumberFromText, OnlyAWholeTextThatSpellsAFiniteNumberIsOne) {
+TEST(NumberFromText, OnlyAFiniteNumberIsAccepted) {
     struct Case {
         const char* text;
         std::optional<double> expected;

@@ -7,6 +7,7 @@
 #include <fstream>
 #include <gmock/gmock.h>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <set>
 
 namespace larkspan::sim {
@@ -14,7 +15,7 @@ namespace {
 
 using Names = std::set<std::string>;
 
-// What docs/scenarios.md says and what the code can do are the same.
+// docs/scenarios.md must document exactly what the code can do.
 
 /// The page's lines under that heading.
 std::vector<std::string> linesUnder(const std::string& heading) {
@@ -28,7 +29,7 @@ std::vector<std::string> linesUnder(const std::string& heading) {
     return lines;
 }
 
-/// What stands between backticks.
+/// The texts in backticks.
 Names inBackticks(const std::string& text) {
     Names names;
     for (auto begin = text.find('`'); begin != std::string::npos;) {
@@ -39,7 +40,7 @@ Names inBackticks(const std::string& text) {
     return names;
 }
 
-/// The cells of a table's row; empty for another line and for a table's head.
+/// The cells of a table's row; empty for other lines and for the head of a table.
 std::vector<std::string> cellsOf(const std::string& line) {
     std::vector<std::string> cells;
     if (!line.starts_with("| `") || line.starts_with("| `\"")) return cells;
@@ -51,7 +52,7 @@ std::vector<std::string> cellsOf(const std::string& line) {
     return cells;
 }
 
-/// What the first cells under the heading name.
+/// The names in the first cells under the heading.
 Names namedUnder(const std::string& heading) {
     Names names;
     for (const auto& line : linesUnder(heading)) {
@@ -99,22 +100,22 @@ TEST(ScenarioPageTest, ListsEveryActionWithItsFields) {
     for (const auto name : scenarioActionNames()) {
         SCOPED_TRACE(name);
         const auto entry = page.extract(std::string(name));
-        ASSERT_FALSE(entry.empty()) << "the page does not list it";
+        ASSERT_FALSE(entry.empty()) << "it is missing on the page";
         EXPECT_THAT(entry.mapped().required,
                     testing::ContainerEq(fieldsOf(*scenarioAction(name)).required));
         EXPECT_THAT(entry.mapped().optional,
                     testing::ContainerEq(fieldsOf(*scenarioAction(name)).optional));
     }
     for (const auto& [name, fields] : page)
-        ADD_FAILURE() << "there is no action " << name;
+        ADD_FAILURE() << "the page documents an unknown action " << name;
 }
 
-TEST(ScenarioPageTest, ListsWhatAWorldAndAnExpectationMayHold) {
+TEST(ScenarioPageTest, ListsTheFieldsOfAWorldAndAnExpectation) {
     EXPECT_THAT(namedUnder("The world"), testing::ContainerEq(namesOf(worldFields())));
     EXPECT_THAT(namedUnder("Expectations"), testing::ContainerEq(namesOf(expectationConditions())));
 }
 
-TEST(ScenarioPageTest, NamesWhatCanBeExpectedOfTheMac) {
+TEST(ScenarioPageTest, ListsTheReportOfTheMac) {
     std::string text;
     for (const auto& line : linesUnder("Expectations"))
         text += line + '\n';
@@ -132,7 +133,7 @@ TEST(ScenarioPageTest, NamesWhatCanBeExpectedOfTheMac) {
     check(report.at("dock"));
 }
 
-TEST(ScenarioPageTest, NamesEveryStory) {
+TEST(ScenarioPageTest, ListsEveryScenario) {
     Names stories;
     for (const auto& file : std::filesystem::directory_iterator(LARKSPAN_DEMO_FOLDER))
         stories.insert(file.path().filename());

@@ -8,35 +8,20 @@
 namespace larkspan {
 namespace {
 
-TEST(BarSettings, OnlyTheExactWordMeansTheSystemDock) {
-    const std::pair<PropertyValue, BarMode> cases[] = {
-        {"systemDock", BarMode::systemDock},
-        {"vantrel", BarMode::vantrel},
-        {"SystemDock", BarMode::vantrel},
-        {"", BarMode::vantrel},
-        {1, BarMode::vantrel},
-    };
-    for (const auto& [stored, mode] : cases) {
-        MemoryDefaults defaults;
-        EXPECT_EQ(BarSettings(defaults).mode(), BarMode::vantrel);
-        defaults.set("mode", stored);
-        EXPECT_EQ(BarSettings(defaults).mode(), mode);
-    }
-}
-
-TEST(BarSettings, TheHeightIsANumberOrAbsent) {
-    const std::pair<PropertyValue, std::optional<double>> cases[] = {
-        {90, 90.0}, {30.5, 30.5}, {"90", std::nullopt}, {true, std::nullopt}};
-    for (const auto& [stored, height] : cases) {
-        MemoryDefaults defaults;
-        defaults.set("barHeight", stored);
-        EXPECT_EQ(BarSettings(defaults).barHeight(), height);
+TEST(BarSettings, TheModeIsStoredAsItsWord) {
+    MemoryDefaults defaults;
+    BarSettings settings(defaults, true);
+    for (const auto mode : {BarMode::systemDock, BarMode::vantrel}) {
+        settings.setMode(mode);
+        EXPECT_EQ(settings.mode(), mode);
+        EXPECT_EQ(defaults.value("mode"), mode == BarMode::vantrel ? PropertyValue("vantrel")
+                                                                   : PropertyValue("systemDock"));
     }
 }
 
 TEST(BarSettings, AccessorsSeeWhatAnotherHandWrote) {
     MemoryDefaults defaults;
-    const BarSettings settings(defaults);
+    const BarSettings settings(defaults, true);
     EXPECT_TRUE(settings.previewsSingleWindows());
     EXPECT_EQ(settings.syncedTileSize(), std::nullopt);
     defaults.set("previewsSingleWindows", false);
@@ -45,19 +30,10 @@ TEST(BarSettings, AccessorsSeeWhatAnotherHandWrote) {
     EXPECT_EQ(settings.syncedTileSize(), 0.25F);
 }
 
-TEST(BarSettings, RemovingTheHeightRemovesItsKey) {
-    MemoryDefaults defaults;
-    BarSettings settings(defaults);
-    settings.setBarHeight(64);
-    EXPECT_EQ(settings.barHeight(), 64);
-    settings.setBarHeight(std::nullopt);
-    EXPECT_TRUE(defaults.values.empty());
-}
-
 TEST(BarSettings, ARecordThatDoesNotDecodeIsAbsent) {
     using Record = BarSettings::Record;
     MemoryDefaults defaults;
-    BarSettings settings(defaults);
+    BarSettings settings(defaults, true);
     EXPECT_EQ(settings.record(Record::stacks), std::nullopt);
     defaults.set("stacks", Data{"[1, 2"});
     EXPECT_EQ(settings.record(Record::stacks), std::nullopt);

@@ -5,7 +5,7 @@
 namespace larkspan::soak {
 namespace {
 
-/// Days on which a rule broke once, as short as they could be made.
+/// Days on which a rule was once broken, shortened as far as possible.
 struct PastDay {
     const char* name;
     std::vector<Step> steps;
@@ -14,8 +14,8 @@ struct PastDay {
 class PastDays : public testing::TestWithParam<PastDay> {};
 
 TEST_P(PastDays, BreakNoRule) {
-    const auto verdict = live(GetParam().steps).verdict;
-    ASSERT_FALSE(verdict) << verdict->rule << "\n" << verdict->detail;
+    const auto failure = live(GetParam().steps).failure;
+    ASSERT_FALSE(failure) << failure->rule << "\n" << failure->detail;
 }
 
 // Each is the shortest list of steps that was found.

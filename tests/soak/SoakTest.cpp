@@ -1,5 +1,5 @@
 #include "soak/day/DayRun.h"
-#include "soak/day/Failure.h"
+#include "soak/day/FailureReport.h"
 #include "soak/day/Shortening.h"
 
 #include <gmock/gmock.h>
@@ -9,7 +9,7 @@
 namespace larkspan::soak {
 namespace {
 
-// What a sanitizer's build has time for.
+// A build with sanitizers is slower.
 #if defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
 constexpr std::uint32_t daysOfATest = 5;
 #else
@@ -17,7 +17,7 @@ constexpr std::uint32_t daysOfATest = 60;
 #endif
 constexpr std::size_t stepsOfADay = 1000;
 
-/// The seeds in parts, so that they can run beside each other.
+/// The seeds are split so that the parts can run in parallel.
 class RandomDays : public testing::TestWithParam<std::uint32_t> {};
 
 TEST_P(RandomDays, BreakNoRule) {
@@ -25,17 +25,17 @@ TEST_P(RandomDays, BreakNoRule) {
     for (auto seed = GetParam(); seed < GetParam() + daysOfATest; ++seed) {
         const auto steps = drawnSteps(seed, stepsOfADay);
         const auto outcome = live(steps);
-        ASSERT_FALSE(outcome.verdict)
-            << "seed " << seed << ", " << describeFailure(steps, *outcome.verdict);
+        ASSERT_FALSE(outcome.failure)
+            << "seed " << seed << ", " << describeFailure(steps, *outcome.failure);
         stepsDone += outcome.stepsDone;
     }
-    // Days on which little can be done would find little.
+    // Days on which few steps have an effect would find little.
     EXPECT_GT(stepsDone, daysOfATest * stepsOfADay / 2);
 }
 
 INSTANTIATE_TEST_SUITE_P(Seeds, RandomDays, testing::Values(1, 1001, 2001, 3001, 4001, 5001));
 
-/// Fails as soon as the steps hold "a" of at least 2 and, some time after it, "b".
+/// Fails as soon as the steps contain "a" with at least 2 and, some time after it, "b".
 bool holdsAThenB(const std::vector<Step>& steps) {
     const auto a = std::ranges::find_if(
         steps, [](const Step& step) { return step.act == "a" && step.a >= 2; });

@@ -49,7 +49,7 @@ TEST_F(PointerWatcherTest, TheTopmostRowBelongsToItsDisplay) {
 
 TEST_F(PointerWatcherTest, ADragCountsAsAMove) {
     mac.world().pointer = {1500, 500};
-    mac.world().tell(InputEventType::leftMouseDragged);
+    mac.world().announce(InputEventType::leftMouseDragged);
     mac.scheduler.runUntilIdle();
     EXPECT_EQ(watcher->display(), second);
 }

@@ -105,7 +105,7 @@ TEST(SpaceMapReader, ShowsNoSpaceThatItDoesNotKnow) {
             {{.displayIdentifier = "A", .currentSpace = current, .spaces = {space(3), space(0)}}},
             screensAAndB);
         EXPECT_THAT(map.shown, IsEmpty());
-        EXPECT_THAT(map.spaces.at(1), ElementsAre(3)) << "0 is no Space";
+        EXPECT_THAT(map.spaces.at(1), ElementsAre(3)) << "0 is not a Space";
     }
 }
 

@@ -19,7 +19,8 @@ using WindowPresence::closedChecks;
 using WindowPresence::Listed;
 using WindowPresence::WindowSearch;
 
-/// An app with a window in view, one on another Space, and there also what is no window to a user.
+/// An app with a window in view, one on another Space, and there also something that is not a
+/// window to the user.
 class OtherSpaces : public testing::Test {
   protected:
     OtherSpaces() {

@@ -59,7 +59,7 @@ TEST(QuickBarPanel, TheLabelAndTheMenuStandAboveTheTile) {
     const QPoint middle(qRound(tile.x + tile.width / 2), 40);
     QTest::mouseMove(&bar.panel().window(), middle);
     EXPECT_EQ(*bar.bar().litTile, mail);
-    EXPECT_TRUE(bar.app.store().isPointerOnBar);
+    EXPECT_TRUE(bar.app.store().isPointerOnBar());
     const auto* label = shownWindow<LabelWindow>();
     ASSERT_NE(label, nullptr);
     EXPECT_NEAR(label->geometry().center().x(), middle.x(), 1);

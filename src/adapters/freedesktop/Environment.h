@@ -8,7 +8,7 @@
 namespace larkspan::freedesktop {
 
 /// The variables the program was started with. Taken first thing in `main`, before anything sets
-/// variables of its own: launched applications get these, and none that steer our own toolkit.
+/// variables of its own, so that launched applications do not get those meant for our own toolkit.
 class Environment {
   public:
     using Variables = std::map<std::string, std::string, std::less<>>;
@@ -17,12 +17,13 @@ class Environment {
     explicit Environment(Variables variables);
     static Environment ofProcess();
 
-    /// The value, or an empty text when there is none: the XDG rules treat both alike.
+    /// The value, or an empty text if the variable is not set: the XDG specifications treat both
+    /// alike.
     const std::string& value(std::string_view name) const;
     const Variables& variables() const { return variables_; }
 
-    /// Where a program of that name is found along PATH; a path with a slash is taken as it is.
-    /// Empty when there is no such executable file.
+    /// Where a program of that name is found along PATH; a path with a slash is returned as it is.
+    /// Empty if there is no such executable file.
     std::string findProgram(std::string_view name) const;
 
   private:

@@ -15,7 +15,7 @@ namespace {
 
 constexpr std::uint32_t changes = IN_CREATE | IN_DELETE | IN_CLOSE_WRITE | IN_MOVED_FROM |
                                   IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
-// Of a parent that is watched only for the wanted folder to appear in it.
+// The events of a parent that is watched only until the wanted folder appears in it.
 constexpr std::uint32_t appearances =
     IN_CREATE | IN_MOVED_TO | IN_DELETE_SELF | IN_MOVE_SELF | IN_ONLYDIR;
 
@@ -38,7 +38,7 @@ void FolderWatch::add(const std::string& folder) {
     arm(folder);
 }
 
-/// Watches the folder, or its nearest parent that exists; answers whether it is the folder itself.
+/// Watches the folder, or its nearest parent that exists. Returns whether it is the folder itself.
 bool FolderWatch::arm(const std::string& folder) {
     int watch = inotify_add_watch(descriptor_, folder.c_str(), changes);
     if (watch >= 0) {
@@ -48,7 +48,7 @@ bool FolderWatch::arm(const std::string& folder) {
     std::filesystem::path parent = folder;
     while (watch < 0 && parent.has_relative_path()) {
         parent = parent.parent_path();
-        // Added to the watch, since the parent may be a wanted folder too.
+        // Added to an existing watch, since the parent may be a wanted folder too.
         watch = inotify_add_watch(descriptor_, parent.c_str(), appearances | IN_MASK_ADD);
     }
     if (watch >= 0) watches_.try_emplace(watch, parent.string());
@@ -71,7 +71,7 @@ void FolderWatch::readEvents() {
             offset += static_cast<std::ptrdiff_t>(sizeof(inotify_event) + event->len);
         }
     }
-    // Whatever happened may have brought a folder that was missing.
+    // Any event may mean that a missing folder exists now.
     bool isComplete = true;
     for (const auto& folder : folders_) {
         if (isArmed(folder)) continue;
@@ -84,7 +84,7 @@ void FolderWatch::readEvents() {
     if (isWanted) changed_();
 }
 
-/// Once every wanted folder exists, what happens beside them need not wake us.
+/// Once every wanted folder exists, changes beside them need not wake us.
 void FolderWatch::forgetParents() {
     std::erase_if(watches_, [this](const auto& watch) {
         const bool isWanted = std::ranges::find(folders_, watch.second) != folders_.end();
@@ -93,14 +93,14 @@ void FolderWatch::forgetParents() {
     });
 }
 
-/// Answers whether the event is about a wanted folder.
+/// Returns whether the event is about a wanted folder.
 bool FolderWatch::take(int watch, std::uint32_t mask) {
     if ((mask & IN_Q_OVERFLOW) != 0) return true;
     const auto found = watches_.find(watch);
     if (found == watches_.end()) return false;
     const bool isWanted = std::ranges::find(folders_, found->second) != folders_.end();
     if ((mask & IN_MOVE_SELF) != 0) inotify_rm_watch(descriptor_, watch);
-    // The folder is gone or is no longer where it was; its watch goes with it.
+    // The folder was deleted or moved, and the kernel removes its watch.
     if ((mask & (IN_IGNORED | IN_DELETE_SELF | IN_MOVE_SELF)) != 0) watches_.erase(found);
     return isWanted;
 }

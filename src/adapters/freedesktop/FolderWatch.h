@@ -10,7 +10,7 @@
 
 namespace larkspan::freedesktop {
 
-/// Tells when something in one of its folders was added, removed, renamed or finished being
+/// Calls back when something in one of its folders was added, removed, renamed or finished being
 /// written. A folder that does not exist yet is noticed when it appears. Main thread only; without
 /// inotify it never calls.
 class FolderWatch {
@@ -22,7 +22,7 @@ class FolderWatch {
 
     /// Adds a folder, by its absolute path without a trailing slash.
     void add(const std::string& folder);
-    /// Whether changes are told at all.
+    /// Whether changes are reported at all.
     bool isWorking() const { return descriptor_ >= 0; }
 
   private:
@@ -36,7 +36,7 @@ class FolderWatch {
     int descriptor_ = -1;
     Handle readable_;
     std::vector<std::string> folders_;
-    /// Per watch, the folder it really lies on: the wanted one, or its nearest parent that exists.
+    /// For each watch, the watched folder: a wanted one, or its nearest parent that exists.
     std::map<int, std::string> watches_;
 };
 

@@ -20,7 +20,7 @@ std::optional<std::size_t> FreedesktopTrash::entryCount() const {
          !error && file != std::filesystem::directory_iterator(); file.increment(error)) {
         ++count;
     }
-    // The folder is made with the first thing that is thrown away.
+    // The folder is created when the first file is thrown away.
     if (error == std::errc::no_such_file_or_directory) return 0;
     if (error) return std::nullopt;
     return count;

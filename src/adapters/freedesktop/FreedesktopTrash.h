@@ -13,7 +13,7 @@ namespace larkspan::freedesktop {
 /// The Trash in the user's home; those on other volumes are not counted.
 class FreedesktopTrash : public TrashFolder {
   public:
-    /// `open` shows the folder of that path to the user.
+    /// `open` shows the folder with that path to the user.
     FreedesktopTrash(const Environment& environment, std::function<void(const std::string&)> open);
 
     std::optional<std::size_t> entryCount() const override;

@@ -15,7 +15,7 @@ namespace larkspan::freedesktop {
 namespace {
 
 constexpr const char* listKey = "persistent-apps";
-// The address is one with a scheme, such as file:///….
+// The value is a URL with a scheme, such as file:///….
 constexpr int addressType = 15;
 
 PropertyValue tile(const DesktopEntry& entry) {
@@ -42,7 +42,7 @@ PinnedFile::PinnedFile(std::string path, const DefaultApplications& defaults,
     file_.removeLeftovers();
     const std::filesystem::path place = file_.path();
     watch_.add(place.parent_path().string());
-    // A link to a file elsewhere is written there.
+    // If the file is a link, its target is written.
     std::error_code error;
     const auto target = std::filesystem::canonical(place, error);
     if (!error) watch_.add(target.parent_path().string());
@@ -54,7 +54,7 @@ void PinnedFile::load() {
     const auto contents = file_.read();
     bool isLost = contents.state == qt::WholeFile::State::absent;
     if (contents.state == qt::WholeFile::State::unreadable)
-        report_(fmt::format("{} cannot be read", file_.path()));
+        report_(fmt::format("cannot read {}", file_.path()));
     if (contents.state == qt::WholeFile::State::read) {
         auto values = qt::parseJsonText(contents.text);
         isLost = !values;
@@ -67,7 +67,7 @@ void PinnedFile::load() {
     auto list = firstList();
     const bool isWorthKeeping = !list.empty();
     values_[listKey] = std::move(list);
-    // Kept from now on: the bar does not change with what is installed later.
+    // Stored from now on, so that the bar does not change when applications are installed later.
     if (isLost && isWorthKeeping) write();
 }
 
@@ -86,14 +86,14 @@ PropertyValue::Array PinnedFile::firstList() const {
 
 bool PinnedFile::write() {
     if (!file_.write(qt::jsonText(values_))) {
-        report_(fmt::format("{} cannot be written", file_.path()));
+        report_(fmt::format("cannot write {}", file_.path()));
         return false;
     }
     stamp_ = file_.stamp();
     return true;
 }
 
-// Read first, so that what others wrote under other keys is kept.
+// Read first, so that keys written by other programs are kept.
 bool PinnedFile::synchronize() {
     if (file_.stamp() != stamp_) load();
     if (unsaved_.empty()) return true;
@@ -124,7 +124,7 @@ Handle PinnedFile::subscribe(std::function<void()> callback) {
 }
 
 void PinnedFile::folderChanged() {
-    // Mostly another file of ours, or our own writing.
+    // Usually another file of ours, or our own write.
     if (file_.stamp() == stamp_) return;
     load();
     changed_.emit();

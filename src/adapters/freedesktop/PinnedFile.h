@@ -11,12 +11,12 @@
 
 namespace larkspan::freedesktop {
 
-/// The list of pinned apps in a file of our own, `pinned.json`, in the shape the Dock's preferences
-/// have. As long as there is no such file the list is the desktop's usual applications. Follows
-/// what others write into the file. Main thread only.
+/// The list of pinned apps in our own file `pinned.json`, in the format of the Dock's preferences.
+/// Until that file exists, the list is the desktop's usual applications. Follows changes that other
+/// programs make to the file. Main thread only.
 class PinnedFile : public DockPreferences {
   public:
-    /// `report` takes one line about a file that cannot be used.
+    /// `report` is called with one line for a file that cannot be used.
     PinnedFile(std::string path, const DefaultApplications& defaults,
                std::function<void(const std::string&)> report);
 
@@ -39,9 +39,9 @@ class PinnedFile : public DockPreferences {
     Signal<> changed_;
     FolderWatch watch_;
     PropertyValue::Dictionary values_;
-    /// What was set and is not in the file yet.
+    /// Values that were set but are not in the file yet.
     PropertyValue::Dictionary unsaved_;
-    /// The state of the file that `values_` was last read from or written to.
+    /// The state of the file when `values_` was last read from it or written to it.
     std::string stamp_;
 };
 

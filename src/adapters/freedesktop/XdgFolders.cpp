@@ -37,7 +37,7 @@ std::string homeFolder(const Environment& environment) {
     return user != nullptr && user->pw_dir != nullptr ? user->pw_dir : "/";
 }
 
-/// "de_AT.UTF-8@euro" stands for "de_AT@euro", "de_AT", "de@euro", "de".
+/// "de_AT.UTF-8@euro" gives "de_AT@euro", "de_AT", "de@euro", "de".
 std::vector<std::string> localeForms(std::string locale) {
     if (locale.empty() || locale == "C" || locale == "POSIX" || locale.starts_with("C.")) return {};
     std::string modifier;

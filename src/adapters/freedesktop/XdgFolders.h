@@ -7,9 +7,9 @@
 
 namespace larkspan::freedesktop {
 
-/// Where the desktop keeps the user's files and everybody's, each without a trailing slash, the
-/// more important folder first. Relative paths in the environment are ignored, as the rules for
-/// these folders demand.
+/// The folders of the user's and of the system's files, each without a trailing slash, the most
+/// important one first. Relative paths in the environment are ignored, as the XDG base directory
+/// specification requires.
 struct XdgFolders {
     std::string home;
     std::string configHome;
@@ -18,7 +18,7 @@ struct XdgFolders {
     std::vector<std::string> dataDirs;
     /// The names of the running desktop, such as "XFCE"; empty under a bare window manager.
     std::vector<std::string> currentDesktops;
-    /// The forms of the user's language under which a translation may stand, best first: "de_AT",
+    /// The forms of the user's language in which a translation may be given, best first: "de_AT",
     /// "de".
     std::vector<std::string> locales;
 
@@ -28,7 +28,7 @@ struct XdgFolders {
     std::vector<std::string> allDataDirs() const;
     /// `configHome`, then `configDirs`.
     std::vector<std::string> allConfigDirs() const;
-    /// Where our own settings lie.
+    /// Where our own settings are stored.
     std::string ownConfigFolder() const { return configHome + "/larkspan"; }
 };
 

@@ -13,7 +13,7 @@ AXError errorOf(::AXError error) {
 }
 
 // A copy: the callback may end the observation that holds it.
-void tell(AXObserverRef, AXUIElementRef, CFStringRef, void* callback) {
+void callBack(AXObserverRef, AXUIElementRef, CFStringRef, void* callback) {
     const auto copy = *static_cast<std::function<void()>*>(callback);
     copy();
 }
@@ -95,13 +95,13 @@ std::optional<WindowId> MacAccessibility::window(const AXElementRef& element) co
     return number;
 }
 
-// One observer for each notification, so that its end asks the app nothing: the app learns of it
-// from the observer's port.
+// One observer for each notification, so that ending it does not call the app: the app notices when
+// the observer's port closes.
 Handle MacAccessibility::observe(const AXElementRef& element, std::string_view notification,
                                  std::function<void()> callback) const {
     const auto owner = pid(element);
     AXObserverRef made = nullptr;
-    if (!owner || AXObserverCreate(*owner, tell, &made) != kAXErrorSuccess) return {};
+    if (!owner || AXObserverCreate(*owner, callBack, &made) != kAXErrorSuccess) return {};
     id observer = CFBridgingRelease(made);
     auto context = std::make_shared<std::function<void()>>(std::move(callback));
     if (AXObserverAddNotification(made, MacElement::of(element),

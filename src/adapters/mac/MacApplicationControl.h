@@ -7,10 +7,10 @@
 
 namespace larkspan::mac {
 
-/// Steers applications through the workspace and their own processes.
+/// Controls applications through the workspace and their own processes.
 class MacApplicationControl final : public ApplicationControl {
   public:
-    /// `report` takes one line about something that could not be opened after all.
+    /// `report` is called with one line if something could not be opened after all.
     explicit MacApplicationControl(std::function<void(const std::string&)> report);
 
     bool open(std::string_view url) override;

@@ -11,27 +11,27 @@ namespace larkspan::mac {
 
 namespace {
 
-/// Nil when no such process runs or it is none of an application; messages to it then answer NO.
+/// Nil if there is no such process or it is not an application; messages to nil return NO.
 NSRunningApplication* running(ProcessId pid) {
     return [NSRunningApplication runningApplicationWithProcessIdentifier:pid];
 }
 
 using Report = std::function<void(const std::string&)>;
 
-/// Nil for an address that cannot be read.
+/// Nil for an invalid URL.
 NSURL* placeOf(std::string_view url) {
     return url.starts_with('/') ? [NSURL fileURLWithPath:nsString(url)]
                                 : [NSURL URLWithString:nsString(url)];
 }
 
-/// What the workspace calls on a thread of its own once it knows how a request ended.
+/// The completion handler of a request, which the workspace calls on its own thread.
 void (^answer(const Report& report))(NSRunningApplication*, NSError*) {
-    const Report told = report;
+    const Report kept = report;
     return ^(NSRunningApplication*, NSError* error) {
       if (error == nil) return;
       const std::string line = textOf(error.localizedDescription);
       dispatch_async(dispatch_get_main_queue(), ^{
-        told(line);
+        kept(line);
       });
     };
 }
@@ -103,7 +103,7 @@ bool MacApplicationControl::forceTerminate(ProcessId pid) {
     return [running(pid) forceTerminate] == YES;
 }
 
-// A number below 1 would mean a group of processes, and -1 all of them.
+// A number below 1 would be a process group, and -1 all processes.
 bool MacApplicationControl::sendSignal(ProcessId pid, int signal) {
     return pid > 0 && kill(pid, signal) == 0;
 }

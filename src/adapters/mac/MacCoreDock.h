@@ -5,7 +5,8 @@
 
 namespace larkspan::mac {
 
-/// The Dock's own functions. What they set the Dock writes to its preferences, so it outlives us.
+/// The Dock's private functions. The Dock writes these settings to its preferences, so they outlive
+/// us.
 class MacCoreDock final : public CoreDock {
   public:
     explicit MacCoreDock(const PrivateFunctions& functions)

@@ -6,8 +6,8 @@
 
 namespace larkspan::mac {
 
-/// The real Mac: every interface of the platform over the system's frameworks. Main thread only;
-/// what its interfaces allow from other threads holds.
+/// The real Mac: every interface of the platform, on the system's frameworks. Main thread only,
+/// except what the interfaces allow on other threads.
 class MacDesktop final : public Desktop {
   public:
     MacDesktop(Scheduler& scheduler, DesktopCallbacks callbacks);

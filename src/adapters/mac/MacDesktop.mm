@@ -55,7 +55,7 @@ struct MacDesktop::Parts {
     MacEventMonitors eventMonitors;
     MacDisplayLink displayLink;
     MacSystemLog systemLog;
-    /// The Dock keeps them to itself.
+    /// The Dock does not publish them.
     AppNotices notices;
     MacPanelDressing dressing;
     MacDesktopPicture picture;

@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-/// The window server always composes: what lies beneath shows through by itself.
+/// The window server always composites: translucent windows need no picture of what is below.
 class MacDesktopPicture final : public DesktopPicture {
   public:
     bool isComposited() const override { return true; }

@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-/// The rhythm that suits all active displays.
+/// A frame rate that suits all active displays.
 class MacDisplayLink final : public DisplayLink {
   public:
     Handle start(std::function<void()> frameDrawn) override;

@@ -7,8 +7,7 @@
 
 namespace larkspan::mac {
 
-// The link calls on a thread of its own. What it has posted may come after the end, and finds
-// nothing to call then.
+// The link calls on its own thread. A posted call that arrives after the end finds no callback.
 Handle MacDisplayLink::start(std::function<void()> frameDrawn) {
     CVDisplayLinkRef link = nullptr;
     if (CVDisplayLinkCreateWithActiveCGDisplays(&link) != kCVReturnSuccess) return {};

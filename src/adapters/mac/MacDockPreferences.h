@@ -4,8 +4,7 @@
 
 namespace larkspan::mac {
 
-/// The Dock's preferences, by way of the system's preferences service; the file behind it is never
-/// touched.
+/// The Dock's preferences, through the system's preferences service; never through their file.
 class MacDockPreferences final : public DockPreferences {
   public:
     bool synchronize() override;

@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-/// Nothing: the system Dock holds the strip.
+/// Does nothing: the system Dock reserves the strip.
 class MacDockStrip final : public DockStrip {
   public:
     void hold(double) override {}

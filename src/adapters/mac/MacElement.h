@@ -8,12 +8,12 @@
 
 namespace larkspan::mac {
 
-/// An element of Accessibility's own, kept alive.
+/// Retains an Accessibility element.
 class MacElement final : public AXElement {
   public:
-    /// Takes over the caller's reference; nullptr for none.
+    /// Takes ownership of the caller's reference; nullptr if it is null.
     static AXElementRef adopt(AXUIElementRef element);
-    /// The element behind one that this adapter made; nullptr for none.
+    /// The native element of one made by this adapter; nullptr if there is none.
     static AXUIElementRef of(const AXElementRef& element);
 
     explicit MacElement(id element)
@@ -23,10 +23,10 @@ class MacElement final : public AXElement {
     id element_;
 };
 
-/// What an attribute holds; absent for a type that `AXValue` has no place for.
+/// An attribute's value; absent for a type that `AXValue` does not support.
 std::optional<AXValue> axValueOf(id object);
 
-/// A value as Accessibility takes it; nil when it is a list with an element of no kind.
+/// A value in Accessibility's format; nil for a list with an unsupported element.
 id objectOf(const AXValue& value);
 
 } // namespace larkspan::mac

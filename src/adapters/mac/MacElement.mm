@@ -32,7 +32,7 @@ std::optional<AXValue> geometryOf(AXValueRef value) {
     return std::nullopt;
 }
 
-/// The elements of a list; what else is in it is left out.
+/// The elements of a list; other values are skipped.
 std::vector<AXElementRef> elementsOf(NSArray* list) {
     std::vector<AXElementRef> elements;
     elements.reserve(list.count);

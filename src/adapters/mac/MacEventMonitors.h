@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-/// Monitors of events as AppKit has them. Keys are told only to a program that is trusted for
+/// AppKit's event monitors. Key events are sent only to a program that is trusted for
 /// Accessibility.
 class MacEventMonitors final : public EventMonitors {
   public:

@@ -25,7 +25,7 @@ Point pointOf(NSPoint point) {
     return {point.x, point.y};
 }
 
-// The event's own location is of a window, and here there may be none.
+// The event's own location is relative to a window, and here there may be none.
 InputEvent valueOf(NSEvent* event) {
     return {.type = static_cast<InputEventType>(event.type),
             .modifierFlags = event.modifierFlags,
@@ -49,8 +49,8 @@ Handle MacEventMonitors::addGlobalMonitor(InputEventMask mask, Callback callback
                                                          handler:^(NSEvent* event) {
                                                            callback(valueOf(event));
                                                          }]));
-    // A global monitor is deaf to what goes to this program, and the bar would be a hole in the
-    // desktop.
+    // A global monitor does not receive events for this program, so moves over the bar would be
+    // missing.
     if ((mask & moves) == 0) return Handle([others] { others->reset(); });
     auto own = std::make_shared<Handle>(
         removalOf([NSEvent addLocalMonitorForEventsMatchingMask:mask & moves

@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-/// Taps of the session's events, each on a thread of its own. Events that tell what is typed need a
+/// Event taps of the session, each on its own thread. Events that reveal what is typed need a
 /// permission; gestures do not.
 class MacEventTaps final : public EventTaps {
   public:

@@ -10,7 +10,7 @@ namespace larkspan::mac {
 
 namespace {
 
-/// The system tells of a disabled tap without an event.
+/// When the system reports a disabled tap, there is no event.
 class MacTappedEvent final : public TappedEvent {
   public:
     MacTappedEvent(CGEventType type, CGEventRef event)
@@ -36,7 +36,7 @@ class MacEventTap final : public EventTap {
         : callback_(std::move(callback)) {}
     ~MacEventTap() override;
 
-    /// False when the system refuses.
+    /// Returns false if the system refuses.
     bool start(CGEventMask mask);
     void enable() override { CGEventTapEnable(port_, true); }
 
@@ -72,7 +72,7 @@ void MacEventTap::run(std::promise<CFRunLoopRef> started) {
     CFRunLoopRun();
 }
 
-// Stopped from within, since a stop that comes before the loop runs would be forgotten.
+// Stopped from inside the loop: a stop before it runs would have no effect.
 MacEventTap::~MacEventTap() {
     if (!port_) return;
     CGEventTapEnable(port_, false);

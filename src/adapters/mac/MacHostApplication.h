@@ -4,8 +4,8 @@
 
 namespace larkspan::mac {
 
-/// The running program: without a tile in the Dock and without a menu bar. Ends through Qt's run
-/// loop, as it does when the user logs out. Made after the QGuiApplication.
+/// The running program: without a tile in the Dock and without a menu bar. Quits through Qt's event
+/// loop, also when the user logs out. Create it after the QGuiApplication.
 class MacHostApplication final : public qt::QtApplication {
   public:
     MacHostApplication();

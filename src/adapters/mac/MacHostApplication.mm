@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-// The bundle says so too; a program started from a build folder has none.
+// The bundle says so too, but a program in a build folder may have none.
 MacHostApplication::MacHostApplication() {
     [NSApp setActivationPolicy:NSApplicationActivationPolicyAccessory];
 }

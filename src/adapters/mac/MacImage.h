@@ -8,7 +8,7 @@
 
 namespace larkspan::mac {
 
-/// A picture of the frameworks, which nobody changes any more.
+/// An NSImage that does not change any more.
 class MacImage final : public Image {
   public:
     MacImage(std::string identity, NSImage* picture);

@@ -18,18 +18,18 @@ struct Release {
 using ColorSpace = std::unique_ptr<CGColorSpace, Release<CGColorSpaceRelease>>;
 using BitmapContext = std::unique_ptr<CGContext, Release<CGContextRelease>>;
 
-/// Draws into the bitmap's own pixels.
+/// Draws directly into the bitmap's pixels.
 BitmapContext contextOver(Bitmap& bitmap) {
     const ColorSpace colors(CGColorSpaceCreateWithName(kCGColorSpaceSRGB));
     const auto side = static_cast<std::size_t>(bitmap.width);
-    // 0xAARRGGBB as a number of this machine, whatever the order of its bytes.
+    // 0xAARRGGBB in this machine's byte order.
     const auto layout = static_cast<CGBitmapInfo>(kCGImageAlphaPremultipliedFirst) |
                         static_cast<CGBitmapInfo>(kCGBitmapByteOrder32Host);
     return BitmapContext(CGBitmapContextCreate(bitmap.pixels.data(), side, side, 8,
                                                side * sizeof(std::uint32_t), colors.get(), layout));
 }
 
-/// As large as the square allows, in its middle.
+/// As large as fits into the square, centred.
 NSRect fittedRect(NSSize size, double side) {
     const double factor = side / std::max(size.width, size.height);
     const NSSize fitted{size.width * factor, size.height * factor};
@@ -49,7 +49,7 @@ Bitmap MacImage::bitmap(int pixels) const {
     bitmap.pixels.resize(static_cast<std::size_t>(pixels) * static_cast<std::size_t>(pixels));
     const auto context = contextOver(bitmap);
     if (!context) return {};
-    // Any thread may ask, and most have no pool of their own.
+    // May be called on any thread, and most have no autorelease pool.
     @autoreleasepool {
         [NSGraphicsContext saveGraphicsState];
         NSGraphicsContext.currentContext =

@@ -4,8 +4,8 @@
 
 namespace larkspan::mac {
 
-/// The system's login service of the program's own bundle. Where the program is none, such as when
-/// it is started from a build folder, the status is `notFound` and nothing can be registered.
+/// The system's login service for the program's own bundle. Without a bundle, for example in a
+/// build folder, the status is `notFound` and nothing can be registered.
 class MacLoginItem final : public LoginItem {
   public:
     MacLoginItem();

@@ -4,7 +4,7 @@
 
 #include <dlfcn.h>
 
-/// What we use of the class SMAppService, here since macOS 13.
+/// The methods of SMAppService that we use, available since macOS 13.
 @protocol LarkspanLoginService
 + (id<LarkspanLoginService>)mainAppService;
 + (void)openSystemSettingsLoginItems;
@@ -23,7 +23,7 @@ Class<LarkspanLoginService> loginService() {
 
 } // namespace
 
-// Brings the class into the process, for its whole life.
+// Loads the class into the process, permanently.
 MacLoginItem::MacLoginItem() {
     dlopen("/System/Library/Frameworks/ServiceManagement.framework/ServiceManagement", RTLD_LAZY);
 }

@@ -4,8 +4,8 @@
 
 namespace larkspan::mac {
 
-/// The system lets no program read or change which other apps it opens at login: the calls that
-/// did are "no longer supported" since macOS 10.11.
+/// Programs cannot read or change which other apps the system opens at login: the functions for
+/// that are "no longer supported" since macOS 10.11.
 class MacLoginItems final : public LoginItems {
   public:
     std::optional<bool> opensAtLogin(std::string_view) const override { return std::nullopt; }

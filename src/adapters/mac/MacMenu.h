@@ -6,7 +6,7 @@
 
 namespace larkspan::mac {
 
-/// The menu as one of the system's own. Main thread only.
+/// The menu as an NSMenu. Main thread only.
 NSMenu* nsMenu(const Menu& menu);
 
 } // namespace larkspan::mac

@@ -5,7 +5,7 @@
 #include <functional>
 #include <utility>
 
-/// What a menu item calls when it is chosen.
+/// The target of a menu item's action.
 @interface LarkspanMenuChoice : NSObject
 - (instancetype)initWithAction:(std::function<void()>)action;
 - (void)choose:(id)sender;
@@ -22,14 +22,14 @@
 }
 
 - (void)choose:(id)__unused sender {
-    // A copy: the choice may take away the menu, and this object with it.
+    // A copy: the action may destroy the menu, and this object with it.
     const auto action = _action;
     if (action) action();
 }
 
 @end
 
-/// Here since macOS 14.
+/// Available since macOS 14.
 @protocol LarkspanMenuHeading
 + (NSMenuItem*)sectionHeaderWithTitle:(NSString*)title;
 @end
@@ -68,13 +68,13 @@ NSMenuItem* nsMenuItem(const MenuItem& line) {
         LarkspanMenuChoice* choice = [[LarkspanMenuChoice alloc] initWithAction:line.action];
         item.target = choice;
         item.action = @selector(choose:);
-        // The target alone would not be kept.
+        // The item does not retain its target.
         item.representedObject = choice;
     }
     return item;
 }
 
-/// The system shows the one or the other by the key, where they follow each other.
+/// The system shows one of two adjacent items, depending on the keys held.
 void addLine(NSMenu* menu, const MenuItem& line) {
     [menu addItem:nsMenuItem(line)];
     if (!line.alternate) return;

@@ -8,7 +8,7 @@
 
 namespace larkspan::mac {
 
-/// Makes the toolkit's windows into floating panels. A `NativeWindow` is the NSView that fills the
+/// Turns the toolkit's windows into floating panels. A `NativeWindow` is the NSView that fills the
 /// window.
 class MacPanelDressing final : public PanelDressing {
   public:
@@ -23,7 +23,7 @@ class MacPanelDressing final : public PanelDressing {
     void giveKeyboardBack(NativeWindow window) override;
 
   private:
-    /// The windows of the areas may have gone.
+    /// The windows may have been closed.
     struct InputArea {
         __weak NSWindow* window;
         /// In the window's own coordinates, from its top left.

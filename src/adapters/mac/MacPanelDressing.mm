@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-/// What NSWindow itself calls when a panel is made non-activating. A change of the style alone does
-/// not reach the window server once the window exists.
+/// NSWindow calls this itself when a panel becomes non-activating. Once the window exists, changing
+/// only the style mask does not reach the window server.
 @interface NSWindow (LarkspanPanels)
 - (void)_setPreventsActivation:(BOOL)prevents;
 @end
@@ -35,7 +35,7 @@ MacPanelDressing::~MacPanelDressing() {
 void MacPanelDressing::dress(NativeWindow native) {
     NSWindow* window = windowOf(native);
     makeNonActivating(window);
-    // Over the Dock, which stays beneath the bar, and under the menu bar and every menu.
+    // Above the Dock, which stays under the bar, and below the menu bar and all menus.
     window.level = CGWindowLevelForKey(kCGDockWindowLevelKey) + 1;
     window.collectionBehavior =
         NSWindowCollectionBehaviorCanJoinAllSpaces | NSWindowCollectionBehaviorStationary |
@@ -57,7 +57,7 @@ void MacPanelDressing::setInputArea(NativeWindow native, const Rect& area) {
     followPointer();
 }
 
-// Only a window that goes lets go of the keyboard while its program is not the one in front.
+// A window gives up the keyboard only when it is ordered out, if its program is not frontmost.
 void MacPanelDressing::giveKeyboardBack(NativeWindow native) {
     NSWindow* window = windowOf(native);
     if (!window.keyWindow) return;
@@ -65,8 +65,8 @@ void MacPanelDressing::giveKeyboardBack(NativeWindow native) {
     [window orderFrontRegardless];
 }
 
-/// A window takes the pointer everywhere or nowhere, so it is switched as the pointer comes and
-/// goes: one monitor hears of moves over other programs' windows, the other of those over our own.
+/// A window takes the pointer everywhere or nowhere, so this is switched as the pointer enters and
+/// leaves: one monitor gets moves over other programs' windows, the other those over ours.
 void MacPanelDressing::watchPointer() {
     if (monitors_ != nil) return;
     const NSEventMask moves = NSEventMaskMouseMoved | NSEventMaskLeftMouseDragged |

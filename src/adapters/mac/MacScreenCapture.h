@@ -4,8 +4,8 @@
 
 namespace larkspan::mac {
 
-/// The permission to record the screen. The system answers `preflightAccess` the same until this
-/// process ends, whatever the user does meanwhile.
+/// The permission to record the screen. The result of `preflightAccess` does not change while this
+/// process runs, whatever the user does.
 class MacScreenCapture final : public ScreenCapture {
   public:
     bool preflightAccess() const override;

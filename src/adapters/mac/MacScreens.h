@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-/// The screens as AppKit lists them: the one with the menu bar first, a mirrored set as one.
+/// The screens that AppKit lists: the one with the menu bar first; a mirrored set is one screen.
 class MacScreens final : public Screens {
   public:
     std::vector<Screen> screens() const override;

@@ -13,7 +13,8 @@ Rect rectOf(NSRect rect) {
     return {rect.origin.x, rect.origin.y, rect.size.width, rect.size.height};
 }
 
-/// The name under which the window server lists the display; empty for one that has just gone.
+/// The name by which the window server lists the display; empty for a display that was just
+/// removed.
 std::string identifierOf(DisplayId display) {
     CFUUIDRef identifier = CGDisplayCreateUUIDFromDisplayID(display);
     if (identifier == nullptr) return {};
@@ -22,7 +23,7 @@ std::string identifierOf(DisplayId display) {
     return textOf(text);
 }
 
-/// `mainHeight` is that of the main screen, where both coordinate systems begin.
+/// `mainHeight` is the height of the main screen, where both coordinate systems have their origin.
 Screen valueOf(NSScreen* screen, double mainHeight) {
     NSNumber* number = screen.deviceDescription[@"NSScreenNumber"];
     const Rect frame = rectOf(screen.frame);

@@ -4,11 +4,11 @@
 
 namespace larkspan::mac {
 
-/// The Mac this program was started on, in the session of this user.
+/// The Mac that the program was started on, in the session of this user.
 class MacStart final : public DesktopStart {
   public:
     std::string instanceName() const override { return "mac"; }
-    std::optional<std::string> complaint() const override;
+    std::optional<std::string> unavailableReason() const override;
     Opened open(Scheduler& scheduler, DesktopCallbacks callbacks) const override;
 };
 

@@ -8,9 +8,9 @@
 
 namespace larkspan::mac {
 
-std::optional<std::string> MacStart::complaint() const {
+std::optional<std::string> MacStart::unavailableReason() const {
     CFDictionaryRef session = CGSessionCopyCurrentDictionary();
-    if (!session) return "there is no window server: this session has no screen";
+    if (!session) return "there is no window server in this session";
     CFRelease(session);
     return std::nullopt;
 }

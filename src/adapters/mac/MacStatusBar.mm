@@ -12,7 +12,7 @@ Handle MacStatusBar::show(StatusItem item) {
     NSImage* symbol = [NSImage imageWithSystemSymbolName:nsString(item.symbol)
                                 accessibilityDescription:description];
     shown.button.image = symbol;
-    // Rather a word than nothing, where the system has no such symbol.
+    // A text is shown if the system has no such symbol.
     if (symbol == nil) {
         shown.length = NSVariableStatusItemLength;
         shown.button.title = description;

@@ -9,7 +9,7 @@
 
 namespace larkspan::mac {
 
-/// The unified log of the system.
+/// The unified log.
 class MacSystemLog final : public SystemLog {
   public:
     bool isEnabled(Level level) const override;
@@ -20,7 +20,7 @@ class MacSystemLog final : public SystemLog {
     os_log_t logOf(std::string_view subsystem, std::string_view category);
 
     std::mutex mutex_;
-    /// By subsystem and category; the system never gives one back.
+    /// By subsystem and category; a log cannot be released.
     std::map<std::pair<std::string, std::string>, os_log_t> logs_;
 };
 

@@ -16,7 +16,7 @@ bool MacSystemLog::isEnabled(Level level) const {
 
 void MacSystemLog::write(std::string_view subsystem, std::string_view category, Level level,
                          const std::string& text) {
-    // Public: without the word the system would hide the text.
+    // Without "public", the system would hide the text.
     os_log_with_type(logOf(subsystem, category), typeOf(level), "%{public}s", text.c_str());
 }
 

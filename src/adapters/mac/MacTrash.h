@@ -7,9 +7,8 @@
 
 namespace larkspan::mac {
 
-/// The folder ".Trash" in the user's home; those on other volumes are not counted. The system lets
-/// only programs with full disk access read it: without, the count is absent and nothing is
-/// announced.
+/// The folder ".Trash" in the user's home; those on other volumes are not counted. Only programs
+/// with Full Disk Access may read it: without, the count is absent and nothing is announced.
 class MacTrash final : public TrashFolder {
   public:
     MacTrash();

@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-/// The standard user defaults of this program's bundle; without a bundle, of its process name.
+/// The standard user defaults of the program's bundle, or of its process name without one.
 class MacUserDefaults final : public UserDefaults {
   public:
     std::optional<PropertyValue> value(std::string_view key) const override;

@@ -21,7 +21,7 @@ void MacUserDefaults::remove(std::string_view key) {
     [NSUserDefaults.standardUserDefaults removeObjectForKey:nsString(key)];
 }
 
-// NSUserDefaults hands a value to the preferences service a moment later; this waits for it.
+// NSUserDefaults sends a value to the preferences service with a delay; this waits for it.
 bool MacUserDefaults::synchronize() {
     return CFPreferencesAppSynchronize(kCFPreferencesCurrentApplication) != 0;
 }

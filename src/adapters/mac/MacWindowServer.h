@@ -5,7 +5,7 @@
 
 namespace larkspan::mac {
 
-/// The window server. It announces nothing, and each read asks another process.
+/// The window server. It announces no changes, and each read is a call to another process.
 class MacWindowServer final : public WindowServer {
   public:
     explicit MacWindowServer(const PrivateFunctions& functions)

@@ -7,10 +7,11 @@
 
 #import <Foundation/Foundation.h>
 
-/// The window server's order to move windows, in no header; its class is found by name.
+/// The window server's operation to move windows. No header declares it; its class is found by
+/// name.
 @protocol LarkspanMoveWindowsOperation
 - (instancetype)initWithWindows:(NSArray<NSNumber*>*)windows spaceID:(uint64_t)space;
-/// Hands the order over and returns; the windows move later, or never.
+/// Sends the operation and returns; the windows move later, or not at all.
 - (void)performWithWMBridgeDelegate;
 @end
 
@@ -19,13 +20,13 @@ namespace {
 
 constexpr uint32_t everyOwner = 0;
 constexpr uint32_t neitherMinimisedNorHidden = 2;
-/// Lent to a Space for the length of a move: any number that no Space has by itself.
+/// Set on a Space during a move: any number that no Space has.
 constexpr int lentNumber = 0x6c61726b;
 
 NSArray<NSNumber*>* numbersOf(const std::vector<WindowId>& windows) {
     NSMutableArray<NSNumber*>* numbers = [NSMutableArray arrayWithCapacity:windows.size()];
     for (const auto window : windows)
-        // In a signed number of the same width, as the window server writes them.
+        // Signed numbers of the same width, as the window server uses.
         [numbers addObject:@(static_cast<int>(window))];
     return numbers;
 }
@@ -57,7 +58,7 @@ MacWindowServer::windowList(std::uint32_t option) const {
 }
 
 std::optional<std::vector<WindowId>> MacWindowServer::windowNumbers(std::uint32_t option) const {
-    // Its elements are the numbers themselves, no objects.
+    // Its elements are plain numbers, not objects.
     CFArrayRef list = CGWindowListCreate(option, kCGNullWindowID);
     if (list == nullptr) return std::nullopt;
     const CFIndex count = CFArrayGetCount(list);

@@ -44,7 +44,7 @@ class MacWorkspace final : public Workspace {
     void announce(NSNotificationName name, WorkspaceEvent::Kind kind);
 
     Signal<const WorkspaceEvent&> events_;
-    /// Kept per process, so that an unchanged application stays equal.
+    /// Cached for each process, so that an unchanged application compares equal.
     mutable std::map<ProcessId, KnownIcon> icons_;
     LarkspanWorkspaceObserver* listObserver_;
     std::vector<Handle> observations_;

@@ -10,7 +10,7 @@
 #include <functional>
 #include <utility>
 
-/// Tells of every change of the list of running applications until it is told to stop.
+/// Reports every change of the list of running applications until it is stopped.
 @interface LarkspanWorkspaceObserver : NSObject
 - (instancetype)initWithScheduler:(larkspan::Scheduler*)scheduler
                           changed:(std::function<void()>)changed;
@@ -41,7 +41,7 @@
     _changed = nullptr;
 }
 
-// May come on any thread, and in the middle of a call of ours into the workspace.
+// May be called on any thread, also during one of our calls into the workspace.
 - (void)observeValueForKeyPath:(NSString*)__unused keyPath
                       ofObject:(id)__unused object
                         change:(NSDictionary<NSKeyValueChangeKey, id>*)__unused change
@@ -55,7 +55,7 @@
 
 @end
 
-/// Content types stand in a framework that AppKit brings along; only this one method is needed.
+/// The class is in a framework that AppKit loads; only this method is needed.
 @protocol LarkspanContentType
 + (id)typeWithIdentifier:(NSString*)identifier;
 @end
@@ -91,7 +91,7 @@ MacWorkspace::~MacWorkspace() {
 }
 
 void MacWorkspace::announce(NSNotificationName name, WorkspaceEvent::Kind kind) {
-    // The workspace tells on a centre of its own, not on the default one.
+    // The workspace uses its own notification center, not the default one.
     NSNotificationCenter* center = NSWorkspace.sharedWorkspace.notificationCenter;
     const id token = [center addObserverForName:name
                                          object:nil
@@ -124,7 +124,7 @@ ImageRef MacWorkspace::iconOf(NSRunningApplication* application) const {
     const ProcessId pid = application.processIdentifier;
     if (pid < 1) return nullptr;
     KnownIcon& known = icons_[pid];
-    // A process identifier may have been given to another application meanwhile.
+    // The process identifier may have been reused by another application.
     if (known.application != nil && [known.application isEqual:application]) return known.icon;
     NSImage* picture = application.icon;
     known = {application, nullptr};
@@ -159,7 +159,7 @@ std::optional<RunningApplication> MacWorkspace::frontmostApplication() const {
     return valueOf(application);
 }
 
-// The list of running applications lacks what never registered as one.
+// The list of running applications has only processes that registered as applications.
 bool MacWorkspace::hasProcess(ProcessId pid) const {
     return pid > 0 && (kill(pid, 0) == 0 || errno == EPERM);
 }

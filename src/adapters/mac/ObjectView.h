@@ -6,7 +6,7 @@
 
 namespace larkspan::mac {
 
-/// A look at an object of a property list, or of one of the platform's dictionaries. Keeps the
+/// A view of an object of a property list, or of one of the platform's dictionaries. Keeps the
 /// object alive.
 class ObjectView {
   public:

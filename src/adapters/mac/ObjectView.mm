@@ -5,7 +5,7 @@
 namespace larkspan::mac {
 namespace {
 
-/// The object when it is of that class.
+/// The object if it is of that class, else nil.
 template <typename Class>
 Class* as(id object) {
     return [object isKindOfClass:[Class class]] ? static_cast<Class*>(object) : nil;

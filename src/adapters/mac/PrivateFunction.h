@@ -7,20 +7,21 @@
 
 namespace larkspan::mac {
 
-/// The address of a name in the libraries this process has loaded; nullptr when there is none.
+/// The address of a symbol in the loaded libraries; nullptr if there is none.
 using SymbolLookup = std::function<void*(const char* name)>;
 
-/// A function of the system that is in no header and may not exist. Looked up by name when it is
-/// first asked for, once, by whichever thread comes first. Any thread.
+/// A function of the system that no header declares and that may not exist. Looked up by name once,
+/// on first use, by whichever thread comes first. Any thread.
 template <typename Signature>
 class PrivateFunction {
   public:
-    /// The names are tried in order and must live as long as the program; `lookup` as long as this.
+    /// The names are tried in order and must live as long as the program; `lookup` as long as this
+    /// object.
     PrivateFunction(const SymbolLookup& lookup, std::initializer_list<const char*> names)
         : lookup_(lookup)
         , names_(names) {}
 
-    /// Nullptr when this system has no such function.
+    /// nullptr if this system has no such function.
     Signature* get() const {
         std::call_once(once_, [this] {
             for (const char* name : names_)

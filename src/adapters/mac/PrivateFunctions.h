@@ -6,8 +6,8 @@
 
 namespace larkspan::mac {
 
-/// Every private function that Larkspan calls, by name and type; docs/macos.md says where each
-/// type comes from. One table serves the whole program. Any thread.
+/// Every private function that Larkspan calls, by name and type; docs/macos.md lists the source of
+/// each type. One table for the whole program. Any thread.
 class PrivateFunctions {
     const SymbolLookup lookup_;
 
@@ -17,15 +17,15 @@ class PrivateFunctions {
     PrivateFunctions(const PrivateFunctions&) = delete;
     PrivateFunctions& operator=(const PrivateFunctions&) = delete;
 
-    /// Looks among all loaded libraries, then in those that hold the functions below.
+    /// Searches all loaded libraries, then those with the functions below.
     static void* loadedSymbol(const char* name);
 
-    // The window server. A CGS name is the older one of the same function.
+    // The window server. A CGS name is the older name of the same function.
     const PrivateFunction<int()> mainConnectionID{lookup_,
                                                   {"SLSMainConnectionID", "CGSMainConnectionID"}};
     const PrivateFunction<CFArrayRef(int connection)> copyManagedDisplaySpaces{
         lookup_, {"SLSCopyManagedDisplaySpaces", "CGSCopyManagedDisplaySpaces"}};
-    /// Options 2 is windows neither minimised nor hidden; owner 0 is every process.
+    /// Option 2 is windows that are neither minimised nor hidden; owner 0 is every process.
     const PrivateFunction<CFArrayRef(int connection, uint32_t owner, CFArrayRef spaces,
                                      uint32_t options, uint64_t* setTags, uint64_t* clearTags)>
         copyWindowsWithOptionsAndTags{
@@ -46,7 +46,7 @@ class PrivateFunctions {
 
     // The Dock.
     const PrivateFunction<float()> coreDockGetTileSize{lookup_, {"CoreDockGetTileSize"}};
-    /// Some sources know a second argument; passing it keeps its register defined.
+    /// Some sources declare a second argument; passing it keeps its register defined.
     const PrivateFunction<void(float fraction, Boolean)> coreDockSetTileSize{
         lookup_, {"CoreDockSetTileSize"}};
     const PrivateFunction<Boolean()> coreDockGetAutoHideEnabled{lookup_,
@@ -61,7 +61,7 @@ class PrivateFunctions {
         lookup_, {"CoreDockIsMagnificationEnabled"}};
     const PrivateFunction<void(Boolean)> coreDockSetMagnificationEnabled{
         lookup_, {"CoreDockSetMagnificationEnabled"}};
-    /// 0 is what everyone passes.
+    /// Everyone passes 0.
     const PrivateFunction<CGError(CFStringRef name, int)> coreDockSendNotification{
         lookup_, {"CoreDockSendNotification"}};
 };

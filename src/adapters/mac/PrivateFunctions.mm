@@ -4,8 +4,8 @@
 
 namespace larkspan::mac {
 
-// AppKit has loaded these long ago; a file need not exist at the path, the system keeps them in one
-// cache.
+// AppKit has already loaded these. There may be no file at the path: the system keeps them in a
+// shared cache.
 constexpr const char* libraries[] = {
     "/System/Library/PrivateFrameworks/SkyLight.framework/SkyLight",
     "/System/Library/Frameworks/ApplicationServices.framework/Frameworks/HIServices.framework/"

@@ -2,20 +2,20 @@
 
 namespace larkspan::mac {
 
-/// How a system lets a program move other programs' windows to another Space.
+/// How a program can move other programs' windows to another Space on this system.
 enum class WindowMove {
     /// SLSMoveWindowsToManagedSpace.
     managedSpace,
-    /// A compatibility number lent to the Space, to which the windows are then moved.
+    /// A compatibility number is set on the Space, and the windows are moved to that number.
     compatibilityNumber,
-    /// Nothing works: the calls answer success and do nothing.
+    /// Nothing works: the functions return success and do nothing.
     none,
     /// An operation object of the window server's bridge.
     bridgedOperation,
 };
 
-/// The way of macOS `major.minor`. The change to compatibility numbers came to three systems at
-/// once, as a security update.
+/// The method for macOS `major.minor`. Compatibility numbers came to three systems at once, as a
+/// security update.
 constexpr WindowMove windowMoveOf(long major, long minor) {
     if (major >= 26) return WindowMove::bridgedOperation;
     if (major >= 15) return WindowMove::none;

@@ -7,7 +7,7 @@
 
 namespace larkspan::mac {
 
-/// UTF-8 as the frameworks' text; empty when it is not UTF-8.
+/// UTF-8 as an NSString; empty if it is not valid UTF-8.
 inline NSString* nsString(std::string_view text) {
     NSString* string = [[NSString alloc] initWithBytes:text.data()
                                                 length:text.size()
@@ -15,7 +15,7 @@ inline NSString* nsString(std::string_view text) {
     return string != nil ? string : @"";
 }
 
-/// The text as UTF-8; empty without one.
+/// The text as UTF-8; empty for nil.
 inline std::string textOf(NSString* string) {
     const char* utf8 = string.UTF8String;
     return utf8 != nullptr ? utf8 : "";

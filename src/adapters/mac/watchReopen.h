@@ -6,9 +6,9 @@
 
 namespace larkspan::mac {
 
-/// Calls back each time the user opens the program while it runs, until the handle ends; beyond
-/// that the system does nothing then. Everything else an application's delegate is told goes on to
-/// the toolkit. To be called after the toolkit has started, and not twice at a time.
+/// Calls back each time the user opens the program while it runs, until the handle ends; the system
+/// then does nothing else. All other delegate messages are forwarded to the toolkit. Call it after
+/// the toolkit has started, and only once at a time.
 Handle watchReopen(std::function<void()> reopened);
 
 } // namespace larkspan::mac

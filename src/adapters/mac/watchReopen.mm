@@ -4,7 +4,7 @@
 
 #include <utility>
 
-/// Stands before the toolkit's own delegate of the application.
+/// Installed in front of the toolkit's own application delegate.
 @interface LarkspanApplicationDelegate : NSObject <NSApplicationDelegate>
 - (instancetype)initWithNext:(id<NSApplicationDelegate>)next
                     reopened:(std::function<void()>)reopened;
@@ -47,7 +47,7 @@ Handle watchReopen(std::function<void()> reopened) {
     auto* delegate = [[LarkspanApplicationDelegate alloc] initWithNext:NSApp.delegate
                                                               reopened:std::move(reopened)];
     NSApp.delegate = delegate;
-    // Kept here, since the application does not keep its delegate.
+    // Retained here, since the application does not retain its delegate.
     return Handle([delegate] { NSApp.delegate = delegate.next; });
 }
 

@@ -7,7 +7,7 @@
 
 namespace larkspan::qt {
 
-/// A picture held in memory at one or several sizes, such as the icon a window carries.
+/// An image in memory in one or several sizes, such as a window's icon.
 class BitmapImage : public Image {
   public:
     BitmapImage(std::string identity, std::vector<Bitmap> sizes);

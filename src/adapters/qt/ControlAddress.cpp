@@ -20,11 +20,11 @@ std::string variable(const char* name) {
     return value != nullptr && value[0] == '/' ? value : "";
 }
 
-/// Where this user's programs keep what is only theirs, for as long as they run.
+/// The folder for files that only this user's programs may read, while they run.
 std::string usersFolder() {
 #ifdef __APPLE__
-    // Not the temporary folder: what nobody touches is removed from it after some days, the lock of
-    // a bar that runs for weeks too.
+    // Not the temporary folder: files that are not used are deleted there after some days, even the
+    // lock of a bar that has run for weeks.
     const std::string home = variable("HOME");
     return home.empty() ? home : home + "/Library/Application Support";
 #else
@@ -32,7 +32,7 @@ std::string usersFolder() {
 #endif
 }
 
-/// In the common folder a name that anybody could take: `isClosedFolder` finds out who did.
+/// In the common folder, anybody could create this name: `isClosedFolder` checks the owner.
 std::string folderPath() {
     const std::string users = usersFolder();
     struct stat status {};
@@ -44,7 +44,7 @@ std::string folderPath() {
 
 bool isClosedFolder(const std::string& folder) {
     struct stat status {};
-    // Not `stat`: a link somebody else put there leads where they like.
+    // Not `stat`: somebody else could have put a link there.
     return lstat(folder.c_str(), &status) == 0 && S_ISDIR(status.st_mode) &&
            status.st_uid == geteuid() && (status.st_mode & (S_IRWXG | S_IRWXO)) == 0;
 }
@@ -68,7 +68,7 @@ std::optional<ControlAddress> ControlAddress::inFolder(const std::string& folder
     std::ranges::replace(file, '/', '_');
     constexpr std::size_t longest = sizeof(sockaddr_un::sun_path) - 1;
     std::string path = fmt::format("{}/{}.socket", folder, file);
-    // A display's name may be as long as it likes, a socket's path may not.
+    // The length of a display's name is not limited, that of a socket's path is.
     if (path.size() > longest)
         path = fmt::format("{}/{:x}.socket", folder, std::hash<std::string_view>{}(name));
     if (path.size() > longest) return std::nullopt;

@@ -7,13 +7,13 @@
 
 namespace larkspan::qt {
 
-/// Where the control socket of a name lies: in a folder that belongs to this user and is closed to
-/// everyone else.
+/// The path of the control socket with a given name, in a folder that belongs to this user and is
+/// closed to everyone else.
 class ControlAddress {
   public:
-    /// The place, with its folder made; absent when there is no such folder to be had.
+    /// The address, after creating its folder; absent if there can be no such folder.
     static std::optional<ControlAddress> make(std::string_view name);
-    /// The place, when its folder exists.
+    /// The address, if its folder exists.
     static std::optional<ControlAddress> find(std::string_view name);
 
     const std::string& path() const { return path_; }
@@ -26,7 +26,7 @@ class ControlAddress {
     std::string path_;
 };
 
-/// Whether the other end of a connected socket is a process of this user.
+/// Whether the peer of a connected socket is a process of this user.
 bool isThisUser(int socket);
 
 } // namespace larkspan::qt

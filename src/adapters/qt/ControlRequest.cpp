@@ -1,5 +1,5 @@
-// The asking side of the control socket: plain POSIX, so that a command line answers without
-// starting a toolkit.
+// The client side of the control socket: plain POSIX, so that the command line need not start a
+// toolkit.
 
 #include "adapters/qt/ControlAddress.h"
 #include "adapters/qt/ControlSocket.h"
@@ -17,8 +17,8 @@ namespace larkspan::qt {
 
 namespace {
 
-/// One connection with a limit on the time of the whole exchange. (A command line has no scheduler
-/// to ask for the time.)
+/// One connection with a time limit for the whole exchange. (A command line has no scheduler for
+/// the time.)
 class Exchange {
   public:
     explicit Exchange(int connection)
@@ -32,7 +32,7 @@ class Exchange {
     bool connectTo(const ControlAddress& address) const {
         const auto name = address.socketName();
         while (connect(socket_, reinterpret_cast<const sockaddr*>(&name), sizeof name) != 0) {
-            // Full for the moment: connecting to a local socket cannot be waited for.
+            // The backlog is full: one cannot wait to connect to a local socket.
             if (errno != EINTR && errno != EAGAIN) return false;
             if (errno == EAGAIN && (remaining() == 0 || poll(nullptr, 0, 10) != 0)) return false;
         }
@@ -93,7 +93,7 @@ std::optional<std::string> ControlSocket::request(std::string_view name, std::st
     const Exchange exchange(connection);
     fcntl(connection, F_SETFD, FD_CLOEXEC);
     fcntl(connection, F_SETFL, O_NONBLOCK);
-    // An instance that ends in the middle of a request is no reason for us to.
+    // The instance may quit in the middle of a request; SIGPIPE must not end us.
     struct sigaction ignore {};
     struct sigaction before {};
     ignore.sa_handler = SIG_IGN;

@@ -20,7 +20,7 @@ namespace larkspan::qt {
 
 namespace {
 
-// Bounds on what clients can make us hold.
+// Limits of the memory that clients can make us use.
 constexpr std::size_t longestLine = 64 * 1024;
 constexpr std::size_t mostClients = 16;
 
@@ -33,7 +33,7 @@ void makeQuiet(int descriptor) {
 #endif
 }
 
-/// A listening socket at the path, in place of any a dead instance left there; -1 on failure.
+/// Opens a listening socket at the path, and replaces one that a dead instance left; -1 on failure.
 int openListener(const ControlAddress& address) {
     unlink(address.path().c_str());
     const int listener = socket(AF_UNIX, SOCK_STREAM, 0);
@@ -61,9 +61,8 @@ struct ControlSocket::Client {
 
 ControlSocket::Listening ControlSocket::listen(std::string_view name, Handler handler) {
     const auto address = ControlAddress::make(name);
-    if (!address)
-        return {.failure = "there is no folder for the control socket that is this user's alone"};
-    // Whoever holds the lock is the instance; it ends with its holder, however that ends.
+    if (!address) return {.failure = "there is no private folder for the control socket"};
+    // The instance holds the lock; the kernel releases it however the process ends.
     const int lock = open((address->path() + ".lock").c_str(),
                           O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW, S_IRUSR | S_IWUSR);
     if (lock < 0) return {.failure = fmt::format("{}.lock: {}", address->path(), strerror(errno))};
@@ -92,7 +91,8 @@ ControlSocket::~ControlSocket() {
     readable_.reset();
     while (!clients_.empty())
         drop(*clients_.front());
-    // The socket goes before the lock: a successor that gets the lock finds nothing of ours.
+    // The socket is removed before the lock, so a new instance that gets the lock finds no socket
+    // of ours.
     unlink(path_.c_str());
     close(listener_);
     close(lock_);
@@ -107,7 +107,7 @@ void ControlSocket::accept() {
             close(connection);
             continue;
         }
-        // The oldest has had its time.
+        // Disconnects the client that has waited longest.
         if (clients_.size() == mostClients) drop(*clients_.front());
         Client& client =
             *clients_.emplace_back(std::make_shared<Client>(Client{.socket = connection}));
@@ -133,7 +133,7 @@ void ControlSocket::answer(Client& client, std::string line) {
     client.readable.reset();
     const auto own = std::ranges::find(clients_, &client, &std::shared_ptr<Client>::get);
     handler_(std::move(line), [this, waiting = std::weak_ptr(*own)](std::string given) {
-        // Ends here at the latest: writing it to its end drops the client.
+        // The local copy keeps the client alive: writing the last byte drops it.
         const auto present = waiting.lock();
         if (!present) return;
         present->answer = std::move(given);

@@ -11,30 +11,31 @@
 
 namespace larkspan::qt {
 
-/// The road on which a second start of the program, or a script, reaches the running one: a local
-/// socket that only this user can open. One line asked, one answer given.
+/// Receives requests from a second start of the program and from scripts: a local socket that only
+/// this user can open. Each request and each reply is one line.
 class ControlSocket {
   public:
-    /// Gives the answer to one line: once, now or later, on the main thread. Costs nothing when the
-    /// client or the socket has gone.
+    /// Sends the reply to one request: once, now or later, on the main thread. No effect if the
+    /// client or the socket is gone.
     using Reply = std::function<void(std::string)>;
     using Handler = std::function<void(std::string line, Reply reply)>;
 
     struct Listening {
-        /// Absent when the socket could not be had.
+        /// Absent if the socket could not be opened.
         std::unique_ptr<ControlSocket> socket;
-        /// A running instance has that name. Exactly one of several that start together gets it.
+        /// Whether a running instance has that name. Of several that start together, exactly one
+        /// gets it.
         bool isTaken = false;
         /// Why there is no socket, in one line.
         std::string failure;
     };
 
-    /// Answers requests to `name` (one for each display) on the main thread until it ends. Needs a
-    /// run loop. A client that is slow or silent holds up nobody.
+    /// Handles requests to `name` (one for each display) on the main thread until it is destroyed.
+    /// Needs a run loop. A slow or silent client does not block others.
     static Listening listen(std::string_view name, Handler handler);
 
-    /// Asks the running instance; absent when there is none or it does not answer within 2 s.
-    /// Blocks, and needs neither a run loop nor an application object.
+    /// Sends a request to the running instance; absent if there is none or it does not reply within
+    /// 2 s. Blocks, and needs neither a run loop nor an application object.
     static std::optional<std::string> request(std::string_view name, std::string_view line);
 
     ~ControlSocket();
@@ -55,7 +56,7 @@ class ControlSocket {
     int lock_;
     int listener_;
     Handler handler_;
-    /// Shared with nobody; an answer that comes later looks whether its client is still there.
+    /// Never shared; a late reply checks through a weak pointer whether its client still exists.
     std::list<std::shared_ptr<Client>> clients_;
     Handle readable_;
 };

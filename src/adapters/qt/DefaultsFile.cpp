@@ -20,10 +20,10 @@ void DefaultsFile::load() {
     const WholeFile::Contents contents = file_.read();
     isBlocked_ = contents.state == WholeFile::State::unreadable;
     if (isBlocked_) {
-        sayOnce("cannot be read");
+        reportOnce("cannot be read");
         return;
     }
-    // Nothing is lost with a file that holds nothing.
+    // An empty file contains nothing that could be lost.
     if (contents.text.find_first_not_of(" \t\r\n") == std::string::npos) {
         values_.clear();
         return;
@@ -37,12 +37,12 @@ void DefaultsFile::load() {
     isBlocked_ = !aside;
     stamp_ = file_.stamp();
     if (aside) report_(fmt::format("{} is damaged and was moved to {}", file_.path(), *aside));
-    if (!aside) sayOnce("is damaged and cannot be moved aside");
+    if (!aside) reportOnce("is damaged and cannot be moved aside");
 }
 
-void DefaultsFile::sayOnce(const std::string& trouble) {
-    if (std::exchange(saidTrouble_, true)) return;
-    report_(fmt::format("{} {}; changes are kept until quitting only", file_.path(), trouble));
+void DefaultsFile::reportOnce(const std::string& problem) {
+    if (std::exchange(hasReported_, true)) return;
+    report_(fmt::format("{} {}; changes are lost when Larkspan quits", file_.path(), problem));
 }
 
 std::optional<PropertyValue> DefaultsFile::value(std::string_view key) const {
@@ -69,8 +69,8 @@ bool DefaultsFile::synchronize() {
     return !isUnsaved_;
 }
 
-/// What an editor or an instance on another display wrote meanwhile is kept: only the key being set
-/// is ours to change.
+/// Keeps what an editor or an instance on another display has written: only the key being set is
+/// changed.
 void DefaultsFile::followOutsideChange() {
     if (!isUnsaved_ && file_.stamp() != stamp_) load();
 }
@@ -78,11 +78,11 @@ void DefaultsFile::followOutsideChange() {
 void DefaultsFile::store() {
     isUnsaved_ = isBlocked_ || !file_.write(jsonText(values_));
     if (isUnsaved_) {
-        sayOnce("cannot be written");
+        reportOnce("cannot be written");
         return;
     }
     stamp_ = file_.stamp();
-    saidTrouble_ = false;
+    hasReported_ = false;
 }
 
 } // namespace larkspan::qt

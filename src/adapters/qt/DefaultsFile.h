@@ -8,13 +8,13 @@
 
 namespace larkspan::qt {
 
-/// The user's settings in one JSON file that a person can read and edit. Every change is on disk
-/// before the call returns: a kill at any moment leaves the old or the new file. A file that cannot
-/// be understood is set aside as `NAME.damaged` and counts as absent; where the file cannot be read
-/// or written, the settings are kept in memory.
+/// The user's settings in one readable JSON file. Every change is on disk before the call returns:
+/// a kill at any moment leaves the old or the new file. A malformed file is renamed to
+/// `NAME.damaged` and counts as absent; if the file cannot be read or written, the settings are
+/// kept in memory.
 class DefaultsFile : public UserDefaults {
   public:
-    /// `report` takes one line about a file that was set aside or cannot be used, once for each.
+    /// `report` is called with one line, once, about a file that was renamed or cannot be used.
     DefaultsFile(std::string path, std::function<void(const std::string&)> report);
 
     std::optional<PropertyValue> value(std::string_view key) const override;
@@ -26,17 +26,17 @@ class DefaultsFile : public UserDefaults {
     void load();
     void followOutsideChange();
     void store();
-    void sayOnce(const std::string& trouble);
+    void reportOnce(const std::string& problem);
 
     WholeFile file_;
     std::function<void(const std::string&)> report_;
     PropertyValue::Dictionary values_;
-    /// The state of the file that `values_` was last read from or written to.
+    /// The state of the file when `values_` was last read from it or written to it.
     std::string stamp_;
     bool isUnsaved_ = false;
-    /// There is a file that cannot be read, which must not be replaced unseen.
+    /// Whether there is a file that cannot be read, which must not be replaced.
     bool isBlocked_ = false;
-    bool saidTrouble_ = false;
+    bool hasReported_ = false;
 };
 
 } // namespace larkspan::qt

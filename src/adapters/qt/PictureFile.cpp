@@ -17,7 +17,7 @@ bool isDrawing(const std::string& path) {
     return path.ends_with(".svg") || path.ends_with(".svgz");
 }
 
-/// A drawing is rendered at the wanted size; pixels are read as they are.
+/// A scalable image is rendered at the wanted size; others are read as they are.
 QImage readPicture(const std::string& path, int pixels) {
     QImageReader reader(QString::fromStdString(path));
     if (isDrawing(path)) {
@@ -25,7 +25,7 @@ QImage readPicture(const std::string& path, int pixels) {
         if (size.isEmpty()) return {};
         reader.setScaledSize(size.scaled(pixels, pixels, Qt::KeepAspectRatio).expandedTo({1, 1}));
     } else {
-        // A theme's files are named after what they should be, not always after what they are.
+        // The extension of a theme's file is not always that of its format.
         reader.setDecideFormatFromContent(true);
     }
     return reader.read();
@@ -40,8 +40,8 @@ PictureFile::PictureFile(std::string identity, std::vector<File> files)
     : identity_(std::move(identity))
     , files_(std::move(files)) {}
 
-/// The files with the one that will look sharpest first: made for just this size, then drawings,
-/// then pixels, each the next larger before the largest of the smaller ones.
+/// The files, the one that will look sharpest first: made for exactly this size, then scalable,
+/// then larger ones (smallest first), then smaller ones (largest first).
 std::vector<PictureFile::File> PictureFile::filesByFit(int pixels) const {
     const auto misfit = [pixels](const File& file) {
         if (file.pixels == pixels) return std::pair(0, file.isScalable ? 0 : 1);

@@ -7,15 +7,15 @@
 
 namespace larkspan::qt {
 
-/// A picture in one or several files of the formats Qt reads (PNG, SVG, XPM, …), each file the same
-/// picture at another size. The files are read each time it is drawn.
+/// An image in one or several files of the formats that Qt reads (PNG, SVG, XPM, …), each with the
+/// same image in another size. The files are read each time it is drawn.
 class PictureFile : public Image {
   public:
     struct File {
         std::string path;
-        /// The side it was made for in pixels; 0 when it was made for none in particular.
+        /// The size it was made for, in pixels; 0 if none.
         int pixels = 0;
-        /// A drawing, sharp at any size.
+        /// Whether it is a vector image, sharp at any size.
         bool isScalable = false;
     };
 

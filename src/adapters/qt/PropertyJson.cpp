@@ -99,7 +99,7 @@ std::optional<PropertyValue> numberFrom(const Json& json) {
     return std::nullopt;
 }
 
-/// What an object with the single key `key` stands for.
+/// The value that an object with the single key `key` represents.
 std::optional<PropertyValue> unwrapped(const std::string& key, const Json& content, int depth) {
     if (key == "$number") return numberFrom(content);
     if (key == "$dictionary" && content.is_object()) return dictionaryFrom(content, depth);

@@ -8,16 +8,16 @@
 
 namespace larkspan::qt {
 
-// Property-list values as JSON that a person can read. What JSON cannot tell apart is wrapped:
-// bytes as {"$data": base64}, text that is no UTF-8 as {"$text": base64}, numbers JSON has no words
-// for as {"$number": "nan"}, and a dictionary that looks like one of these as {"$dictionary": {…}}.
-// A whole double keeps its ".0".
+// Property-list values as readable JSON. Values that JSON cannot represent are wrapped: bytes as
+// {"$data": base64}, text that is not UTF-8 as {"$text": base64}, numbers that JSON lacks as
+// {"$number": "nan"}, and a dictionary that looks like one of these as {"$dictionary": {…}}. A
+// whole double keeps its ".0".
 
-/// The text of a file that holds the dictionary, indented, with a line end.
+/// The text of a file with the dictionary, indented, with a newline at the end.
 std::string jsonText(const PropertyValue::Dictionary& values);
 
-/// The dictionary such a text holds. Absent when the text is no JSON object or is nested deeper
-/// than any value of ours. Entries that are null are left out.
+/// The dictionary in such a text. Absent if the text is not a JSON object or is nested too deeply.
+/// Entries that are null are skipped.
 std::optional<PropertyValue::Dictionary> parseJsonText(std::string_view text);
 
 } // namespace larkspan::qt

@@ -17,8 +17,8 @@ namespace larkspan::qt {
 
 namespace {
 
-// A signal handler can reach nothing but what is static: the two ends of the pipe that carries the
-// signal into the run loop.
+// A signal handler can use only static data: the two ends of the pipe that brings the signal to the
+// run loop.
 std::array<int, 2> signalPipe{-1, -1};
 
 void writeToPipe(int) {
@@ -86,7 +86,7 @@ void QtApplication::activate() {
 }
 
 void QtApplication::terminate() {
-    // Queued, since leaving a run loop that has not begun yet would be forgotten.
+    // Queued, since leaving a run loop that has not started yet has no effect.
     QMetaObject::invokeMethod(
         QCoreApplication::instance(), [] { QCoreApplication::exit(0); }, Qt::QueuedConnection);
 }

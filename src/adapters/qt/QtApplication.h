@@ -5,8 +5,8 @@
 
 namespace larkspan::qt {
 
-/// The running program on Qt's run loop. SIGTERM and SIGINT end it as `terminate` does. Only one
-/// may exist at a time; made after the QCoreApplication, which stays its maker's.
+/// The running program on Qt's event loop. SIGTERM and SIGINT quit it, like `terminate`. Only one
+/// may exist at a time. Create it after the QCoreApplication, which it does not own.
 class QtApplication : public HostApplication {
   public:
     QtApplication();
@@ -16,7 +16,7 @@ class QtApplication : public HostApplication {
 
     void activate() override;
     void terminate() override;
-    /// Names the platform of the toolkit and, where there is one, the desktop environment as well.
+    /// Names Qt's platform and, if there is one, the desktop environment.
     std::string description() const override;
 
   private:

@@ -16,7 +16,7 @@ constexpr double fastestRate = 240;
 
 Handle QtDisplayLink::start(std::function<void()> frameDrawn) {
     const QScreen* screen = QGuiApplication::primaryScreen();
-    // Servers without a display behind them tell of none, or of a few frames.
+    // Servers without a real display report a rate of 0 or of a few frames.
     const double rate = screen ? screen->refreshRate() : usualRate;
     return scheduler_.every(1 / std::clamp(rate, slowestRate, fastestRate), std::move(frameDrawn));
 }

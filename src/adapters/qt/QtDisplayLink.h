@@ -5,7 +5,7 @@
 
 namespace larkspan::qt {
 
-/// A timer that beats as often as the main screen draws: not bound to the moments at which it does.
+/// A timer with the main screen's refresh rate, but not synchronised with its frames.
 class QtDisplayLink final : public DisplayLink {
   public:
     explicit QtDisplayLink(Scheduler& scheduler)

@@ -2,30 +2,32 @@
 
 #include "platform/Scheduler.h"
 
-#include <condition_variable>
-#include <deque>
-#include <functional>
-#include <mutex>
+#include <memory>
 #include <thread>
 
 namespace larkspan::qt {
 
-/// A serial queue with a thread of its own, which starts with the first task. Its end waits for the
-/// task that runs and drops those behind it.
+/// A serial queue with a thread of its own, which starts with the first task or timer and sleeps
+/// while none is due. Its end waits for the task that runs and drops all others.
 class ThreadQueue : public SerialQueue {
   public:
-    ThreadQueue() = default;
+    /// The queue takes only the uptime from `clock`.
+    explicit ThreadQueue(const Scheduler& clock);
     ~ThreadQueue() override;
 
     void post(std::function<void()> task) override;
+    Handle every(double seconds, std::function<void()> task) override;
 
   private:
+    struct Timer;
+    struct Work;
+
+    void wake();
     void run();
 
-    std::mutex mutex_;
-    std::condition_variable hasWork_;
-    std::deque<std::function<void()>> tasks_;
-    bool isEnding_ = false;
+    const Scheduler& clock_;
+    /// Shared with the handles of timers, which may end later than the queue.
+    const std::shared_ptr<Work> work_;
     std::thread thread_;
 };
 

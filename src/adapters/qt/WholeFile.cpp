@@ -19,8 +19,8 @@ namespace {
 
 namespace fs = std::filesystem;
 
-/// Folders that are missing are made for this user alone, as the rules for configuration folders
-/// ask.
+/// Missing folders are created for this user only, as the specification of configuration folders
+/// requires.
 bool makeFolder(const fs::path& folder) {
     std::error_code error;
     if (folder.empty() || fs::is_directory(folder, error)) return true;
@@ -58,7 +58,7 @@ void flushFolder(const fs::path& folder) {
 WholeFile::WholeFile(std::string path)
     : path_(std::move(path)) {}
 
-/// Where the links end, whether or not a file is there.
+/// The target of the links, whether or not the file exists.
 std::string WholeFile::target() const {
     fs::path path = path_;
     std::error_code error;

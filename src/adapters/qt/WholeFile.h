@@ -6,8 +6,7 @@
 
 namespace larkspan::qt {
 
-/// A small file of ours that is read and written as a whole. A link is followed: the file it points
-/// to is the one that is replaced.
+/// A small file that is read and written as a whole. If it is a link, the target is replaced.
 class WholeFile {
   public:
     enum class State { absent, unreadable, read };
@@ -20,16 +19,16 @@ class WholeFile {
 
     const std::string& path() const { return path_; }
     Contents read() const;
-    /// Writes the text to another file beside it, flushes that, and renames it over this one, with
-    /// the folder made when it is missing; only this user may read either. False leaves the old
-    /// file as it was, and `errno` at why.
+    /// Writes the text to another file beside it, flushes that, and renames it over this one.
+    /// Creates the folder if it is missing; only this user may read either. If it returns false,
+    /// the old file is unchanged and `errno` has the error.
     bool write(std::string_view text) const;
-    /// Renames the file to `NAME.damaged`, or `NAME.damaged.2` and so on: an earlier one is never
-    /// lost. Answers the new path.
+    /// Renames the file to `NAME.damaged`, or `NAME.damaged.2` and so on, so that no earlier one is
+    /// lost. Returns the new path.
     std::optional<std::string> setAside() const;
-    /// Differs whenever somebody wrote the file; empty when there is none.
+    /// Changes whenever the file is written; empty if there is no file.
     std::string stamp() const;
-    /// Removes what writers that were killed left behind.
+    /// Removes temporary files of writers that were killed.
     void removeLeftovers() const;
 
   private:

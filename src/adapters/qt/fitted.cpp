@@ -8,7 +8,7 @@ namespace {
 
 constexpr auto format = QImage::Format_ARGB32_Premultiplied;
 
-/// Copies the picture's rows into the middle of the square.
+/// Copies the image's rows into the middle of the square.
 void paste(const QImage& picture, Bitmap& square) {
     const int left = (square.width - picture.width()) / 2;
     const int top = (square.height - picture.height()) / 2;

@@ -14,8 +14,8 @@ Handle watch(int descriptor, QSocketNotifier::Type type, std::function<void()> c
     QObject::connect(notifier, &QSocketNotifier::activated, notifier, std::move(callback));
     return Handle([pointer = QPointer(notifier)] {
         if (!pointer) return;
-        // Off the run loop at once, so that the caller may close the descriptor; deleted later,
-        // since the handle may end inside the callback.
+        // Disabled at once, so that the caller may close the descriptor; deleted later, since the
+        // handle may end inside the callback.
         pointer->setEnabled(false);
         pointer->disconnect();
         pointer->deleteLater();

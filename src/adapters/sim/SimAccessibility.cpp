@@ -11,7 +11,7 @@ namespace larkspan::sim {
 
 namespace {
 
-/// "coco", the mark of an element that a token names.
+/// "coco", the magic number in an element's token.
 constexpr std::uint32_t tokenMark = 0x636f636f;
 
 template <typename Number>
@@ -57,7 +57,7 @@ struct SimAccessibility::Element final : AXElement {
     Kind kind;
     ProcessId pid;
     WindowId window;
-    /// Which tile of the Dock.
+    /// The key of the Dock's tile.
     std::string tile;
     /// Seconds; 0 for the default.
     mutable double timeout = 0;
@@ -94,7 +94,7 @@ AXElementRef SimAccessibility::createWithRemoteToken(const RemoteToken& token) c
     }
     std::sort(own.begin(), own.end());
     if (number == 0) return createApplication(pid);
-    // A number that names nothing still makes an element; every call to it fails.
+    // An element can be made with any number; if there is no such window, every call to it fails.
     return Element::make(Element::Kind::window, pid,
                          number <= own.size() ? own[static_cast<std::size_t>(number - 1)] : 0);
 }
@@ -133,7 +133,7 @@ AXError SimAccessibility::call(const Element& element) const {
 std::vector<AXElementRef> SimAccessibility::windowElements(ProcessId pid) const {
     std::vector<AXElementRef> elements;
     for (const Window& window : world_.windows) {
-        // Windows of Spaces that are not shown are not told, but minimised ones are.
+        // Windows of Spaces that are not shown are not listed, but minimised ones are.
         const bool inView = window.minimized || !window.space || world_.isSpaceShown(*window.space);
         if (window.pid == pid && inView)
             elements.push_back(Element::make(Element::Kind::window, pid, window.id));
@@ -294,7 +294,7 @@ AXError SimAccessibility::setApplicationAttribute(const App& app, std::string_vi
     return AXError::success;
 }
 
-/// The main window stands in front of its app's others, not in front of other apps.
+/// Puts the window in front of the other windows of its app, but not in front of other apps.
 void SimAccessibility::makeMain(WindowId id) const {
     const auto isOwn = [pid = world_.window(id)->pid](const Window& each) {
         return each.pid == pid;
@@ -310,7 +310,7 @@ AXError SimAccessibility::performAction(const AXElementRef& ref, std::string_vie
     const Element& element = of(ref);
     if (const AXError error = call(element); error != AXError::success) return error;
     if (element.kind == Element::Kind::window && action == "AXRaise") {
-        // A window of an app behind stays behind the app in front.
+        // A window of an app behind stays behind the frontmost app.
         if (element.pid == world_.frontmost)
             windows_.raise(element.window);
         else

@@ -8,8 +8,8 @@ namespace larkspan::sim {
 
 struct DockTile;
 
-/// Answers for every app. A call takes as long as the app takes to answer, and to a hung app as
-/// long as the messaging time-out.
+/// Handles calls to every app. A call takes as long as the app takes to reply; one to a hung app
+/// takes the whole messaging time-out.
 class SimAccessibility final : public Accessibility {
   public:
     SimAccessibility(World& world, Applications& applications, Windows& windows)
@@ -32,7 +32,7 @@ class SimAccessibility final : public Accessibility {
     Handle observe(const AXElementRef& element, std::string_view notification,
                    std::function<void()> callback) const override;
 
-    /// How often trust was asked for.
+    /// How often the program asked for trust.
     int trustRequests() const { return trustRequests_; }
 
   private:

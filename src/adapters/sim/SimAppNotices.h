@@ -7,7 +7,7 @@
 
 namespace larkspan::sim {
 
-/// What apps say on their tiles of the Dock, told where the system tells of changes.
+/// What apps show on their tiles of the Dock; announced only if the system announces changes.
 class SimAppNotices final : public AppNotices {
   public:
     explicit SimAppNotices(World& world)

@@ -32,7 +32,7 @@ class SimApplicationControl final : public ApplicationControl {
     World& world_;
     Applications& applications_;
     DockProcess& dock_;
-    /// The app on its way to the front; the last one asked counts.
+    /// The app that is about to come forward; the last request counts.
     Handle activation_;
 };
 

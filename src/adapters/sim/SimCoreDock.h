@@ -5,7 +5,7 @@
 
 namespace larkspan::sim {
 
-/// The Dock's own functions, of which some may be missing.
+/// The Dock's private functions, some of which may be missing.
 class SimCoreDock final : public CoreDock {
   public:
     explicit SimCoreDock(World& world)

@@ -7,8 +7,8 @@
 
 namespace larkspan::sim {
 
-/// The domain "com.apple.dock" as one program sees it: what it read stays as it was, and what it
-/// set stays its own, until it synchronises.
+/// The domain "com.apple.dock" as one program sees it: values that it has read do not change, and
+/// values that it has set are not stored, until it synchronises.
 class SimDockPreferences final : public DockPreferences {
   public:
     explicit SimDockPreferences(World& world)
@@ -20,7 +20,7 @@ class SimDockPreferences final : public DockPreferences {
     bool announcesChanges() const override { return world_.announcesChanges; }
     Handle subscribe(std::function<void()> callback) override;
 
-    /// As after a kill of the program: what it set and did not synchronise is lost.
+    /// As after a kill of the program: values that were set and not synchronised are lost.
     void loseUnsynchronized() { set_.clear(); }
 
   private:

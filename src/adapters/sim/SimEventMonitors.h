@@ -7,7 +7,7 @@
 
 namespace larkspan::sim {
 
-/// Tells of every event of the simulated Mac. None of them goes to the program itself.
+/// Reports every event of the simulated Mac. None of them is sent to the program itself.
 class SimEventMonitors final : public EventMonitors {
   public:
     explicit SimEventMonitors(World& world)

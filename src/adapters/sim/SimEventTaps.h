@@ -28,7 +28,7 @@ class SimEvent final : public TappedEvent {
     std::map<std::uint32_t, double> doubles_;
 };
 
-/// Where raw input events pass. Each tap is called in turns of its own, off the main thread.
+/// Delivers raw input events. Each tap is called in separate turns, off the main thread.
 class SimEventTaps final : public EventTaps {
   public:
     explicit SimEventTaps(VirtualScheduler& scheduler)
@@ -36,12 +36,12 @@ class SimEventTaps final : public EventTaps {
 
     std::unique_ptr<EventTap> listen(std::uint64_t mask, Callback callback) override;
 
-    /// The event passes every enabled tap that listens to its type.
+    /// Sends the event to every enabled tap that listens to its type.
     void send(const SimEvent& event);
-    /// The system disables all taps and tells them so, with one of the reasons of `TapEvent`.
+    /// Disables all taps and notifies them, with one of the reasons of `TapEvent`.
     void disable(std::uint32_t reason);
 
-    /// The system makes no tap, as when the permission is missing.
+    /// Whether the system refuses to create a tap, as without the permission.
     bool refuses = false;
     std::size_t count() const;
 

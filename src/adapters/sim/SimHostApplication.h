@@ -24,7 +24,7 @@ class SimHostApplication final : public HostApplication {
 
     int activations = 0;
     bool isTerminating = false;
-    /// Where the end of the run loop leads: the delegate's will-terminate, in a turn of its own.
+    /// Called when the run loop ends, in a separate turn: the delegate's will-terminate.
     std::function<void()> onTerminate;
 
   private:

@@ -14,7 +14,7 @@ class SimLoginItem final : public LoginItem {
     void openSystemSettings() override { ++settingsOpened; }
 
     Status current = Status::notRegistered;
-    /// The system refuses to register and to unregister.
+    /// Whether the system refuses to register and unregister.
     bool refuses = false;
     int settingsOpened = 0;
 

@@ -22,11 +22,11 @@ class SimLoginItems final : public LoginItems {
         return true;
     }
 
-    /// Their places.
+    /// Their paths.
     std::set<std::string, std::less<>> applications;
-    /// False on a system that hides its list.
+    /// False on a system that does not give access to its list.
     bool isKnown = true;
-    /// The system keeps the list as it is.
+    /// Whether the system ignores changes of the list.
     bool refuses = false;
 };
 

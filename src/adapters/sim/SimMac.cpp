@@ -125,17 +125,17 @@ void SimMac::focusWindow(WindowId id) {
 
 void SimMac::movePointer(Point place) {
     world_.pointer = place;
-    world_.tell(InputEventType::mouseMoved);
+    world_.announce(InputEventType::mouseMoved);
 }
 
 void SimMac::click(Point place) {
     movePointer(place);
-    world_.tell(InputEventType::leftMouseDown);
-    world_.tell(InputEventType::leftMouseUp);
+    world_.announce(InputEventType::leftMouseDown);
+    world_.announce(InputEventType::leftMouseUp);
 }
 
 void SimMac::pressKey(std::uint64_t modifierFlags) {
-    world_.tell(InputEventType::keyDown, modifierFlags);
+    world_.announce(InputEventType::keyDown, modifierFlags);
 }
 
 void SimMac::setDock(const DockSettings& settings) {

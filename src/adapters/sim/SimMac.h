@@ -33,9 +33,9 @@
 
 namespace larkspan::sim {
 
-/// A whole Mac in memory. A person steers it through the methods below; the program sees it through
-/// `platform()`. Nothing happens by itself: let time pass through `scheduler`. The system's own
-/// processes run from the start: the Dock, then the Finder, which is in front.
+/// A whole Mac in memory. Tests and scenarios control it through the methods below; the program
+/// sees it through `platform()`. Nothing happens by itself: let time pass through `scheduler`. The
+/// system's own processes run from the start: the Dock, then the Finder, which is in front.
 class SimMac {
   public:
     explicit SimMac(std::string_view displays = "1440x900");
@@ -48,22 +48,22 @@ class SimMac {
     DisplayId addDisplay(std::string_view description) { return displays_.add(description); }
     bool setDisplays(std::string_view description) { return displays_.set(description); }
     void unplug(DisplayId display);
-    /// As when the lid closes and nothing else is plugged in.
+    /// As when the lid closes and no other display is plugged in.
     void unplugAll();
-    /// It shows another display's picture, and is no screen of its own.
+    /// It mirrors another display, and is not a separate screen any more.
     void mirror(DisplayId display);
     void endMirroring() { displays_.endMirroring(); }
     /// `index` counts the display's Spaces from 0.
     bool switchSpace(DisplayId display, std::size_t index);
-    /// Fingers on the trackpad, from now on; the Space changes a while after they lift.
+    /// Swipes on the trackpad, starting now; the Space changes a while after the fingers lift.
     void swipe(DisplayId display, const SwipeOptions& options = {}) {
         swipes_.swipe(display, options);
     }
     SpaceId addSpace(DisplayId display) { return displays_.addSpace(display); }
     void removeSpace(SpaceId space);
-    /// The display at that place of the row, 0 the main one; 0 when there is none.
+    /// The display with that index, 0 being the main one; returns 0 if there is none.
     DisplayId displayAt(std::size_t index) const;
-    /// The display's Space at that place; 0 when there is none.
+    /// The display's Space with that index; 0 if there is none.
     SpaceId spaceAt(DisplayId display, std::size_t index) const;
 
     // Apps.
@@ -79,17 +79,17 @@ class SimMac {
     void activate(ProcessId pid) { applications_.activate(pid); }
     void hide(ProcessId pid) { applications_.hide(pid); }
     void unhide(ProcessId pid) { applications_.unhide(pid); }
-    /// The label on its tile of the Dock; an empty one is none.
+    /// Sets the label on its tile of the Dock; an empty text removes it.
     void setBadge(ProcessId pid, std::string text);
-    /// Its tile on the Dock bounces: once, or when critical until it comes forward.
+    /// Lets its tile on the Dock bounce: once, or if critical until the app comes forward.
     void requestAttention(ProcessId pid, bool isCritical) {
         applications_.requestAttention(pid, isCritical);
     }
-    /// Answers whether it went.
+    /// Returns whether it quit.
     bool quit(ProcessId pid) { return applications_.quit(pid); }
-    /// Ends it at once. The system starts the Dock again.
+    /// Ends it at once. If it is the Dock, the system starts it again.
     void kill(ProcessId pid);
-    /// The first running process of that bundle; 0 when none runs.
+    /// The first running process of that bundle; 0 if none runs.
     ProcessId pidOf(std::string_view bundleIdentifier);
     ProcessId frontmost() const { return world_.frontmost; }
     ProcessId finder() { return pidOf(finderIdentifier); }
@@ -98,7 +98,7 @@ class SimMac {
     WindowId openWindow(ProcessId pid, const WindowOptions& options = {}) {
         return windows_.open(pid, options);
     }
-    /// As many windows of one app, each in the place of its first.
+    /// Opens that many windows of one app, each at the position of its first one.
     void openWindows(ProcessId pid, std::size_t count);
     void closeWindow(WindowId window) { windows_.close(window); }
     void minimize(WindowId window) { windows_.setMinimized(window, true); }
@@ -113,12 +113,12 @@ class SimMac {
     }
     void enterFullScreen(WindowId window) { windows_.enterFullScreen(window); }
     void leaveFullScreen(WindowId window);
-    /// What a click into the window does: it comes to the front, and its app with it.
+    /// The effect of a click into the window: it and its app come to the front.
     void focusWindow(WindowId window);
 
-    // The pointer and the keyboard; places in screen coordinates.
+    // The pointer and the keyboard; positions are in screen coordinates.
     void movePointer(Point place);
-    /// The left button goes down and up again; nothing in the simulated apps happens of it.
+    /// Presses and releases the left button; the simulated apps ignore it.
     void click(Point place);
     void pressKey(std::uint64_t modifierFlags = 0);
 
@@ -126,54 +126,54 @@ class SimMac {
     void pin(std::string_view bundleIdentifier) { dock_.pin(bundleIdentifier); }
     void unpin(std::string_view bundleIdentifier) { dock_.unpin(bundleIdentifier); }
     void setPinned(const std::vector<std::string>& identifiers) { dock_.setPinned(identifiers); }
-    /// It is back after `seconds`, now and whenever it ends.
+    /// It is back after `seconds`, now and each further time that it quits.
     void restartDock(double seconds = 0.5);
     void setDock(const DockSettings& settings);
     /// Absent: the folder cannot be read.
     void setTrash(std::optional<std::size_t> entries);
 
-    // Faults: what is missing, refused, slow or wrong. Each holds until it is taken back.
+    // Faults: what is missing, refused, slow or wrong. Each lasts until it is undone.
     void refuseAccessibility(bool refuse = true) { world_.trustedForAccessibility = !refuse; }
     void refuseScreenRecording(bool refuse = true) { world_.mayRecordScreen = !refuse; }
-    /// A grant or a refusal from now on is seen only by the program's next start.
+    /// Later changes of the permission take effect only at the program's next start.
     void freezeScreenRecording();
-    /// Of `privateFunctions`; answers false for another name.
+    /// One of `privateFunctions`; returns false for another name.
     bool removeFunction(std::string_view name);
     void removeAllFunctions();
     void restoreFunctions() { world_.missingFunctions.clear(); }
     void setAnnouncesChanges(bool announces) { world_.announcesChanges = announces; }
-    /// The app answers no call until it is let go.
+    /// The app does not respond until this is undone.
     void hang(ProcessId pid, bool hung = true);
-    /// Each Accessibility call to the app takes so long, or ends with the messaging time-out.
+    /// Each Accessibility call to the app takes that long, or times out.
     void answerAfter(ProcessId pid, double seconds);
-    /// The places of its windows that the app tells through Accessibility are wrong by so much.
+    /// The window positions that the app reports through Accessibility are wrong by that much.
     void lieAboutFrames(ProcessId pid, Point by);
-    /// The process answers so many Accessibility calls and is gone at the next.
+    /// The process handles that many Accessibility calls and is dead at the next one.
     void dieDuringRead(ProcessId pid, int calls);
-    // News from the workspace, the screens and the window server.
+    // Notifications from the workspace, the screens and the window server.
     void loseEvents(bool lose = true) { world_.events.areLost = lose; }
     void doubleEvents(bool doubled = true) { world_.events.areDoubled = doubled; }
     void delayEvents(double seconds) { world_.events.lateSeconds = seconds; }
-    /// The Dock ends and does not come back until it is started.
+    /// The Dock quits and is not restarted until `startDock` is called.
     void removeDock();
     void startDock();
     void refuseDockSizes(bool refuse = true) { world_.dockRefusesSizes = refuse; }
-    /// Windows stay on their Spaces whatever the window server is told.
+    /// The window server ignores requests to move windows to other Spaces.
     void refuseMoves(bool refuse = true) { world_.movesWindows = !refuse; }
     void refuseLoginItem(bool refuse = true) { loginItem.refuses = refuse; }
-    /// The disk is full: settings hold for this process only.
+    /// The disk is full: changed settings are kept only in this process.
     void refuseToStore(bool refuse = true) { defaults.diskIsFull = refuse; }
-    /// The displays are others as soon as the program has looked at those of now. Answers false
-    /// when the description cannot be read.
+    /// The displays change as soon as the program has read the current ones. Returns false if the
+    /// description is invalid.
     bool changeDisplaysAfterRead(std::string_view displays);
 
-    /// The program has ended by itself, or was killed before all its settings were stored: of those
-    /// it had set last only the first `survivors` are.
+    /// The program has quit, or was killed before all its settings were stored: of the unstored
+    /// changes, only the first `survivors` are kept.
     void programEnded() { screenCapture.forget(); }
     void programKilled(std::size_t survivors = 0);
     KillPoint& killPoint() { return world_.killPoint; }
 
-    /// Everything that is so, for tests that look, and for faults without a method of their own.
+    /// The whole state, for tests that inspect it, and for faults without their own method.
     World& world() { return world_; }
     const World& world() const { return world_; }
 
@@ -194,7 +194,7 @@ class SimMac {
     SimEventMonitors eventMonitors_{world_};
 
   public:
-    // What of the interfaces a test or a scenario looks into.
+    // The parts of the interfaces that tests and scenarios inspect.
     VirtualScheduler& scheduler = world_.scheduler;
     SimUserDefaults defaults{world_.killPoint};
     SimAccessibility accessibility{world_, applications_, windows_};

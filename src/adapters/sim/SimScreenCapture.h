@@ -11,23 +11,23 @@ class SimScreenCapture final : public ScreenCapture {
         : world_(world) {}
 
     bool preflightAccess() const override {
-        if (!told_ || !world_.freezesScreenRecording) told_ = world_.mayRecordScreen;
-        return *told_;
+        if (!firstAnswer_ || !world_.freezesScreenRecording) firstAnswer_ = world_.mayRecordScreen;
+        return *firstAnswer_;
     }
     bool requestAccess() override {
         ++requests_;
         if (!world_.mayRecordScreen) world_.privacy.ask(Permission::screenRecording);
         return preflightAccess();
     }
-    /// How often access was asked for.
+    /// How often access was requested.
     int requests() const { return requests_; }
 
-    /// The program starts anew, and is told anew.
-    void forget() { told_.reset(); }
+    /// The program starts again, and reads the permission again.
+    void forget() { firstAnswer_.reset(); }
 
   private:
     World& world_;
-    mutable std::optional<bool> told_;
+    mutable std::optional<bool> firstAnswer_;
     int requests_ = 0;
 };
 

@@ -29,7 +29,7 @@ class SimScreens final : public Screens {
     Displays& displays_;
 };
 
-/// Here the system Dock holds the strip, as on every Mac.
+/// As on every Mac, the system Dock reserves the strip.
 class SimDockStrip final : public DockStrip {
   public:
     void hold(double) override {}

@@ -15,7 +15,7 @@ bool SimStatusBar::choose(std::string_view title) const {
     for (const StatusItem& item : *items_) {
         for (const MenuItem& line : item.menu) {
             if (line.title != title || !line.isEnabled || !line.action) continue;
-            // A copy: the choice may take the item away.
+            // A copy: the action may remove the item.
             const auto action = line.action;
             action();
             return true;

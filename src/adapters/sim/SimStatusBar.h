@@ -12,10 +12,10 @@ class SimStatusBar final : public StatusBar {
   public:
     Handle show(StatusItem item) override;
 
-    /// What stands in the status bar, in the order it came.
+    /// The items in the status bar, in the order they were added.
     const std::list<StatusItem>& items() const { return *items_; }
-    /// Chooses the line of that title in the first item whose menu has one; answers false when no
-    /// menu has, or it is disabled.
+    /// Chooses the menu item with that title in the first menu that has one; returns false if there
+    /// is none, or if it is disabled.
     bool choose(std::string_view title) const;
 
   private:

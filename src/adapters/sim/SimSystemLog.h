@@ -7,7 +7,7 @@
 
 namespace larkspan::sim {
 
-/// Keeps every line. One thread only, as everything on the simulated Mac.
+/// Keeps every line. Single-threaded, like everything on the simulated Mac.
 class SimSystemLog final : public SystemLog {
   public:
     struct Line {

@@ -10,8 +10,8 @@
 
 namespace larkspan::sim {
 
-/// The program's preferences. They outlive the program, as the simulated Mac does; what a kill
-/// would lose can be lost.
+/// The program's preferences. Like the simulated Mac, they outlive the program; what a kill would
+/// lose can be discarded.
 class SimUserDefaults final : public UserDefaults {
   public:
     using Values = std::map<std::string, PropertyValue, std::less<>>;
@@ -25,22 +25,22 @@ class SimUserDefaults final : public UserDefaults {
     bool synchronize() override;
 
     const Values& values() const { return values_; }
-    /// The disk takes no more: what is set is kept for this process, and never stored.
+    /// The disk is full: changes are kept in this process, but never stored.
     bool diskIsFull = false;
-    /// As after a kill of the program: of the changes that were not synchronised only the first
-    /// `survivors` reached the disk, the others are as if they had not been made.
+    /// As after a kill of the program: of the changes that were not synchronised, only the first
+    /// `survivors` are kept.
     void loseUnsynchronized(std::size_t survivors = 0);
     std::size_t unsynchronized() const { return changes_.size(); }
 
   private:
-    /// A key with its new value, or without one when it was removed.
+    /// A key with its new value, or without one if it was removed.
     using Change = std::pair<std::string, std::optional<PropertyValue>>;
     void change(const Change& change);
 
     KillPoint& killPoint_;
     Values values_;
     Values stored_;
-    /// Since the last time that they were stored, in their order.
+    /// The changes since they were last stored, in order.
     std::vector<Change> changes_;
 };
 

@@ -12,21 +12,21 @@ namespace {
 constexpr int menuBarLayer = 24;
 constexpr int dockLayer = 20;
 constexpr int desktopPictureLayer = -2147483623;
-/// The system's own windows are numbered apart from those of apps.
+/// The system's own windows have numbers in a separate range.
 constexpr WindowId firstSystemWindow = 1'000'000;
 constexpr ProcessId windowServerPid = 88;
-/// Whoever asks about Spaces needs a connection first.
+/// Reading Spaces needs a connection first.
 constexpr std::string_view connection = "CGSMainConnectionID";
 
-WindowListEntry entryFor(const Window& window, bool isOnScreen, bool tellsNames) {
+WindowListEntry entryFor(const Window& window, bool isOnScreen, bool showsNames) {
     WindowListEntry entry{.layer = window.layer,
                           .ownerPID = window.pid,
                           .alpha = window.alpha,
                           .bounds = window.frame};
     if (window.hasNumber) entry.number = window.id;
-    // The list says so of windows on screen only.
+    // The list has this field for windows on screen only.
     if (isOnScreen) entry.isOnScreen = true;
-    if (window.hasName && tellsNames) entry.name = window.title;
+    if (window.hasName && showsNames) entry.name = window.title;
     return entry;
 }
 
@@ -48,7 +48,7 @@ WindowServerAbilities SimWindowServer::abilities() const {
     return {.announcesChanges = world_.announcesChanges, .readsAtOnce = world_.announcesChanges};
 }
 
-/// The menu bar and the Dock lie above all apps.
+/// The menu bar and the Dock are above all apps.
 void SimWindowServer::appendSystemWindows(std::vector<WindowListEntry>& list) const {
     WindowId number = firstSystemWindow;
     for (const Display& display : world_.displays) {
@@ -92,7 +92,7 @@ std::vector<WindowListEntry> SimWindowServer::entries(std::uint32_t option) cons
     std::vector<WindowListEntry> list;
     list.reserve(world_.windows.size() + 2 * world_.displays.size() + 1);
     appendSystemWindows(list);
-    // The names are private to those who may record the screen.
+    // Titles are visible only with the Screen Recording permission.
     for (const Window& window : world_.windows) {
         const bool isOnScreen = world_.isOnScreen(window);
         if (isOnScreen || !onScreenOnly)

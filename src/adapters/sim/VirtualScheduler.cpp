@@ -8,6 +8,11 @@ namespace larkspan::sim {
 namespace {
 /// 2026-01-01 09:41:00 UTC: every simulated Mac is switched on at the same moment.
 constexpr double firstDate = 1'767'260'460;
+
+/// An interval of nothing would keep the loop in one moment for ever.
+double atLeastAMoment(double interval) {
+    return std::max(interval, 0.001);
+}
 } // namespace
 
 class VirtualScheduler::Queue final : public SerialQueue {
@@ -24,6 +29,19 @@ class VirtualScheduler::Queue final : public SerialQueue {
             task();
         });
     }
+    Handle every(double seconds, std::function<void()> task) override {
+        const double interval = atLeastAMoment(seconds);
+        return scheduler_.start(interval, interval, std::move(task), this);
+    }
+    void postBeat(const std::shared_ptr<Timer>& timer) {
+        if (std::exchange(timer->isWaiting, true)) return;
+        post([weak = std::weak_ptr(timer)] {
+            const auto due = weak.lock();
+            if (!due) return;
+            due->isWaiting = false;
+            due->task();
+        });
+    }
     std::size_t waiting() const { return waiting_; }
 
   private:
@@ -37,16 +55,17 @@ VirtualScheduler::VirtualScheduler()
 
 VirtualScheduler::~VirtualScheduler() = default;
 
-Handle VirtualScheduler::start(double seconds, double interval, Task task) {
-    auto timer = std::make_shared<Timer>(
-        Timer{{now_ + std::max(seconds, 0.0), ++sequence_}, interval, std::move(task)});
-    timers_->emplace(timer->due, timer);
-    return Handle([weak = std::weak_ptr(timers_), timer] {
+Handle VirtualScheduler::start(double seconds, double interval, Task task, Queue* queue) {
+    const Due due{now_ + std::max(seconds, 0.0), ++sequence_};
+    auto timer = std::make_shared<Timer>(Timer{due, interval, std::move(task), queue});
+    timers_->emplace(due, timer);
+    return Handle([weakTimers = std::weak_ptr(timers_), weakTimer = std::weak_ptr(timer)] {
         // A timer that has run is gone already, and its moment may be another's by now.
-        const auto timers = weak.lock();
-        if (!timers) return;
-        const auto found = timers->find(timer->due);
-        if (found != timers->end() && found->second == timer) timers->erase(found);
+        const auto timers = weakTimers.lock();
+        const auto ended = weakTimer.lock();
+        if (!timers || !ended) return;
+        const auto found = timers->find(ended->due);
+        if (found != timers->end() && found->second == ended) timers->erase(found);
     });
 }
 
@@ -55,8 +74,7 @@ Handle VirtualScheduler::after(double seconds, Task task) {
 }
 
 Handle VirtualScheduler::every(double seconds, Task task) {
-    // An interval of nothing would keep the loop in one moment for ever.
-    const double interval = std::max(seconds, 0.001);
+    const double interval = atLeastAMoment(seconds);
     return start(interval, interval, std::move(task));
 }
 
@@ -105,6 +123,10 @@ bool VirtualScheduler::runTimer(double until) {
         const double next = timer->due.first + timer->interval;
         timer->due = {next > now_ ? next : now_ + timer->interval, ++sequence_};
         timers_->emplace(timer->due, timer);
+    }
+    if (timer->queue) {
+        timer->queue->postBeat(timer);
+        return true;
     }
     ++turns_;
     timer->task();

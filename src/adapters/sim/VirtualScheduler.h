@@ -64,10 +64,14 @@ class VirtualScheduler final : public Scheduler {
         /// 0 for a timer that runs once.
         double interval = 0;
         Task task;
+        /// Runs there; nullptr for a timer of the main thread.
+        Queue* queue = nullptr;
+        /// A run waits in the queue.
+        bool isWaiting = false;
     };
     using Timers = std::map<Due, std::shared_ptr<Timer>>;
 
-    Handle start(double seconds, double interval, Task task);
+    Handle start(double seconds, double interval, Task task, Queue* queue = nullptr);
     void postToQueue(double notBefore, Task task);
     bool runPosted();
     bool runTimer(double until);

@@ -4,7 +4,7 @@
 
 namespace larkspan::x11 {
 
-/// There is no system Dock here, so none of its functions exists.
+/// There is no system Dock on X11, so all of its functions are missing.
 class X11CoreDock : public CoreDock {
   public:
     bool has(CoreDockFunction) const override { return false; }

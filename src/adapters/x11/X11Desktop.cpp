@@ -37,7 +37,7 @@
 
 namespace larkspan::x11 {
 
-/// Everything over one connection, in the order of who needs whom.
+/// Everything that shares one connection, each after what it depends on.
 struct X11Desktop::Parts {
     Parts(Host theHost, const char* displayName, std::unique_ptr<X11Connection> theConnection);
 
@@ -98,7 +98,7 @@ struct X11Desktop::Parts {
 
     Handle listening;
     bool areApplicationsStale = false;
-    // From the start, as a desktop without windows may have nothing else to tell for a long time.
+    // From the start, since a desktop without windows may send no event for a long time.
     bool areScreensStale = true;
     Handle settledSubscription;
     Handle tableSubscription;
@@ -120,16 +120,17 @@ X11Desktop::Parts::Parts(Host theHost, const char* displayName,
         if (host.gone) host.gone(line);
     };
     if (!mirror.hasWindowManager())
-        host.report("larkspan: no window manager runs, so windows cannot be hidden or minimised");
+        host.report(
+            "larkspan: no window manager is running, so windows cannot be hidden or minimised");
     settle();
     connection->start(qt::watchReadable);
-    // Only to a bus that is there, as asking for one may start one; and after the first frame,
-    // which is waited for, as this is not.
+    // Only if there is a session bus, as connecting may start one; and after the first frame, which
+    // must not wait for it.
     if (!host.environment.value("DBUS_SESSION_BUS_ADDRESS").empty())
         listening = host.scheduler.after(0.3, [this] { launchers.listen(); });
 }
 
-// Whoever is told first already reads the new state everywhere.
+// All parts are updated first, so that the first subscriber already reads the new state everywhere.
 void X11Desktop::Parts::settle() {
     const bool haveWindowsChanged = mirror.takeChanged();
     if (haveWindowsChanged) table.update(mirror.windows());
@@ -155,8 +156,7 @@ void X11Desktop::Parts::post() {
     board.post(std::move(snapshot));
 }
 
-// Read again at once, since the bars are laid out right after; told later, when nobody is in the
-// middle of that.
+// Updated at once, since the bars are laid out right after; announced later, when that is finished.
 void X11Desktop::Parts::setStrip(double height) {
     screens.setStrip(height);
     if (!screens.update()) return;

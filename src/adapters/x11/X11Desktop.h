@@ -13,12 +13,12 @@
 
 namespace larkspan::x11 {
 
-/// A real X11 desktop seen as a Mac: every interface of the platform over one connection to the X
-/// server and the freedesktop files. Main thread only; what its interfaces allow from other threads
-/// holds.
+/// A real X11 desktop seen as a Mac: every interface of the platform, over one connection to the X
+/// server and the freedesktop files. Main thread only, except what the interfaces allow on other
+/// threads.
 class X11Desktop {
   public:
-    /// What the program brings along.
+    /// What the program provides.
     struct Host {
         Scheduler& scheduler;
         UserDefaults& defaults;
@@ -27,13 +27,15 @@ class X11Desktop {
         freedesktop::Environment environment;
         /// The path of this program, for the login item.
         std::string program;
-        /// Takes one line about something that does not work here; may be empty.
+        /// Called with one line about something that does not work here; may be empty.
         std::function<void(const std::string&)> report;
-        /// Called once with one line when the X server goes away; then nothing answers any more.
+        /// Called once, with one line, when the X server goes away; after that, nothing works any
+        /// more.
         std::function<void(const std::string&)> gone;
     };
 
-    /// Reads the desktop as it is, or says in one line why it cannot. Without a name: $DISPLAY's.
+    /// Reads the desktop, or returns the error in one line. Without a name, the display is that of
+    /// $DISPLAY.
     static std::variant<std::unique_ptr<X11Desktop>, std::string>
     open(Host host, const char* displayName = nullptr);
     ~X11Desktop();

@@ -7,7 +7,7 @@
 
 namespace larkspan::x11 {
 
-/// The strip that the bars hold by their struts, here only as what the screens' visible frames
+/// The strip that the bars reserve with their struts; here only what the screens' visible frames
 /// leave out.
 class X11DockStrip : public DockStrip {
   public:

@@ -10,8 +10,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-// The number that the X server itself has for PRIMARY; only the display of a server without RandR
-// has it.
+// The X server's number for the atom PRIMARY; only the display of a server without RandR has it.
 constexpr DisplayId onlyDisplay = 1;
 constexpr double pointsPerInch = 96;
 
@@ -19,7 +18,7 @@ Rect rectOf(const xcb_randr_monitor_info_t& monitor) {
     return {double(monitor.x), double(monitor.y), double(monitor.width), double(monitor.height)};
 }
 
-// Whether the strut's stretch along its edge meets the monitor's side.
+// Whether the strut's range along its edge overlaps the monitor's side.
 bool meets(Strut::Range range, double start, double end) {
     return double(range.start) < end && double(range.end) >= start;
 }
@@ -50,7 +49,7 @@ X11Screens::X11Screens(X11Connection& connection, const WindowMirror& mirror, do
 
 void X11Screens::handle(const xcb_generic_event_t& event) {
     const int type = event.response_type & 0x7f;
-    // Monitors that a user adds or takes away are no hardware: RandR says nothing of them.
+    // Monitors that a user adds or removes are not hardware: RandR sends no event for them.
     if (type == XCB_CONFIGURE_NOTIFY &&
         reinterpret_cast<const xcb_configure_notify_event_t&>(event).window == connection_.root())
         areMonitorsStale_ = true;
@@ -92,7 +91,7 @@ std::vector<X11Screens::Monitor> X11Screens::askMonitors() {
     for (auto it = xcb_randr_get_monitors_monitors_iterator(reply.get()); it.rem > 0;
          xcb_randr_monitor_info_next(&it)) {
         const Monitor monitor{it.data->name, {}, rectOf(*it.data)};
-        // Of mirrored monitors the first stands for all.
+        // Of mirrored monitors, only the first is listed.
         const bool isMirror = std::any_of(monitors.begin(), monitors.end(), [&](const auto& other) {
             return other.area == monitor.area;
         });
@@ -133,7 +132,7 @@ Screen X11Screens::screenOf(const Monitor& monitor) const {
     return screen;
 }
 
-// Struts count from the edges of the root window, which may lie far from the monitor's own.
+// Struts are measured from the edges of the root window, which may be far from the monitor's own.
 Rect X11Screens::usableArea(const Monitor& monitor) const {
     const Rect& area = monitor.area;
     double left = area.minX(), right = area.maxX(), top = area.minY(), bottom = area.maxY();
@@ -155,7 +154,7 @@ Rect X11Screens::usableArea(const Monitor& monitor) const {
     return {left, top, std::max(0.0, right - left), std::max(0.0, bottom - top)};
 }
 
-// "Xft.dpi:	120" among the lines of the root window's resources.
+// A line such as "Xft.dpi:        120" in the root window's resources.
 double X11Screens::readScale(X11Connection& connection) {
     constexpr std::uint32_t longest = 1u << 14;
     const auto reply =

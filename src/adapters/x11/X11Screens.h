@@ -9,10 +9,10 @@
 
 namespace larkspan::x11 {
 
-/// The RandR monitors, the primary one first; without RandR the root window is the only screen. A
-/// display's identifier is the X server's number for the monitor's name, so it outlives unplugging.
-/// Display coordinates are those of the root window divided by the scale, also when the primary
-/// monitor is not at its top left; screen coordinates turn them over at the primary monitor's
+/// The RandR monitors, the primary one first; without RandR, the root window is the only screen. A
+/// display's identifier is the X server's number for the monitor's name, so it stays the same after
+/// unplugging. Display coordinates are those of the root window divided by the scale, even if the
+/// primary monitor is not at its top left. Screen coordinates are flipped at the primary monitor's
 /// height.
 class X11Screens : public Screens {
   public:
@@ -23,20 +23,21 @@ class X11Screens : public Screens {
         return changed_.subscribe(std::move(callback));
     }
 
-    /// Points at the bottom of each screen that windows leave to the bar; 0 for none.
+    /// The points at the bottom of each screen that windows leave to the bar; 0 for none.
     void setStrip(double height);
-    /// Computes the screens anew from the monitors and the panels of others; whether they differ.
+    /// Computes the screens again from the monitors and other programs' panels; returns whether
+    /// they changed.
     bool update();
     void announce() { changed_.emit(); }
 
-    /// Pixels per point, as the desktop's `Xft.dpi` asks for; the same for all screens.
+    /// Pixels per point, from the desktop's `Xft.dpi`; the same for all screens.
     static double readScale(X11Connection& connection);
 
   private:
     struct Monitor {
         DisplayId display = 0;
         std::string name;
-        /// Pixels on the root window.
+        /// In pixels on the root window.
         Rect area;
     };
 

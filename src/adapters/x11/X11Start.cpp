@@ -16,7 +16,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-/// The desktop with what the program brings along, which it needs to its end.
+/// The desktop and what it needs until the program ends.
 class X11Session final : public Desktop {
   public:
     X11Session(const freedesktop::Environment& environment, DesktopCallbacks callbacks)
@@ -24,11 +24,11 @@ class X11Session final : public Desktop {
         , folders_(environment)
         , defaults_(folders_.ownConfigFolder() + "/settings.json", callbacks_.report) {}
 
-    /// Why it could not be opened, in one line.
+    /// Returns the error in one line if the desktop could not be opened.
     std::optional<std::string> open(Scheduler& scheduler,
                                     const freedesktop::Environment& environment) {
-        std::error_code error;
-        const auto program = std::filesystem::read_symlink("/proc/self/exe", error);
+        std::error_code ignored;
+        const auto program = std::filesystem::read_symlink("/proc/self/exe", ignored);
         auto opened = X11Desktop::open({.scheduler = scheduler,
                                         .defaults = defaults_,
                                         .application = application_,
@@ -37,7 +37,7 @@ class X11Session final : public Desktop {
                                         .program = program.string(),
                                         .report = callbacks_.report,
                                         .gone = callbacks_.gone});
-        if (auto* complaint = std::get_if<std::string>(&opened)) return std::move(*complaint);
+        if (auto* error = std::get_if<std::string>(&opened)) return std::move(*error);
         desktop_ = std::move(std::get<std::unique_ptr<X11Desktop>>(opened));
         return std::nullopt;
     }
@@ -58,8 +58,7 @@ class X11Session final : public Desktop {
 
 } // namespace
 
-/// The screen's number at the end of the display's name is left out: one instance serves all
-/// screens.
+/// Without the screen number at the end of the display's name: one instance serves all screens.
 std::string X11Start::instanceName() const {
     std::string display = environment_.value("DISPLAY");
     const auto colon = display.rfind(':');
@@ -68,13 +67,13 @@ std::string X11Start::instanceName() const {
     return "x11" + display;
 }
 
-std::optional<std::string> X11Start::complaint() const {
+std::optional<std::string> X11Start::unavailableReason() const {
     return displayError();
 }
 
 DesktopStart::Opened X11Start::open(Scheduler& scheduler, DesktopCallbacks callbacks) const {
     auto session = std::make_unique<X11Session>(environment_, std::move(callbacks));
-    if (auto complaint = session->open(scheduler, environment_)) return std::move(*complaint);
+    if (auto error = session->open(scheduler, environment_)) return std::move(*error);
     return session;
 }
 

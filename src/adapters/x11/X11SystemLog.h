@@ -7,8 +7,8 @@
 
 namespace larkspan::x11 {
 
-/// An X11 desktop has no log that its programs share: the lines go to whoever started the program,
-/// if they asked to see them.
+/// X11 desktops have no log that programs share: the lines go to whoever started the program, if
+/// they asked for them.
 class X11SystemLog final : public SystemLog {
   public:
     /// `write` may be empty, and is called from any thread.

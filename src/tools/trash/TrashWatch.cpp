@@ -12,7 +12,7 @@ constexpr double pollInterval = 2;
 
 bool isTrashEmpty(const TrashFolder& trash) {
     const auto count = trash.entryCount().value_or(0);
-    // The desktop's own view settings are no refuse of the user's.
+    // The file with the folder's view settings does not count.
     return count <= (trash.holdsDesktopServicesFile() ? 1U : 0U);
 }
 

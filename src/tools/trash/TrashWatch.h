@@ -9,15 +9,15 @@
 
 namespace larkspan {
 
-/// Whether the Trash shows its empty picture. A folder that cannot be read counts as empty. Main
+/// Whether the Trash shows its empty icon. A folder that cannot be read counts as empty. Main
 /// thread only.
 bool isTrashEmpty(const TrashFolder& trash);
 
-/// The menu above the Trash tile. `trash` must outlive it.
+/// The menu of the Trash tile. `trash` must outlive it.
 Menu trashMenu(TrashFolder& trash);
 
-/// Tells whether the Trash is empty: at once, and whenever that may have changed. A folder that
-/// does not announce its changes is looked at every two seconds. Main thread only.
+/// Reports whether the Trash is empty: at once, and whenever that may have changed. A folder that
+/// does not announce changes is polled every two seconds. Main thread only.
 class TrashWatch {
   public:
     TrashWatch(Scheduler& scheduler, TrashFolder& trash, std::function<void(bool isEmpty)> tell);

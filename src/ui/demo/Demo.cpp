@@ -13,15 +13,12 @@ namespace larkspan::ui {
 
 namespace {
 
-constexpr int notAsExpected = 1;
-constexpr int unusable = 2;
-
-void complain(const std::string& line) {
+void printError(const std::string& line) {
     std::fputs(("larkspan: " + line + "\n").c_str(), stderr);
 }
 
-/// A Mac in everyday use, for a person to play with. The program starts a moment later than the
-/// window opens, so that its Dock is seen as it was.
+/// A Mac in ordinary use, to try by hand. Larkspan starts a moment after the window opens, so that
+/// the Dock can be seen as it was before.
 constexpr const char* everyday = R"({
     "title": "Larkspan on a simulated Mac",
     "world": {
@@ -46,23 +43,23 @@ int runDemo(const std::string& path) {
     auto reading =
         path.empty() ? sim::parseScenario(everyday, "everyday") : sim::loadScenario(path);
     if (!reading.scenario) {
-        complain(reading.complaint);
-        return unusable;
+        printError(reading.error);
+        return static_cast<int>(ExitCode::rejected);
     }
     DemoWindow window(DemoWindow::Time::real);
-    window.onFailure = [&path](const std::string& failure) { complain(path + ": " + failure); };
+    window.onFailure = [&path](const std::string& failure) { printError(path + ": " + failure); };
     window.play(std::move(*reading.scenario));
     QGuiApplication::setQuitOnLastWindowClosed(true);
     window.show();
     return QGuiApplication::exec();
 }
 
-int runScenario(const std::string& path, const std::string& picturesFolder,
-                const std::string& stateFile) {
+ExitCode runScenario(const std::string& path, const std::string& picturesFolder,
+                     const std::string& stateFile) {
     auto reading = sim::loadScenario(path);
     if (!reading.scenario) {
-        complain(reading.complaint);
-        return unusable;
+        printError(reading.error);
+        return ExitCode::rejected;
     }
     bool allWritten = true;
     DemoWindow window(DemoWindow::Time::virtualOnly);
@@ -73,19 +70,19 @@ int runScenario(const std::string& path, const std::string& picturesFolder,
         runner.takePicture = [&](const std::string& name) {
             const std::string file = picturesFolder + "/" + name + ".png";
             if (window.picture().save(QString::fromStdString(file))) return;
-            complain(file + ": the picture cannot be written");
+            printError("cannot write " + file);
             allWritten = false;
         };
     }
     runner.play();
     for (const std::string& failure : runner.failures())
-        complain(path + ": " + failure);
+        printError(path + ": " + failure);
     if (!stateFile.empty() && !writeState(runner, stateFile)) {
-        complain(stateFile + ": the state cannot be written");
+        printError("cannot write " + stateFile);
         allWritten = false;
     }
-    if (!allWritten) return unusable;
-    return runner.failures().empty() ? 0 : notAsExpected;
+    if (!allWritten) return ExitCode::rejected;
+    return runner.failures().empty() ? ExitCode::succeeded : ExitCode::failed;
 }
 
 } // namespace larkspan::ui

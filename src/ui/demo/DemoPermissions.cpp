@@ -9,13 +9,13 @@
 
 namespace larkspan::ui {
 
-DemoPermissions::DemoPermissions(const sim::SimMac& mac, PermissionsWindow& permissions,
+DemoPermissions::DemoPermissions(const sim::SimMac& mac, PermissionsModel& permissions,
                                  Views& views, Appearance& appearance, QQuickItem& desktop)
     : QQuickPaintedItem(&desktop)
     , mac_(mac)
     , permissions_(permissions)
     , views_(views)
-    , scene_(permissions, appearance)
+    , viewModel_(permissions, appearance)
     , observation_(permissions.isShown.observe([this] { show(); })) {
     setZ(DemoLayer::permissions);
     setAcceptedMouseButtons(Qt::LeftButton);
@@ -29,8 +29,9 @@ DemoPermissions::~DemoPermissions() {
 void DemoPermissions::show() {
     setVisible(*permissions_.isShown);
     if (view_ || !isVisible()) return;
-    view_ = views_.make("permissions/PermissionsView", {{"scene", QVariant::fromValue(&scene_)},
-                                                        {"cornerRadius", windowCornerRadius}});
+    view_ =
+        views_.make("permissions/PermissionsView", {{"viewModel", QVariant::fromValue(&viewModel_)},
+                                                    {"cornerRadius", windowCornerRadius}});
     view_->setParentItem(this);
     view_->setPosition({windowShadow, windowShadow + titleBarHeight});
     setSize(

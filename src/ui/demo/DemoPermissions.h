@@ -2,7 +2,7 @@
 
 #include "adapters/sim/SimMac.h"
 #include "ui/parts/Views.h"
-#include "ui/permissions/PermissionsScene.h"
+#include "ui/permissions/PermissionsViewModel.h"
 
 #include <QQuickPaintedItem>
 
@@ -16,7 +16,7 @@ class DemoPermissions : public QQuickPaintedItem {
     Q_OBJECT
 
   public:
-    DemoPermissions(const sim::SimMac& mac, PermissionsWindow& permissions, Views& views,
+    DemoPermissions(const sim::SimMac& mac, PermissionsModel& permissions, Views& views,
                     Appearance& appearance, QQuickItem& desktop);
     ~DemoPermissions() override;
 
@@ -31,9 +31,9 @@ class DemoPermissions : public QQuickPaintedItem {
     QRectF frame() const;
 
     const sim::SimMac& mac_;
-    PermissionsWindow& permissions_;
+    PermissionsModel& permissions_;
     Views& views_;
-    PermissionsScene scene_;
+    PermissionsViewModel viewModel_;
     std::unique_ptr<QQuickItem> view_;
     QPointF grip_;
     Handle observation_;

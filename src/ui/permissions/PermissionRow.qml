@@ -1,8 +1,8 @@
 import QtQuick
 import Larkspan
 
-/// One permission: whether it is granted, what it is for, and the button that asks for it. The rows
-/// stand one below the other under a rule each.
+/// One permission: whether it is granted, what it is for, and the button that requests it. The rows
+/// are below each other, each under a rule.
 Item {
     id: row
 
@@ -19,7 +19,7 @@ Item {
     readonly property real pitch: 84
     /// From the top of the window to the rule above the first row.
     readonly property real firstRule: 76
-    /// Below all that follows the rows.
+    /// Below everything under the rows.
     readonly property real bottomMargin: 20
     readonly property color ruleColor: Qt.rgba(ink.r, ink.g, ink.b,
                                                appearance.increasesContrast ? 0.8 : 0.13)
@@ -97,7 +97,7 @@ Item {
         }
     }
 
-    /// Where the button is while the permission is missing.
+    /// The button while the permission is missing, then the state.
     Item {
         id: answer
 

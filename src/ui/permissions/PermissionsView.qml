@@ -1,17 +1,17 @@
 import QtQuick
 import Larkspan
 
-/// What the permissions window holds: why the two permissions are needed, which of them is
-/// missing, and the way to grant it.
+/// The contents of the permissions window: why the two permissions are needed, which of them are
+/// missing, and a button to grant each.
 FocusScope {
     id: view
 
-    required property PermissionsScene scene
+    required property PermissionsViewModel viewModel
 
-    /// Of the lower corners, where the window around the view does not cut them.
+    /// Of the lower corners, for a window that does not clip them.
     property real cornerRadius: 0
 
-    readonly property Appearance appearance: scene.appearance
+    readonly property Appearance appearance: viewModel.appearance
     readonly property color ink: appearance.isDark ? "#ffffff" : "#16181d"
     readonly property color paleInk: Qt.rgba(ink.r, ink.g, ink.b,
                                              appearance.increasesContrast ? 1 : 0.66)
@@ -55,12 +55,12 @@ FocusScope {
         place: 0
         title: "Accessibility"
         reason: "To list, hide and show other apps' windows, and to read badges from the Dock."
-        isGranted: view.scene.hasAccessibility
+        isGranted: view.viewModel.hasAccessibility
         appearance: view.appearance
         ink: view.ink
         paleInk: view.paleInk
         margin: view.margin
-        onGrantRequested: view.scene.grantAccessibility()
+        onGrantRequested: view.viewModel.grantAccessibility()
     }
 
     PermissionRow {
@@ -69,12 +69,12 @@ FocusScope {
         place: 1
         title: "Screen Recording"
         reason: "For window previews and the animation when an app hides into its icon."
-        isGranted: view.scene.hasScreenRecording
+        isGranted: view.viewModel.hasScreenRecording
         appearance: view.appearance
         ink: view.ink
         paleInk: view.paleInk
         margin: view.margin
-        onGrantRequested: view.scene.grantScreenRecording()
+        onGrantRequested: view.viewModel.grantScreenRecording()
     }
 
     Rectangle {
@@ -109,7 +109,7 @@ FocusScope {
         Accessible.name: text
     }
 
-    Keys.onEscapePressed: scene.close()
+    Keys.onEscapePressed: viewModel.close()
 
     Accessible.role: Accessible.Pane
     Accessible.name: heading.text

@@ -41,7 +41,7 @@ TEST_F(AutostartEntriesTest, AnAppIsOpenedByACopyOfItsEntry) {
     EXPECT_EQ(autostart.opensAtLogin(writer), false);
 }
 
-TEST_F(AutostartEntriesTest, WhatEverybodysFolderOpensIsClosedByAFileOfTheUsers) {
+TEST_F(AutostartEntriesTest, UserFileTurnsOffASystemEntry) {
     home.write(everybodys, entry);
     EXPECT_EQ(autostart.opensAtLogin(writer), true);
     EXPECT_TRUE(autostart.setOpensAtLogin(writer, false));
@@ -49,10 +49,10 @@ TEST_F(AutostartEntriesTest, WhatEverybodysFolderOpensIsClosedByAFileOfTheUsers)
     EXPECT_EQ(home.read(everybodys), entry);
     EXPECT_TRUE(autostart.setOpensAtLogin(writer, true));
     EXPECT_EQ(autostart.opensAtLogin(writer), true);
-    EXPECT_EQ(home.read(own), "") << "everybody's holds again";
+    EXPECT_EQ(home.read(own), "") << "the system's file counts again";
 }
 
-TEST_F(AutostartEntriesTest, WhatIsSwitchedOffElsewhereCanBeSwitchedOn) {
+TEST_F(AutostartEntriesTest, AnEntryTurnedOffElsewhereCanBeTurnedOn) {
     for (const char* off : {"Hidden=true\n", "X-GNOME-Autostart-enabled=false\n"}) {
         home.write(own, entry + off);
         EXPECT_EQ(autostart.opensAtLogin(writer), false) << off;
@@ -61,10 +61,10 @@ TEST_F(AutostartEntriesTest, WhatIsSwitchedOffElsewhereCanBeSwitchedOn) {
     }
 }
 
-TEST_F(AutostartEntriesTest, WhatIsNoAppIsNotKnownAndAFailureIsSaid) {
+TEST_F(AutostartEntriesTest, UnknownAppsAndFailuresAreReported) {
     EXPECT_EQ(autostart.opensAtLogin("/nowhere"), std::nullopt);
     EXPECT_FALSE(autostart.setOpensAtLogin("/nowhere", true));
-    // A file stands where the folder should be.
+    // A file is where the folder should be.
     home.write("config/autostart", "");
     EXPECT_FALSE(autostart.setOpensAtLogin(writer, true));
 }

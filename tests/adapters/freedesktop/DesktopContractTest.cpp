@@ -40,7 +40,7 @@ class PinnedFileWorld : public DockPreferencesWorld {
     std::optional<PropertyValue> readElsewhere(const std::string& key) override {
         const auto values = stored();
         const auto found = values.find(key);
-        // Before anything was stored everyone starts with the list of the desktop's own apps.
+        // Before anything was stored, the list has the desktop's default apps.
         if (found == values.end()) return PropertyValue(PropertyValue::Array{});
         return found->second;
     }
@@ -98,7 +98,7 @@ class LoginEntryWorld : public LoginItemWorld {
     void switchOff() override {
         home_.folder.write(".config/autostart/larkspan.desktop", "[Desktop Entry]\nHidden=true\n");
     }
-    // A file stands where the folder should be.
+    // A file is where the folder should be.
     void refuse() override { home_.folder.write(".config/autostart", ""); }
 
   private:

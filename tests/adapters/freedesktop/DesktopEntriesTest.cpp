@@ -10,7 +10,7 @@ using testing::IsEmpty;
 
 class DesktopEntriesTest : public DesktopFolders {};
 
-TEST_F(DesktopEntriesTest, ReadsWhatAnEntrySays) {
+TEST_F(DesktopEntriesTest, ReadsAnEntry) {
     folder_.write("data/applications/org.example.Editor.desktop", R"(# a comment
 [Desktop Entry]
 Type=Application
@@ -57,7 +57,7 @@ Name=Other
     EXPECT_EQ(entries_.atPath(entry->path), entry);
 }
 
-TEST_F(DesktopEntriesTest, WhatIsInstalledAndWhatIsInTheMenus) {
+TEST_F(DesktopEntriesTest, ListsInstalledAndDisplayedEntries) {
     struct Case {
         const char* keys;
         bool isInstalled;
@@ -89,7 +89,7 @@ TEST_F(DesktopEntriesTest, WhatIsInstalledAndWhatIsInTheMenus) {
     }
 }
 
-TEST_F(DesktopEntriesTest, TheUsersFolderCountsBeforeEverybodys) {
+TEST_F(DesktopEntriesTest, TheUsersFolderComesBeforeTheSystems) {
     install("editor", "Exec=theirs");
     install("game", "Exec=game");
     install("kde4/tool", "Exec=tool");
@@ -97,7 +97,7 @@ TEST_F(DesktopEntriesTest, TheUsersFolderCountsBeforeEverybodys) {
     folder_.write(own + "editor.desktop", "[Desktop Entry]\nType=Application\nExec=ours\n");
     folder_.write(own + "game.desktop", "[Desktop Entry]\nHidden=true\n");
     EXPECT_EQ(entries_.find("editor")->exec, "ours");
-    EXPECT_EQ(entries_.find("editor")->name, "editor") << "without a name it is called by its id";
+    EXPECT_EQ(entries_.find("editor")->name, "editor") << "without a name, the id is used";
     EXPECT_FALSE(entries_.find("game"));
     EXPECT_TRUE(entries_.find("kde4-tool"));
     EXPECT_EQ(entries_.all().size(), 2u);
@@ -158,7 +158,7 @@ TEST_F(DesktopEntriesTest, FollowsInstallations) {
     install("second", "Exec=b");
     install("third", "Exec=b");
     ASSERT_TRUE(qt::runUntil([&] { return changes > 0; }));
-    EXPECT_EQ(changes, 1) << "one installation is one change";
+    EXPECT_EQ(changes, 1) << "one installation is announced once";
     EXPECT_EQ(entries_.all().size(), 3u);
     std::filesystem::remove(folder_.path("data/applications/first.desktop"));
     ASSERT_TRUE(qt::runUntil([&] { return changes > 1; }));
@@ -175,13 +175,13 @@ TEST_F(DesktopEntriesTest, NoticesAFolderThatAppears) {
     ASSERT_TRUE(qt::runUntil([&] { return changes > 0 && entries_.find("new"); }));
 }
 
-TEST_F(DesktopEntriesTest, DefaultsAreTheUsersThenTheDesktopsThenWhatFits) {
+TEST_F(DesktopEntriesTest, DefaultsComeFromTheUserThenTheDesktopThenTheTypes) {
     install("files", "MimeType=inode/directory;\nCategories=FileManager;");
     install("an-editor", "MimeType=inode/directory;text/plain;\nCategories=TextEditor;");
     install("browser-a", "MimeType=x-scheme-handler/https;\nCategories=WebBrowser;");
     install("browser-b", "MimeType=x-scheme-handler/https;\nCategories=WebBrowser;");
     install("term", "Exec=term\nCategories=TerminalEmulator;");
-    EXPECT_EQ(idOf(defaults_.fileManager()), "files") << "not the editor that opens folders too";
+    EXPECT_EQ(idOf(defaults_.fileManager()), "files") << "not the editor, which also opens folders";
     EXPECT_EQ(idOf(defaults_.forType("x-scheme-handler/https")), "browser-a");
 
     folder_.write("etc/mimeapps.list", "[Default Applications]\n"
@@ -197,10 +197,10 @@ TEST_F(DesktopEntriesTest, DefaultsAreTheUsersThenTheDesktopsThenWhatFits) {
                   "[Default Applications]\nx-scheme-handler/https=browser-a.desktop\n"
                   "inode/directory=an-editor.desktop\n");
     EXPECT_EQ(idOf(defaults_.forType("x-scheme-handler/https")), "browser-a");
-    EXPECT_EQ(idOf(defaults_.fileManager()), "an-editor") << "the user chose so";
+    EXPECT_EQ(idOf(defaults_.fileManager()), "an-editor") << "chosen by the user";
     EXPECT_EQ(idOf(defaults_.forFile(folder_.path())), "an-editor");
     EXPECT_EQ(idOf(defaults_.forFile(folder_.write("source.cpp", "int a;"))), "an-editor")
-        << "a source is a text";
+        << "a source file is a text";
 }
 
 } // namespace

@@ -14,7 +14,7 @@
 
 namespace larkspan::freedesktop {
 
-/// A desktop's files in a folder of the test's own: `home`, `data` for everybody, `bin` as PATH.
+/// A desktop's files in the test's own folder: `home`, `data` for all users, `bin` as PATH.
 class DesktopFolders : public testing::Test {
   protected:
     DesktopFolders() {
@@ -22,7 +22,7 @@ class DesktopFolders : public testing::Test {
         std::filesystem::create_directories(folder_.path("data/applications"));
     }
 
-    /// Installs an application for everybody; `keys` are further lines.
+    /// Installs an application for all users; `keys` are further lines.
     void install(const std::string& id, const std::string& keys, const std::string& name = "Name") {
         folder_.write("data/applications/" + id + ".desktop",
                       "[Desktop Entry]\nType=Application\nName=" + name + "\n" + keys + "\n");

@@ -65,7 +65,7 @@ TEST(ExecLine, FieldCodes) {
     }
 }
 
-TEST(ExecLine, OnlyAPlainLineTellsWhoseProcessItIs) {
+TEST(ExecLine, OnlyAPlainLineIdentifiesTheProcess) {
     EXPECT_EQ(soleProgram("gimp-2.10 %U"), "gimp-2.10");
     EXPECT_EQ(soleProgram("/usr/bin/chromium --no-first-run %U"), "/usr/bin/chromium");
     EXPECT_EQ(soleProgram("python3 /usr/share/tool/main.py"), std::nullopt);

@@ -15,7 +15,7 @@
 namespace larkspan::freedesktop {
 namespace {
 
-/// A file manager that takes note of what it is to show, or refuses.
+/// A file manager that records what it has to show, or refuses.
 class Manager : public QDBusVirtualObject {
   public:
     QString introspect(const QString&) const override { return {}; }
@@ -40,14 +40,14 @@ class FileManagerOnBusTest : public testing::Test {
     }
 
     QCoreApplication& application = qt::testApplication();
-    /// Brings the session bus.
+    /// Starts the session bus.
     PanelOnBus panel;
     Manager manager;
     std::vector<std::string> opened;
     FileManagerOnBus files{[this](const std::string& folder) { opened.push_back(folder); }};
 };
 
-TEST_F(FileManagerOnBusTest, IsToldTheAddressOfTheFile) {
+TEST_F(FileManagerOnBusTest, GetsTheUrlOfTheFile) {
     startManager();
     files.reveal("/tmp/a folder/50%.txt");
     ASSERT_TRUE(qt::runUntil([&] { return !manager.shown.empty(); }));
@@ -57,7 +57,7 @@ TEST_F(FileManagerOnBusTest, IsToldTheAddressOfTheFile) {
     EXPECT_TRUE(opened.empty());
 }
 
-TEST_F(FileManagerOnBusTest, TheFolderIsOpenedWhereNoneAnswersOrItRefuses) {
+TEST_F(FileManagerOnBusTest, TheFolderIsOpenedWithoutAFileManagerOrIfItRefuses) {
     files.reveal("/tmp/a folder/50%.txt");
     ASSERT_TRUE(qt::runUntil([&] { return !opened.empty(); }));
     startManager();

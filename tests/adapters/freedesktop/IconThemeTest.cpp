@@ -105,7 +105,7 @@ TEST_F(IconThemeTest, IconsOfApplicationsBeforeOthersOfTheName) {
     EXPECT_EQ(colour(theme.icon("only-type"), 48), red);
 }
 
-TEST_F(IconThemeTest, ThemeIsTheOneTheDesktopIsSetTo) {
+TEST_F(IconThemeTest, UsesTheThemeOfTheDesktop) {
     saveTheme("Chosen", "");
     saveTheme("Adwaita", "");
     saveIcon("icons/Chosen/48x48/apps/editor.png", 48, red);
@@ -116,7 +116,7 @@ TEST_F(IconThemeTest, ThemeIsTheOneTheDesktopIsSetTo) {
     EXPECT_EQ(colour(IconTheme(environment_).icon("editor"), 48), red);
 }
 
-TEST_F(IconThemeTest, WithoutAnyThemeThereIsStillAGenericIcon) {
+TEST_F(IconThemeTest, WithoutAThemeThereIsAGenericIcon) {
     const auto image = IconTheme(environment_).genericApplication();
     ASSERT_TRUE(image);
     for (const int pixels : {1, 16, 48, 512}) {

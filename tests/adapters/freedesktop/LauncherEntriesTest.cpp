@@ -17,7 +17,7 @@ class LauncherEntriesTest : public testing::Test {
     LauncherEntriesTest() { entries_.listen(); }
     ~LauncherEntriesTest() override { QDBusConnection::disconnectFromBus("an app"); }
 
-    /// As soon as somebody is there who shows counts, as the apps do it.
+    /// Sends the update as soon as somebody shows counts, as apps do.
     void say(const QString& address, const QVariantMap& properties) {
         auto app = QDBusConnection::connectToBus(QDBusConnection::SessionBus, "an app");
         ASSERT_TRUE(qt::runUntil(
@@ -32,24 +32,24 @@ class LauncherEntriesTest : public testing::Test {
         return found == entries_.entries().end() ? LauncherEntry{} : found->second;
     }
 
-    /// Brings the bus along.
+    /// Starts the session bus.
     PanelOnBus panel_;
     int changes_ = 0;
     LauncherEntries entries_{[this] { ++changes_; }};
 };
 
-TEST_F(LauncherEntriesTest, WhatAnAppSaysHoldsUntilItLeaves) {
+TEST_F(LauncherEntriesTest, AnUpdateIsValidUntilTheAppLeaves) {
     say("application://mail.desktop", {{"count", 5LL}, {"count-visible", true}});
     ASSERT_TRUE(qt::runUntil([&] { return mail().count == 5; }));
     say("application://mail.desktop", {{"urgent", true}});
     ASSERT_TRUE(qt::runUntil([&] { return mail().isUrgent; }));
-    EXPECT_EQ(mail(), (LauncherEntry{5, true, true})) << "only what an update names changes";
+    EXPECT_EQ(mail(), (LauncherEntry{5, true, true})) << "only the update's own properties change";
     QDBusConnection::disconnectFromBus("an app");
     EXPECT_TRUE(qt::runUntil([&] { return entries_.entries().empty(); }));
     EXPECT_EQ(changes_, 3);
 }
 
-TEST_F(LauncherEntriesTest, WhatIsNotShownIsNoNews) {
+TEST_F(LauncherEntriesTest, UnknownPropertiesAreIgnored) {
     say("application://mail.desktop", {{"progress", 0.5}, {"progress-visible", true}});
     say("nonsense", {{"count", 5LL}, {"count-visible", true}});
     say("application://mail.desktop", {{"count", 1LL}});
@@ -58,7 +58,7 @@ TEST_F(LauncherEntriesTest, WhatIsNotShownIsNoNews) {
     EXPECT_EQ(entries_.entries().size(), 1U);
 }
 
-TEST(LauncherEntry, TakesWhatItCanRead) {
+TEST(LauncherEntry, ReadsKnownProperties) {
     const LauncherEntry before{3, true, false};
     EXPECT_EQ(updatedEntry(before, {}), before);
     EXPECT_EQ(updatedEntry(before, {{"count", 7U}}), (LauncherEntry{7, true, false}));
@@ -66,7 +66,7 @@ TEST(LauncherEntry, TakesWhatItCanRead) {
     EXPECT_EQ(updatedEntry(before, {{"count", QVariantList()}}), (LauncherEntry{0, true, false}));
 }
 
-TEST(LauncherEntry, HasTheAddressOfItsDesktopEntry) {
+TEST(LauncherEntry, IsNamedByItsUrl) {
     EXPECT_EQ(entryOfAddress("application://org.example.Mail.desktop"), "org.example.Mail");
     for (const auto* address : {"", "application://", "application://.desktop", "mail.desktop",
                                 "file:///mail.desktop", "application://mail"})

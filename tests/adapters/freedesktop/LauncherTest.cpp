@@ -17,7 +17,8 @@ using testing::Not;
 
 class LauncherTest : public DesktopFolders {
   protected:
-    /// A program that writes what it was given, and says so by a file that appears whole.
+    /// A program that writes its arguments and environment to a file, which appears when it is
+    /// complete.
     void installReporter(const std::string& name) {
         installProgram(name, "cd \"$OLDPWD\" 2>/dev/null\n{ printf '%s|' \"$@\"; echo; pwd; "
                              "cut -d' ' -f6 /proc/$$/stat; echo $$; env; ls -l /proc/self/fd; "
@@ -37,7 +38,7 @@ class LauncherTest : public DesktopFolders {
     Launcher launcher_{environment_, defaults_};
 };
 
-TEST_F(LauncherTest, StartsWithoutAShellInASessionOfItsOwn) {
+TEST_F(LauncherTest, StartsWithoutAShellInItsOwnSession) {
     installReporter("reporter");
     setenv("QT_QPA_PLATFORM", "ours", 1);
     const int leak = open("/dev/null", O_RDONLY);
@@ -49,11 +50,12 @@ TEST_F(LauncherTest, StartsWithoutAShellInASessionOfItsOwn) {
     const std::string text = report("reporter");
     EXPECT_THAT(text, HasSubstr("--x|$HOME; *|/a b|/c|"));
     const std::string pid = std::to_string(*result.pid);
-    EXPECT_THAT(text, HasSubstr("\n" + pid + "\n" + pid + "\n")) << "it leads its session";
+    EXPECT_THAT(text, HasSubstr("\n" + pid + "\n" + pid + "\n"))
+        << "it is the leader of its session";
     EXPECT_THAT(text, HasSubstr("DESKTOP_STARTUP_ID=id-of-the-start"));
     EXPECT_THAT(text, HasSubstr("HOME=" + folder_.path("home")));
     EXPECT_THAT(text, Not(HasSubstr("QT_QPA_PLATFORM")));
-    // 0 to 2, and the listing's own.
+    // 0 to 2, and the one of the listing.
     EXPECT_THAT(text, Not(HasSubstr(" 4 -> ")));
 }
 
@@ -72,13 +74,13 @@ TEST_F(LauncherTest, TerminalProgramsGetATerminal) {
     EXPECT_THAT(report("x-term"), HasSubstr("-e|tool|a b|/f|"));
 }
 
-TEST_F(LauncherTest, OneByOneWhereTheProgramTakesOneFile) {
+TEST_F(LauncherTest, StartsOncePerFileIfTheProgramTakesOne) {
     installProgram("one", "echo \"$1\" >> " + folder_.path("one.out"));
     ASSERT_TRUE(launcher_.launch(*entry("one %f"), {"/a", "/b"}).pid);
     ASSERT_TRUE(qt::runUntil([&] { return folder_.read("one.out").size() == 6; }));
 }
 
-TEST_F(LauncherTest, FailuresSayWhatIsWrong) {
+TEST_F(LauncherTest, FailuresHaveAReason) {
     EXPECT_THAT(launcher_.launch(*entry("not-there")).failure, HasSubstr("not-there"));
     folder_.write("data/applications/app.desktop", "");
     const DesktopEntry malformed{.path = "/x.desktop", .name = "X", .exec = "\"open"};

@@ -41,7 +41,7 @@ class PinnedFileTest : public DesktopFolders {
     std::vector<std::string> reports_;
 };
 
-TEST_F(PinnedFileTest, FirstListIsTheDesktopsAndStaysWhenMoreIsInstalled) {
+TEST_F(PinnedFileTest, TheFirstListHasTheDefaultsAndIsKept) {
     install("files", "MimeType=inode/directory;\nCategories=FileManager;");
     install("web", "MimeType=x-scheme-handler/https;\nCategories=WebBrowser;", "The Web");
     EXPECT_THAT(identifiers(open()), ElementsAre("web"));
@@ -50,7 +50,7 @@ TEST_F(PinnedFileTest, FirstListIsTheDesktopsAndStaysWhenMoreIsInstalled) {
     EXPECT_THAT(identifiers(open()), ElementsAre("web"));
 }
 
-TEST_F(PinnedFileTest, WhatIsSetIsWrittenWhenSynchronised) {
+TEST_F(PinnedFileTest, SynchronisingWritesChanges) {
     auto file = open();
     file.setAppValue("persistent-apps", listOf("one"));
     EXPECT_THAT(identifiers(open()), IsEmpty());
@@ -58,7 +58,7 @@ TEST_F(PinnedFileTest, WhatIsSetIsWrittenWhenSynchronised) {
     EXPECT_THAT(identifiers(open()), ElementsAre("one"));
 }
 
-TEST_F(PinnedFileTest, OutsideEditsAreAnnouncedAndOwnWritingIsNot) {
+TEST_F(PinnedFileTest, OutsideChangesAreAnnouncedAndOwnOnesAreNot) {
     auto file = open();
     file.setAppValue("persistent-apps", listOf("one"));
     ASSERT_TRUE(file.synchronize());
@@ -96,7 +96,7 @@ class LoginEntryTest : public DesktopFolders {
     const std::string file_ = "home/.config/autostart/larkspan.desktop";
 };
 
-TEST_F(LoginEntryTest, StatusIsTheFiles) {
+TEST_F(LoginEntryTest, StatusFollowsTheFile) {
     auto item = login();
     EXPECT_EQ(item.status(), LoginItem::Status::notRegistered);
     EXPECT_TRUE(item.registerItem());
@@ -108,11 +108,11 @@ TEST_F(LoginEntryTest, StatusIsTheFiles) {
     EXPECT_TRUE(item.registerItem());
     EXPECT_EQ(item.status(), LoginItem::Status::enabled);
     EXPECT_TRUE(item.unregisterItem());
-    EXPECT_FALSE(item.unregisterItem()) << "there is nothing to take back";
+    EXPECT_FALSE(item.unregisterItem()) << "it is not registered";
     EXPECT_EQ(item.status(), LoginItem::Status::notRegistered);
 }
 
-TEST_F(LoginEntryTest, AnyPathIsStartedAsItIs) {
+TEST_F(LoginEntryTest, AnyPathIsQuotedCorrectly) {
     for (const std::string program :
          {"/usr/bin/larkspan", "/a b/larkspan", "/50%/l", R"(/a"b$c`d\e/l)"}) {
         ASSERT_TRUE(login(program).registerItem());
@@ -124,10 +124,10 @@ TEST_F(LoginEntryTest, AnyPathIsStartedAsItIs) {
 
 class FreedesktopTrashTest : public DesktopFolders {};
 
-TEST_F(FreedesktopTrashTest, CountsAndFollowsWhatIsThrownAway) {
+TEST_F(FreedesktopTrashTest, CountsAndFollowsFiles) {
     std::string opened;
     FreedesktopTrash trash(environment_, [&](const std::string& path) { opened = path; });
-    EXPECT_EQ(trash.entryCount(), 0u) << "before the first thing was thrown away";
+    EXPECT_EQ(trash.entryCount(), 0u) << "before anything was thrown away";
     ASSERT_TRUE(trash.announcesChanges());
     int changes = 0;
     const Handle subscription = trash.subscribe([&] { ++changes; });
@@ -156,7 +156,7 @@ TEST_F(FreedesktopTrashTest, CountsAndFollowsWhatIsThrownAway) {
     EXPECT_EQ(opened, folder_.path("home/.local/share/Trash/files"));
 }
 
-TEST_F(FreedesktopTrashTest, UnreadableIsNoCount) {
+TEST_F(FreedesktopTrashTest, AnUnreadableFolderHasNoCount) {
     folder_.write("home/.local/share/Trash/files", "a file where the folder should be");
     const FreedesktopTrash trash(environment_, [](const std::string&) {});
     EXPECT_EQ(trash.entryCount(), std::nullopt);

@@ -20,7 +20,7 @@ namespace {
 constexpr const char* watcherName = "org.kde.StatusNotifierWatcher";
 constexpr const char* propertiesInterface = "org.freedesktop.DBus.Properties";
 constexpr const char* menuInterface = "com.canonical.dbusmenu";
-/// No menu here is longer.
+/// More than any menu has here.
 constexpr int mostLines = 20;
 
 /// A bus daemon that lives as long as the test program.

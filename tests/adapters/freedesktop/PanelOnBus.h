@@ -11,25 +11,25 @@
 
 namespace larkspan::freedesktop {
 
-/// A panel that shows status items, on a session bus that the test program has to itself. It takes
-/// note of the items that register and does with them what its user would.
+/// A panel that shows status items, on a session bus that only the test program uses. It records
+/// the items that register, and uses them as a user would.
 class PanelOnBus {
   public:
-    /// Starts the bus when it is the first. Throws without a bus daemon on this machine.
+    /// The first one starts the bus. Throws if there is no bus daemon on this machine.
     PanelOnBus();
     ~PanelOnBus();
     PanelOnBus(const PanelOnBus&) = delete;
     PanelOnBus& operator=(const PanelOnBus&) = delete;
 
-    /// A panel that is not there yet hears of no item.
+    /// Registers the panel, which before does not know of any items.
     void appear();
-    /// The titles of the items that are there.
+    /// The titles of the registered items.
     std::vector<std::string> shown();
-    /// The label of a line of the menu, counted from 1 with the separators; empty for none.
+    /// The label of a menu item, counted from 1 with the separators; empty if there is none.
     QString label(int line);
-    /// Clicks a line by its place, whether there is one or not.
+    /// Clicks an item by index, whether or not it exists.
     void click(int line);
-    /// Clicks the line of that label; false when there is none.
+    /// Clicks the item with that label; false if there is none.
     bool choose(const std::string& label);
     QDBusMessage call(const QString& path, const QString& interface, const QString& member,
                       const QVariantList& arguments);

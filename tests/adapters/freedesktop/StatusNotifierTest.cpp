@@ -27,9 +27,9 @@ class StatusNotifierTest : public testing::Test {
     int uses_ = 0;
 };
 
-TEST_F(StatusNotifierTest, ItemIsThereForAPanelThatComesLaterAndItsMenuWorks) {
+TEST_F(StatusNotifierTest, APanelThatStartsLaterShowsTheItemAndItsMenu) {
     const Handle shown = notifier_.show(item());
-    EXPECT_THAT(reports_, testing::ElementsAre(testing::HasSubstr("starting larkspan again")));
+    EXPECT_THAT(reports_, testing::ElementsAre(testing::HasSubstr("start larkspan again")));
 
     panel_.appear();
     ASSERT_TRUE(

@@ -13,9 +13,9 @@ std::optional<std::vector<ManagedDisplay>> decoded(PropertyValue value) {
     return managedDisplays(PropertyView(&value));
 }
 
-// As a Mac writes two displays: the first desktop has an empty uuid, and the second display shows
-// an app in full screen.
-TEST(ManagedSpaces, TwoDisplaysAsTheWindowServerWritesThem) {
+// Two displays as on a real Mac: the first desktop has an empty uuid, and the second display shows
+// a full-screen app.
+TEST(ManagedSpaces, ReadsTwoDisplays) {
     const Dictionary first{{"ManagedSpaceID", 1}, {"id64", 1}, {"type", 0}, {"uuid", ""}};
     const Dictionary second{
         {"ManagedSpaceID", 7}, {"id64", 7}, {"type", 0}, {"uuid", "4A0E5B62-0001"}};
@@ -40,7 +40,7 @@ TEST(ManagedSpaces, TwoDisplaysAsTheWindowServerWritesThem) {
                                   {"37D8832A-2D66-02CA-B9F7-8F30A301B231", forty, {forty}}}));
 }
 
-TEST(ManagedSpaces, WhatIsMissingOrMisshapenIsAbsentAndCostsNoOther) {
+TEST(ManagedSpaces, MissingOrMalformedFieldsAreAbsent) {
     struct Case {
         const char* what;
         PropertyValue display;
@@ -59,7 +59,7 @@ TEST(ManagedSpaces, WhatIsMissingOrMisshapenIsAbsentAndCostsNoOther) {
         {"an empty current Space",
          Dictionary{{"Current Space", Dictionary{}}},
          {{}, ManagedSpace{}, {}}},
-        {"Spaces that are no list", Dictionary{{"Spaces", Dictionary{{"id64", 1}}}}, {}},
+        {"Spaces that are not a list", Dictionary{{"Spaces", Dictionary{{"id64", 1}}}}, {}},
         {"a Space in words", Dictionary{{"Spaces", Array{"one"}}}, {{}, {}, {{}}}},
         {"a Space without a type",
          withSpace({{"id64", 3}, {"uuid", "U"}}),
@@ -77,7 +77,7 @@ TEST(ManagedSpaces, WhatIsMissingOrMisshapenIsAbsentAndCostsNoOther) {
         EXPECT_EQ(decoded(Array{each.display}), std::vector{each.expected}) << each.what;
 }
 
-TEST(ManagedSpaces, ALostAnswerIsNotAMacWithoutDisplays) {
+TEST(ManagedSpaces, AFailedCallIsNotAnEmptyList) {
     EXPECT_EQ(decoded(Array{}), std::vector<ManagedDisplay>{});
     EXPECT_EQ(decoded(Dictionary{}), std::nullopt);
     EXPECT_EQ(managedDisplays(PropertyView(nullptr)), std::nullopt);

@@ -16,7 +16,7 @@ int answer() {
     return 42;
 }
 
-/// Functions a system has, and which names were looked for.
+/// The functions of a system, and the names that were looked up.
 struct Library {
     std::vector<std::string> names;
     std::vector<std::string> lookedFor;
@@ -30,7 +30,7 @@ struct Library {
     }
 };
 
-TEST(PrivateFunction, IsLookedUpOnFirstUseUnderTheNewerNameFirst) {
+TEST(PrivateFunction, IsLookedUpOnFirstUseNewestNameFirst) {
     struct Case {
         std::vector<std::string> names;
         bool isFound;
@@ -45,7 +45,7 @@ TEST(PrivateFunction, IsLookedUpOnFirstUseUnderTheNewerNameFirst) {
         Library library{.names = each.names, .lookedFor = {}};
         const SymbolLookup lookup = library.lookup();
         const PrivateFunction<int()> function(lookup, {"SLSAnswer", "CGSAnswer"});
-        EXPECT_TRUE(library.lookedFor.empty()) << "before anyone asked";
+        EXPECT_TRUE(library.lookedFor.empty()) << "before the first use";
         for (int use = 0; use < 3; ++use) {
             ASSERT_EQ(function.get() != nullptr, each.isFound);
             if (each.isFound) {
@@ -56,7 +56,7 @@ TEST(PrivateFunction, IsLookedUpOnFirstUseUnderTheNewerNameFirst) {
     }
 }
 
-TEST(PrivateFunction, ThreadsThatRaceForItLookItUpOnceAndAllHaveIt) {
+TEST(PrivateFunction, RacingThreadsLookItUpOnce) {
     std::atomic<int> lookups = 0;
     const SymbolLookup lookup = [&](const char*) {
         ++lookups;
@@ -69,7 +69,7 @@ TEST(PrivateFunction, ThreadsThatRaceForItLookItUpOnceAndAllHaveIt) {
         std::vector<std::thread> threads;
         for (int thread = 0; thread < 4; ++thread)
             threads.emplace_back([&] {
-                // All at once.
+                // All start at the same time.
                 --waiting;
                 while (waiting > 0)
                     std::this_thread::yield();
@@ -82,7 +82,7 @@ TEST(PrivateFunction, ThreadsThatRaceForItLookItUpOnceAndAllHaveIt) {
     }
 }
 
-TEST(WindowMove, EachSystemHasItsWay) {
+TEST(WindowMove, EachSystemHasItsMethod) {
     struct Case {
         long major;
         long minor;

@@ -9,7 +9,7 @@ namespace {
 using Array = PropertyValue::Array;
 using Dictionary = PropertyValue::Dictionary;
 
-/// A tree in which the text "a date" stands for a value of a type that no `PropertyValue` has.
+/// A tree in which the text "a date" represents a value of an unsupported type.
 class DatedView {
   public:
     DatedView(PropertyView view)
@@ -45,7 +45,7 @@ PropertyValue nested(int depth) {
     return value;
 }
 
-// As the Dock writes a pinned app: what is written back must be what was read.
+// A pinned app as the Dock writes it: it must be written back unchanged.
 TEST(PropertyValueDecoding, ADockEntryKeepsEveryKeyAndItsType) {
     const PropertyValue entry(Dictionary{
         {"GUID", std::int64_t{2478563190}},
@@ -64,7 +64,7 @@ TEST(PropertyValueDecoding, ADockEntryKeepsEveryKeyAndItsType) {
     EXPECT_EQ(propertyValue(PropertyView(&entry)), entry);
 }
 
-TEST(PropertyValueDecoding, LeavesOutWhatItCannotHold) {
+TEST(PropertyValueDecoding, SkipsUnsupportedTypes) {
     const PropertyValue list(Array{1, "a date", Dictionary{{"a", "a date"}, {"b", 2}}});
     EXPECT_EQ(propertyValue(DatedView(&list)), PropertyValue(Array{1, Dictionary{{"b", 2}}}));
     const PropertyValue date("a date");
@@ -72,7 +72,7 @@ TEST(PropertyValueDecoding, LeavesOutWhatItCannotHold) {
     EXPECT_EQ(propertyValue(PropertyView(nullptr)), std::nullopt);
 }
 
-TEST(PropertyValueDecoding, AListNestedWithoutEndIsCutOff) {
+TEST(PropertyValueDecoding, DeepNestingIsCutOff) {
     const auto shallow = nested(63);
     const auto deep = nested(100);
     EXPECT_EQ(propertyValue(PropertyView(&shallow)), shallow);

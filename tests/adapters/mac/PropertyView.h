@@ -4,7 +4,7 @@
 
 namespace larkspan::mac {
 
-/// A look at a value written down in a test, as `ObjectView` looks at the platform's objects.
+/// A view of a value in a test, as `ObjectView` is one of the platform's objects.
 class PropertyView {
   public:
     PropertyView(const PropertyValue* value)

@@ -18,7 +18,7 @@ WindowListEntry decoded(Dictionary entry) {
     return windowListEntry(PropertyView(&value));
 }
 
-// As a Mac writes an ordinary window in front, with the keys nobody reads.
+// An ordinary window in front, as on a real Mac, with keys that are not used.
 TEST(WindowList, AnOrdinaryWindowHasEveryField) {
     const auto entry = decoded({{"kCGWindowLayer", 0},
                                 {"kCGWindowName", "Inbox"},
@@ -40,7 +40,7 @@ TEST(WindowList, AnOrdinaryWindowHasEveryField) {
                                       .name = "Inbox"}));
 }
 
-TEST(WindowList, AMissingOrMisshapenFieldIsAbsentAndCostsNoOther) {
+TEST(WindowList, AMissingOrMalformedFieldIsAbsent) {
     const auto nan = std::numeric_limits<double>::quiet_NaN();
     const auto infinity = std::numeric_limits<double>::infinity();
     const auto large = std::int64_t{1} << 40;
@@ -61,9 +61,9 @@ TEST(WindowList, AMissingOrMisshapenFieldIsAbsentAndCostsNoOther) {
          {{"kCGWindowLayer", std::int64_t{-2147483648}}},
          {.layer = -2147483647 - 1}},
         {"a process beyond every process", {{"kCGWindowOwnerPID", large}}, nothing},
-        {"a process that is no number", {{"kCGWindowOwnerPID", nan}}, nothing},
+        {"a process that is not a number", {{"kCGWindowOwnerPID", nan}}, nothing},
         {"a process without end", {{"kCGWindowOwnerPID", infinity}}, nothing},
-        {"an alpha that is no number", {{"kCGWindowAlpha", nan}}, nothing},
+        {"an alpha that is not a number", {{"kCGWindowAlpha", nan}}, nothing},
         {"an invisible window", {{"kCGWindowAlpha", 0}}, {.alpha = 0}},
         {"the largest window number",
          {{"kCGWindowNumber", std::int64_t{4294967295}}},
@@ -79,7 +79,7 @@ TEST(WindowList, AMissingOrMisshapenFieldIsAbsentAndCostsNoOther) {
         {"bounds without a height",
          {{"kCGWindowBounds", Dictionary{{"X", 1}, {"Y", 2}, {"Width", 3}}}},
          nothing},
-        {"bounds that are no number", {{"kCGWindowBounds", bounds(0, nan, 10, 10)}}, nothing},
+        {"bounds that are not numbers", {{"kCGWindowBounds", bounds(0, nan, 10, 10)}}, nothing},
         {"bounds without end", {{"kCGWindowBounds", bounds(0, 0, infinity, 10)}}, nothing},
         {"a coordinate that is a boolean", {{"kCGWindowBounds", bounds(true, 0, 9, 9)}}, nothing},
         {"bounds left of the main display",
@@ -90,14 +90,14 @@ TEST(WindowList, AMissingOrMisshapenFieldIsAbsentAndCostsNoOther) {
         EXPECT_EQ(decoded(each.entry), each.expected) << each.what;
 }
 
-TEST(WindowList, KeepsItsOrderAndItsMisshapenEntries) {
+TEST(WindowList, KeepsItsOrderAndItsMalformedEntries) {
     const PropertyValue list(Array{Dictionary{{"kCGWindowNumber", 3}}, "no entry", Array{},
                                    Dictionary{{"kCGWindowNumber", 1}}});
     EXPECT_EQ(windowList(PropertyView(&list)),
               (std::vector<WindowListEntry>{{.number = 3}, {}, {}, {.number = 1}}));
 }
 
-TEST(WindowList, ALostListIsNotAnEmptyOne) {
+TEST(WindowList, AFailedCallIsNotAnEmptyWindowList) {
     const PropertyValue empty(Array{});
     const PropertyValue dictionary(Dictionary{});
     EXPECT_EQ(windowList(PropertyView(&empty)), std::vector<WindowListEntry>{});
@@ -107,7 +107,7 @@ TEST(WindowList, ALostListIsNotAnEmptyOne) {
     EXPECT_EQ(windowNumbers(PropertyView(nullptr)), std::nullopt);
 }
 
-TEST(WindowList, NumbersAloneLeaveOutWhatIsNone) {
+TEST(WindowList, NumbersSkipOtherTypes) {
     const PropertyValue list(Array{7, -1, "8", true, 9.0, std::int64_t{1} << 33, 10});
     EXPECT_EQ(windowNumbers(PropertyView(&list)), (std::vector<WindowId>{7, 4294967295U, 9, 10}));
 }

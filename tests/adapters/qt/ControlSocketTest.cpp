@@ -34,7 +34,7 @@ class ControlSocketTest : public testing::Test {
             name, [](const std::string& line, const Reply& reply) { reply("you said " + line); });
     }
 
-    /// Asks from another thread, as another process would, while this one runs its loop.
+    /// Sends a request from another thread, as another process would, while this one runs its loop.
     static std::optional<std::string> ask(const std::string& line,
                                           const std::string& name = "x11-:7") {
         std::optional<std::string> answer;
@@ -48,7 +48,7 @@ class ControlSocketTest : public testing::Test {
         return answer;
     }
 
-    /// A client that connects and says no more than `text`.
+    /// A client that connects and sends only `text`.
     static int connectSilently(const std::string& text = {}) {
         const auto address = ControlAddress::find("x11-:7");
         if (!address) return -1;
@@ -63,7 +63,7 @@ class ControlSocketTest : public testing::Test {
     TemporaryFolder runtime_;
 };
 
-TEST_F(ControlSocketTest, AnswersOneLineWithOneAnswer) {
+TEST_F(ControlSocketTest, RepliesToOneLineWithOneLine) {
     const auto listening = listen();
     ASSERT_TRUE(listening.socket);
     EXPECT_EQ(ask("state"), "you said state");
@@ -71,14 +71,14 @@ TEST_F(ControlSocketTest, AnswersOneLineWithOneAnswer) {
     EXPECT_EQ(ask("ünï \t\" code"), "you said ünï \t\" code");
 }
 
-TEST_F(ControlSocketTest, LongAnswersArriveWhole) {
+TEST_F(ControlSocketTest, LongRepliesArriveComplete) {
     const std::string all(3'000'000, 'y');
     const auto listening = ControlSocket::listen(
         "x11-:7", [&](const std::string&, const Reply& reply) { reply(all); });
     EXPECT_EQ(ask("state"), all);
 }
 
-TEST_F(ControlSocketTest, AnAnswerMayComeLaterAndHoldsUpNobody) {
+TEST_F(ControlSocketTest, ALateReplyDoesNotBlockOthers) {
     std::vector<Reply> waiting;
     const auto listening =
         ControlSocket::listen("x11-:7", [&](const std::string& line, const Reply& reply) {
@@ -102,7 +102,7 @@ TEST_F(ControlSocketTest, AnAnswerMayComeLaterAndHoldsUpNobody) {
     EXPECT_EQ(answer, "in the end");
 }
 
-TEST_F(ControlSocketTest, AnAnswerFindsItsClientOrItsSocketGone) {
+TEST_F(ControlSocketTest, AReplyMayOutliveItsClientAndItsSocket) {
     std::vector<Reply> waiting;
     auto listening = ControlSocket::listen(
         "x11-:7", [&](const std::string&, const Reply& reply) { waiting.push_back(reply); });
@@ -113,7 +113,7 @@ TEST_F(ControlSocketTest, AnAnswerFindsItsClientOrItsSocketGone) {
     waiting[0]("to nobody again");
 
     std::vector<int> clients;
-    // More than may wait at a time: the oldest are dropped.
+    // More than the limit: the oldest are dropped.
     for (std::size_t number = 0; number < 20; ++number) {
         clients.push_back(connectSilently("slow\n"));
         runUntil([&] { return waiting.size() == 2 + number; });
@@ -126,10 +126,10 @@ TEST_F(ControlSocketTest, AnAnswerFindsItsClientOrItsSocketGone) {
         close(connection);
 }
 
-TEST_F(ControlSocketTest, WithoutAnInstanceThereIsNoAnswer) {
+TEST_F(ControlSocketTest, WithoutAnInstanceThereIsNoReply) {
     EXPECT_EQ(ask("state"), std::nullopt);
     { const auto listening = listen(); }
-    EXPECT_EQ(ask("state"), std::nullopt) << "an instance that ended is none";
+    EXPECT_EQ(ask("state"), std::nullopt) << "the instance has ended";
 }
 
 TEST_F(ControlSocketTest, EachDisplayHasItsOwnInstance) {
@@ -142,17 +142,17 @@ TEST_F(ControlSocketTest, EachDisplayHasItsOwnInstance) {
     EXPECT_EQ(ask("a", "x11-:9"), std::nullopt);
 }
 
-TEST_F(ControlSocketTest, SecondInstanceIsToldOfTheFirst) {
+TEST_F(ControlSocketTest, ASecondInstanceNoticesTheFirst) {
     auto first = listen();
     auto second = listen();
     EXPECT_FALSE(second.socket);
     EXPECT_TRUE(second.isTaken);
-    EXPECT_EQ(ask("state"), "you said state") << "the first goes on answering";
+    EXPECT_EQ(ask("state"), "you said state") << "the first instance still replies";
     first.socket.reset();
     EXPECT_TRUE(listen().socket);
 }
 
-TEST_F(ControlSocketTest, SilentAndEndlessClientsHoldUpNobody) {
+TEST_F(ControlSocketTest, SilentAndEndlessClientsDoNotBlockOthers) {
     const auto listening = listen();
     std::vector<int> silent;
     for (int number = 0; number < 40; ++number) {
@@ -167,8 +167,8 @@ TEST_F(ControlSocketTest, SilentAndEndlessClientsHoldUpNobody) {
     }
 }
 
-TEST_F(ControlSocketTest, OfSeveralThatStartTogetherExactlyOneWins) {
-    // What an instance that was killed leaves behind is in their way.
+TEST_F(ControlSocketTest, ExactlyOneOfSeveralStartsWins) {
+    // A killed instance left its socket behind.
     const pid_t dead = fork();
     if (dead == 0) {
         const auto listening = listen();
@@ -225,7 +225,7 @@ TEST_F(ControlSocketTest, OnlyThisUserCanReachIt) {
     EXPECT_EQ(status.st_mode & 07777, 0600u);
 }
 
-TEST_F(ControlSocketTest, AFolderOthersCouldHavePlantedIsRefused) {
+TEST_F(ControlSocketTest, AFolderOfAnotherUserIsRefused) {
     struct Case {
         const char* what;
         std::function<void(const std::string&)> plant;
@@ -245,7 +245,7 @@ TEST_F(ControlSocketTest, AFolderOthersCouldHavePlantedIsRefused) {
         {"another user's",
          [](const std::string& path) {
              mkdir(path.c_str(), 0700);
-             // Only root can give a folder away; for others it stays open to the group instead.
+             // Only root can change the owner; other users open the folder to the group instead.
              if (chown(path.c_str(), 65534, 65534) != 0) chmod(path.c_str(), 0770);
          }},
     };

@@ -86,7 +86,7 @@ TEST_F(DefaultsFileTest, NotANumberSurvives) {
     EXPECT_TRUE(std::isnan(*value->as<double>()));
 }
 
-TEST_F(DefaultsFileTest, ReadsWhatAPersonWrote) {
+TEST_F(DefaultsFileTest, ReadsHandWrittenFiles) {
     folder_.write("larkspan/settings.json",
                   R"({"style": "bar", "barHeight": 60, "glassBlur": "much", "gone": null})");
     const auto defaults = open();
@@ -104,7 +104,7 @@ TEST_F(DefaultsFileTest, OnlyThisUserMayReadIt) {
     EXPECT_EQ(mode("deep"), 0700u);
 }
 
-TEST_F(DefaultsFileTest, AnEqualValueWritesNothing) {
+TEST_F(DefaultsFileTest, AnEqualValueIsNotWritten) {
     auto defaults = open();
     defaults.set("barHeight", 72);
     const auto before = inode("larkspan/settings.json");
@@ -112,7 +112,7 @@ TEST_F(DefaultsFileTest, AnEqualValueWritesNothing) {
     defaults.remove("never set");
     EXPECT_EQ(inode("larkspan/settings.json"), before);
     defaults.set("barHeight", 72.0);
-    EXPECT_NE(inode("larkspan/settings.json"), before) << "another type is another value";
+    EXPECT_NE(inode("larkspan/settings.json"), before) << "a different type is a different value";
 }
 
 TEST_F(DefaultsFileTest, RemovedKeysStayRemoved) {
@@ -121,7 +121,7 @@ TEST_F(DefaultsFileTest, RemovedKeysStayRemoved) {
     EXPECT_EQ(open().value("dotColorRGBA"), std::nullopt);
 }
 
-TEST_F(DefaultsFileTest, DamagedFileIsSetAsideOnceAndNeverLost) {
+TEST_F(DefaultsFileTest, ADamagedFileIsRenamedAndNeverLost) {
     struct Case {
         const char* text;
         bool isDamaged;
@@ -160,7 +160,7 @@ TEST_F(DefaultsFileTest, FollowsALinkInsteadOfReplacingIt) {
     std::filesystem::create_directories(folder_.path("larkspan"));
     for (const std::string text : {"", "{\"mode\": \"vantrel\"}"}) {
         std::filesystem::remove(folder_.path("larkspan/settings.json"));
-        // The first time the file it points to does not exist yet.
+        // At first, the link's target does not exist.
         if (!text.empty()) folder_.write("dotfiles/settings.json", text);
         std::filesystem::create_symlink("../dotfiles/settings.json",
                                         folder_.path("larkspan/settings.json"));
@@ -171,7 +171,7 @@ TEST_F(DefaultsFileTest, FollowsALinkInsteadOfReplacingIt) {
     EXPECT_EQ(open().value("mode"), PropertyValue("vantrel"));
 }
 
-TEST_F(DefaultsFileTest, WithoutAFolderItCarriesOnInMemoryAndSaysSoOnce) {
+TEST_F(DefaultsFileTest, WithoutAFolderItUsesMemoryAndReportsItOnce) {
     folder_.write("file", "");
     auto defaults = open("file/settings.json");
     defaults.set("style", "bar");
@@ -190,7 +190,7 @@ TEST_F(DefaultsFileTest, AFileThatCannotBeReadIsNotReplaced) {
     EXPECT_EQ(reports_.size(), 1u);
 }
 
-TEST_F(DefaultsFileTest, KeepsWhatOthersWroteMeanwhile) {
+TEST_F(DefaultsFileTest, KeepsChangesOfOtherPrograms) {
     auto ours = open();
     ours.set("style", "bar");
     open().set("glass", "regular");
@@ -201,7 +201,7 @@ TEST_F(DefaultsFileTest, KeepsWhatOthersWroteMeanwhile) {
     EXPECT_EQ(reopened.value("barHeight"), PropertyValue(60));
 }
 
-TEST_F(DefaultsFileTest, KilledAtAnyMomentItKeepsEveryFinishedChange) {
+TEST_F(DefaultsFileTest, AKillLosesNoFinishedChange) {
     open().set("count", 0);
     for (int round = 0; round < 12; ++round) {
         std::array<int, 2> pipe{};
@@ -234,7 +234,7 @@ TEST_F(DefaultsFileTest, KilledAtAnyMomentItKeepsEveryFinishedChange) {
          std::filesystem::directory_iterator(folder_.path("larkspan"))) {
         ++files;
     }
-    EXPECT_EQ(files, 1) << "what killed writers left behind is removed";
+    EXPECT_EQ(files, 1) << "temporary files of killed writers are removed";
 }
 
 } // namespace

@@ -39,7 +39,7 @@ class PictureTest : public testing::Test {
     TemporaryFolder folder_;
 };
 
-TEST_F(PictureTest, BitmapIsDrawnFromTheBestOfItsSizes) {
+TEST_F(PictureTest, ABitmapIsDrawnFromTheBestSize) {
     const BitmapImage image(
         "icon",
         {filled(64, 64, blue), filled(16, 16, red), {}, {8, 8, {1, 2}}, filled(128, 128, green)});
@@ -58,7 +58,7 @@ TEST_F(PictureTest, BitmapIsDrawnFromTheBestOfItsSizes) {
     EXPECT_TRUE(BitmapImage("none", {}).bitmap(32).isEmpty());
 }
 
-TEST_F(PictureTest, ProportionsAreKeptInTheMiddleOfTheSquare) {
+TEST_F(PictureTest, ProportionsAreKept) {
     const auto drawn = BitmapImage("wide", {filled(80, 20, red)}).bitmap(40);
     EXPECT_EQ(pixel(drawn, 20, 20), red);
     EXPECT_EQ(pixel(drawn, 20, 4), 0u);
@@ -66,7 +66,7 @@ TEST_F(PictureTest, ProportionsAreKeptInTheMiddleOfTheSquare) {
     EXPECT_EQ(pixel(drawn, 0, 20), red);
 }
 
-TEST_F(PictureTest, FileOfTheRightSizeIsTaken) {
+TEST_F(PictureTest, TheFileOfTheRightSizeIsUsed) {
     const PictureFile image("icon",
                             {savePicture("16", 16, 16, red), savePicture("48", 48, 48, blue),
                              savePicture("256", 256, 256, green)});
@@ -81,7 +81,7 @@ TEST_F(PictureTest, ColoursArePremultiplied) {
     EXPECT_EQ(pixel(PictureFile(folder_.path("half.png")).bitmap(4), 1, 1), 0x80800000u);
 }
 
-TEST_F(PictureTest, DrawingIsSharpAtAnySize) {
+TEST_F(PictureTest, AVectorImageIsSharpAtAnySize) {
     folder_.write("half.svg", R"(<svg xmlns="http://www.w3.org/2000/svg" width="16" height="16">
         <rect width="8" height="16" fill="#f00"/></svg>)");
     const auto drawn = PictureFile(folder_.path("half.svg")).bitmap(200);
@@ -90,7 +90,7 @@ TEST_F(PictureTest, DrawingIsSharpAtAnySize) {
     EXPECT_EQ(pixel(drawn, 101, 100), 0u);
 }
 
-TEST_F(PictureTest, UnreadableFilesFallBackToTheOthersThenToNothing) {
+TEST_F(PictureTest, UnreadableFilesFallBackToTheOthers) {
     const auto good = savePicture("good", 8, 8, red);
     const auto broken = folder_.write("broken.png", "\x89PNG\r\n\x1a\n and no more");
     const auto brokenDrawing = folder_.write("broken.svg", "<svg");

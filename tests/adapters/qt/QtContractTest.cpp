@@ -30,7 +30,7 @@ class DefaultsFileWorld : public UserDefaultsWorld {
     void killAndRestart() override {
         defaults_.emplace(folder_.path("larkspan/settings.json"), [](const std::string&) {});
     }
-    // A file stands where its folder should be.
+    // A file is where its folder should be.
     void breakStorage() override {
         std::filesystem::remove_all(folder_.path("larkspan"));
         folder_.write("larkspan", "");

@@ -7,7 +7,7 @@
 
 namespace larkspan::qt {
 
-/// The one QCoreApplication of the test program; it reads no arguments.
+/// The QCoreApplication of the test program; it reads no arguments.
 inline QCoreApplication& testApplication() {
     static int count = 1;
     static char name[] = "qt_tests";
@@ -16,7 +16,7 @@ inline QCoreApplication& testApplication() {
     return application;
 }
 
-/// Runs the loop until the condition holds; false when it does not within the limit.
+/// Runs the loop until the condition is true; returns false if the limit is reached first.
 inline bool runUntil(const std::function<bool()>& condition, int limitMilliseconds = 5000) {
     QElapsedTimer timer;
     timer.start();

@@ -9,7 +9,7 @@
 
 namespace larkspan {
 
-/// A folder of the test's own, removed with everything in it.
+/// The test's own folder, which is removed with everything in it.
 class TemporaryFolder {
   public:
     TemporaryFolder() {
@@ -31,7 +31,7 @@ class TemporaryFolder {
     bool exists(const std::string& name) const {
         return std::filesystem::exists(std::filesystem::symlink_status(path(name)));
     }
-    /// Writes a file, with the folders it lies in.
+    /// Writes a file, and creates its folders.
     std::string write(const std::string& name, const std::string& text) const {
         std::filesystem::create_directories(std::filesystem::path(path(name)).parent_path());
         std::ofstream(path(name), std::ios::binary) << text;

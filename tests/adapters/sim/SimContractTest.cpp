@@ -19,7 +19,7 @@
 #include "platform/contract/WindowServerContract.h"
 #include "platform/contract/WorkspaceContract.h"
 
-// The simulated Mac keeps every promise that the adapters of real desktops keep.
+// The simulated Mac fulfils the same contracts as the adapters of real desktops.
 
 namespace larkspan::contract {
 namespace {
@@ -165,9 +165,10 @@ INSTANTIATE_TEST_SUITE_P(
     Simulated, LoginItemContract,
     testing::Values(adapter<LoginItemWorld, SimLoginItemWorld>("SimLoginItem")));
 
-// As a Mac is, which has to be polled, and telling of changes by itself.
-const auto desktops = testing::Values(adapter<DesktopWorld, SimDesktopWorld, false>("PolledMac"),
-                                      adapter<DesktopWorld, SimDesktopWorld, true>("TellingMac"));
+// Once polled, as a Mac must be, and once announcing its changes.
+const auto desktops =
+    testing::Values(adapter<DesktopWorld, SimDesktopWorld, false>("PolledMac"),
+                    adapter<DesktopWorld, SimDesktopWorld, true>("AnnouncingMac"));
 INSTANTIATE_TEST_SUITE_P(Simulated, ScreensContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, WindowServerContract, desktops);
 INSTANTIATE_TEST_SUITE_P(Simulated, WorkspaceContract, desktops);

@@ -32,7 +32,7 @@ class SimDesktopWorld : public DesktopWorld {
         mac_.scheduler.runUntilIdle();
         return number;
     }
-    // It does so by itself, in a while.
+    // It finishes by itself after a while.
     void finishLaunching(const std::string&) override {}
     void closeWindow(WindowId window) override { mac_.closeWindow(window); }
     void moveWindow(WindowId window, Point by) override {
@@ -67,7 +67,7 @@ class SimDesktopWorld : public DesktopWorld {
         mac_.setDock(settings);
     }
     void movePointer(Point place) override { mac_.movePointer(place); }
-    // The Dock holds it.
+    // The Dock reserves it.
     double stripTakenFromScreens(double) override { return 0; }
 
   private:

@@ -16,7 +16,7 @@ std::vector<WindowId> onScreen(SimMac& mac) {
     return ids;
 }
 
-TEST(SimMacTest, HidingTheFrontAppTakesItsWindowsAwayAndBringsTheNextForward) {
+TEST(SimMacTest, HidingTheFrontAppBringsTheNextOneForward) {
     SimMac mac;
     const auto notes = mac.launch("org.example.notes");
     const auto note = mac.openWindow(notes);

@@ -31,6 +31,18 @@ TEST(VirtualSchedulerTest, ATurnThatBlocksMakesOthersLateAndMissedBeatsAreNotMad
     EXPECT_THAT(beats, testing::ElementsAre(3.5, 4.5));
 }
 
+TEST(VirtualSchedulerTest, ABeatOfAQueueIsOneTurnAndNeverWaitsTwice) {
+    VirtualScheduler scheduler;
+    std::vector<double> beats;
+    const Handle timer =
+        scheduler.queue("reads").every(1, [&] { beats.push_back(scheduler.uptime()); });
+    scheduler.runFor(2);
+    EXPECT_EQ(scheduler.turns(), 2U);
+    scheduler.queueLatency = 2.5;
+    scheduler.runFor(6);
+    EXPECT_THAT(beats, testing::ElementsAre(1, 2, 5.5));
+}
+
 TEST(VirtualSchedulerTest, SleepMovesTheDateOnly) {
     VirtualScheduler scheduler;
     const double date = scheduler.wallClock();

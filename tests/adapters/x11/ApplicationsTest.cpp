@@ -9,7 +9,7 @@ using qt::runUntil;
 
 namespace {
 
-// `sleep` stands for an application that shows no window of its own.
+// `sleep` is used as an application without a window of its own.
 const std::map<std::string, std::string> installed{
     {"org.example.Writer", "Name=Writer\nExec=sleep 60\nStartupWMClass=Writer\n"},
     {"painter", "Name=Painter\nExec=/nonexistent/painter\n"},
@@ -49,7 +49,7 @@ TEST_F(ApplicationsTest, WindowsFindTheirDesktopEntryAndShareIt) {
     EXPECT_EQ(runningIdentifiers().size(), 2u);
 }
 
-TEST_F(ApplicationsTest, AnotherInstanceIsTheEntrysOwnNewWindow) {
+TEST_F(ApplicationsTest, AnotherInstanceUsesTheEntrysNewWindowAction) {
     const auto pages = desktop.home.path("data/applications/pages.desktop");
     ASSERT_TRUE(desktop.applications().openNewInstance(pages));
     EXPECT_TRUE(runUntil([&] { return std::filesystem::exists(pages + ".window"); }));
@@ -64,7 +64,7 @@ TEST_F(ApplicationsTest, DefaultFileManagerIsFinder) {
               desktop.home.path("data/applications/folders.desktop"));
 }
 
-TEST_F(ApplicationsTest, ClassesOfOneProcessAreTwoApplicationsEachWithANumber) {
+TEST_F(ApplicationsTest, TwoClassesOfOneProcessAreTwoApplications) {
     const auto process = startProcess({"sleep", "60"});
     const auto pid = static_cast<std::uint32_t>(process);
     const auto red = client.open({.className = "Red", .pid = pid});
@@ -79,7 +79,7 @@ TEST_F(ApplicationsTest, ClassesOfOneProcessAreTwoApplicationsEachWithANumber) {
     endProcess(process, SIGKILL);
 }
 
-TEST_F(ApplicationsTest, WindowsWithoutClassAreTheirProcessOrThemselves) {
+TEST_F(ApplicationsTest, WindowsWithoutAClassBelongToTheirProcess) {
     const auto one = client.open({.title = "One", .className = ""});
     // Of windows that are first seen together, the frontmost comes first.
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(one); }));
@@ -95,7 +95,7 @@ TEST_F(ApplicationsTest, WindowsWithoutClassAreTheirProcessOrThemselves) {
     EXPECT_FALSE(running.front().bundleIdentifier);
 }
 
-TEST_F(ApplicationsTest, HiddenApplicationComesBackWithTheWindowsThatHidingIconified) {
+TEST_F(ApplicationsTest, AHiddenApplicationReturnsWithTheIconifiedWindows) {
     const auto shown = client.open({.className = "Writer"});
     const auto minimised = client.open({.className = "Writer"});
     ASSERT_TRUE(
@@ -103,22 +103,25 @@ TEST_F(ApplicationsTest, HiddenApplicationComesBackWithTheWindowsThatHidingIconi
     client.iconify(minimised);
     ASSERT_TRUE(runUntil([&] { return !desktop.isOnScreen(minimised); }));
 
-    std::vector<WorkspaceEvent::Kind> told;
+    std::vector<WorkspaceEvent::Kind> reported;
     const auto subscription = desktop.platform().workspace.subscribe(
-        [&](const WorkspaceEvent& event) { told.push_back(event.kind); });
+        [&](const WorkspaceEvent& event) { reported.push_back(event.kind); });
     ASSERT_TRUE(desktop.applications().hide(owner(shown)));
     ASSERT_TRUE(runUntil([&] { return desktop.running("org.example.Writer")->isHidden; }));
     EXPECT_FALSE(desktop.isOnScreen(shown));
-    EXPECT_EQ(std::count(told.begin(), told.end(), WorkspaceEvent::Kind::didHideApplication), 1);
+    EXPECT_EQ(
+        std::count(reported.begin(), reported.end(), WorkspaceEvent::Kind::didHideApplication), 1);
 
     ASSERT_TRUE(desktop.applications().unhide(owner(shown)));
     EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(shown); }));
     EXPECT_FALSE(desktop.running("org.example.Writer")->isHidden);
     EXPECT_FALSE(desktop.isOnScreen(minimised));
-    EXPECT_EQ(std::count(told.begin(), told.end(), WorkspaceEvent::Kind::didUnhideApplication), 1);
+    EXPECT_EQ(
+        std::count(reported.begin(), reported.end(), WorkspaceEvent::Kind::didUnhideApplication),
+        1);
 }
 
-TEST_F(ApplicationsTest, MinimisingByHandIsNotHidingAndShowingOneWindowEndsHiding) {
+TEST_F(ApplicationsTest, MinimisingIsNotHidingAndShowingAWindowEndsHiding) {
     const auto window = client.open({.className = "Writer"});
     const auto second = client.open({.className = "Writer"});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window) && desktop.isOnScreen(second); }));
@@ -131,7 +134,7 @@ TEST_F(ApplicationsTest, MinimisingByHandIsNotHidingAndShowingOneWindowEndsHidin
     EXPECT_FALSE(desktop.running("org.example.Writer")->isHidden);
 }
 
-TEST_F(ApplicationsTest, ActivatingTakesTheChosenMainWindow) {
+TEST_F(ApplicationsTest, ActivatingRaisesTheMainWindow) {
     const auto first = client.open({.title = "First", .className = "Writer"});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(first); }));
     client.open({.title = "Second", .className = "Writer"});
@@ -157,7 +160,8 @@ TEST_F(ApplicationsTest, LaunchedApplicationIsLaunchingUntilItsWindow) {
     EXPECT_TRUE(desktop.running("org.example.Writer")->isFinishedLaunching);
     EXPECT_EQ(owner(window), launching.pid);
 
-    // Its process runs on, so it does too; without a window it is asked to end by a signal.
+    // Its process is still running, so the application is too. Without a window, a signal asks it
+    // to quit.
     client.destroy(window);
     ASSERT_TRUE(runUntil([&] { return !desktop.isListed(window); }));
     ASSERT_TRUE(desktop.running("org.example.Writer"));
@@ -165,7 +169,7 @@ TEST_F(ApplicationsTest, LaunchedApplicationIsLaunchingUntilItsWindow) {
     EXPECT_TRUE(runUntil([&] { return !desktop.running("org.example.Writer"); }));
 }
 
-TEST_F(ApplicationsTest, FailedLaunchIsReportedAndLeavesNothingBehind) {
+TEST_F(ApplicationsTest, AFailedLaunchIsReported) {
     const auto url = *desktop.platform().workspace.urlForApplication("painter");
     EXPECT_FALSE(desktop.applications().open(url));
     EXPECT_FALSE(desktop.reports.empty());
@@ -177,7 +181,7 @@ TEST_F(ApplicationsTest, QuittingClosesTheWindowsAndForcingKillsTheProcess) {
     const auto window = dying->open({.className = "Closing"});
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
     ASSERT_TRUE(desktop.applications().terminate(owner(window)));
-    // It does not take part in WM_DELETE_WINDOW, so the manager ends its connection.
+    // It does not support WM_DELETE_WINDOW, so the manager closes its connection.
     EXPECT_TRUE(runUntil([&] { return !desktop.running("x11:Closing"); }));
 
     const auto process = startProcess({"sleep", "60"});
@@ -188,7 +192,7 @@ TEST_F(ApplicationsTest, QuittingClosesTheWindowsAndForcingKillsTheProcess) {
     endProcess(process, 0);
 }
 
-TEST_F(ApplicationsTest, OwnIconOfAWindowIsDrawnEvenAfterItsWindowIsGone) {
+TEST_F(ApplicationsTest, AWindowsIconIsDrawnAfterTheWindowIsGone) {
     const auto window = client.open({.className = "Iconic"});
     std::vector<std::uint32_t> icon{2, 2, 0x80FF0000, 0x80FF0000, 0x80FF0000, 0x80FF0000};
     client.setNumbers(window, "_NET_WM_ICON", "CARDINAL", icon);

@@ -10,22 +10,22 @@ class ClientPingTest : public testing::Test {
   protected:
     ClientPingTest() { ax().setMessagingTimeout(ax().createSystemWide(), 0.3F); }
     Accessibility& ax() { return desktop.platform().accessibility; }
-    /// A window of the one application that they all belong to here.
-    WindowId open(TestClient& owner, bool takesPings) {
-        const auto window = owner.open({.className = "Asked", .takesPings = takesPings});
+    /// Opens a window; all belong to one application here.
+    WindowId open(TestClient& owner, bool supportsPings) {
+        const auto window = owner.open({.className = "Asked", .supportsPings = supportsPings});
         EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
         return window;
     }
     AXError windowsOf(ProcessId pid) {
         return ax().attribute(ax().createApplication(pid), "AXWindows").error;
     }
-    /// Asked on a queue while `answering` handles its events.
+    /// Pings on a queue while `answering` handles its events.
     AXError askWhile(ProcessId pid, TestClient* answering) {
         std::promise<AXError> promise;
         auto answer = promise.get_future();
         desktop.scheduler.queue("asks").post([&] { promise.set_value(windowsOf(pid)); });
         runUntil([&] {
-            if (answering) pings += answering->answerPings();
+            if (answering) pings += answering->replyToPings();
             return answer.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
         });
         return answer.get();
@@ -38,24 +38,24 @@ class ClientPingTest : public testing::Test {
     int pings = 0;
 };
 
-TEST_F(ClientPingTest, NobodyIsAskedOnTheMainThread) {
+TEST_F(ClientPingTest, TheMainThreadNeverPings) {
     const auto pid = ownerOf(open(client, true));
     const double before = desktop.scheduler.uptime();
     EXPECT_EQ(windowsOf(pid), AXError::success);
     EXPECT_LT(desktop.scheduler.uptime() - before, 0.29);
     client.sync();
-    EXPECT_EQ(client.answerPings(), 0);
+    EXPECT_EQ(client.replyToPings(), 0);
 }
 
-TEST_F(ClientPingTest, AnAppAnswersWhenAnyOfItsProcessesDoes) {
+TEST_F(ClientPingTest, AnAppRespondsIfAnyOfItsProcessesDoes) {
     const auto pid = ownerOf(open(client, true));
     ASSERT_EQ(ownerOf(open(other, true)), pid);
     EXPECT_EQ(askWhile(pid, &other), AXError::success);
-    EXPECT_EQ(pings, 1) << "each window is asked once";
+    EXPECT_EQ(pings, 1) << "each window is pinged once";
     EXPECT_EQ(askWhile(pid, nullptr), AXError::cannotComplete);
 }
 
-TEST_F(ClientPingTest, WhoPromisesNoAnswerIsNotSaidToHang) {
+TEST_F(ClientPingTest, AppsWithoutPingSupportNeverHang) {
     const auto pid = ownerOf(open(client, false));
     EXPECT_EQ(askWhile(pid, nullptr), AXError::success);
     open(other, true);

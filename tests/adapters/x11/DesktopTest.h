@@ -21,7 +21,7 @@
 
 namespace larkspan::x11 {
 
-/// The program that never ends.
+/// A program that never quits.
 class RestingApplication : public HostApplication {
   public:
     void activate() override {}
@@ -29,7 +29,7 @@ class RestingApplication : public HostApplication {
     std::string description() const override { return {}; }
 };
 
-/// An X11 desktop seen by this system, with a home folder of its own, and what a test asks of it.
+/// An X11 desktop as the adapter sees it, with its own home folder, and queries for tests.
 class DesktopUnderTest {
   public:
     explicit DesktopUnderTest(const std::string& display,
@@ -115,10 +115,10 @@ class DesktopUnderTest {
     std::string display_;
 };
 
-/// The X server, with a window manager of two desktops, that every test needing one shares.
+/// The X server, with a window manager and two desktops, which the tests share.
 class ManagedServer : public testing::Environment {
   public:
-    /// Started when it is first asked for.
+    /// Started on first use.
     static const std::string& display() {
         if (!server_) start();
         return server_->display();
@@ -129,7 +129,7 @@ class ManagedServer : public testing::Environment {
     static void start() {
         server_ = std::make_unique<PrivateServer>();
         server_->startManager();
-        // Asked for again and again: the manager throws away what reaches it while it starts.
+        // Requested repeatedly: the manager ignores requests while it starts.
         qt::testApplication();
         TestClient pager(server_->display());
         EXPECT_TRUE(qt::runUntil([&] {

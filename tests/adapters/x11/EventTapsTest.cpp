@@ -9,7 +9,8 @@ namespace {
 
 constexpr std::uint64_t gestures = std::uint64_t{1} << TapEvent::gesture;
 
-/// Another program that wants the swipes of the root window; answers whether it gets them.
+/// Another program that selects the swipes of the root window; `listen` returns whether it gets
+/// them.
 class OtherListener {
   public:
     explicit OtherListener(const std::string& display)
@@ -37,7 +38,7 @@ class OtherListener {
     xcb_connection_t* connection_;
 };
 
-TEST(X11EventTaps, ListensOnceAtATimeAndToGesturesOnly) {
+TEST(X11EventTaps, OnlyOneTapListensAndOnlyToGestures) {
     const DesktopUnderTest desktop(ManagedServer::display());
     auto& taps = desktop.platform().eventTaps;
     const auto ignore = [](EventTap&, const TappedEvent&) {};
@@ -49,7 +50,7 @@ TEST(X11EventTaps, ListensOnceAtATimeAndToGesturesOnly) {
     EXPECT_NE(taps.listen(gestures, ignore), nullptr);
 }
 
-TEST(X11EventTaps, LeavesSwipesToAProgramThatHasThem) {
+TEST(X11EventTaps, AnotherProgramsSwipesAreNotTaken) {
     const DesktopUnderTest desktop(ManagedServer::display());
     auto& taps = desktop.platform().eventTaps;
     const auto ignore = [](EventTap&, const TappedEvent&) {};
@@ -57,7 +58,7 @@ TEST(X11EventTaps, LeavesSwipesToAProgramThatHasThem) {
     auto tap = taps.listen(gestures, ignore);
     ASSERT_NE(tap, nullptr);
     tap.reset();
-    EXPECT_TRUE(other.listen()) << "the end of a tap gives the swipes back";
+    EXPECT_TRUE(other.listen()) << "destroying the tap releases the swipes";
     EXPECT_EQ(taps.listen(gestures, ignore), nullptr);
 }
 

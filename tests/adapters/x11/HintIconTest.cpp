@@ -7,10 +7,10 @@ namespace larkspan::x11 {
 using Pixels = std::vector<std::uint32_t>;
 using qt::runUntil;
 
-/// Without a window manager, since some write an icon of their own on windows that have none.
+/// Without a window manager, since some set their own icon on windows that have none.
 class HintIconTest : public testing::Test {
   protected:
-    /// Two pixels beside each other.
+    /// Two adjacent pixels.
     xcb_pixmap_t pixmap(std::uint8_t depth, std::uint32_t left, std::uint32_t right) {
         auto* raw = client.raw();
         const auto id = xcb_generate_id(raw);
@@ -57,7 +57,7 @@ TEST_F(HintIconTest, IsCutOutByItsMask) {
     EXPECT_THAT(pixels, testing::Not(testing::Contains(0xFF405060)));
 }
 
-TEST_F(HintIconTest, IsEmptyWhenItsPixmapIsNoneOfTheServers) {
+TEST_F(HintIconTest, IsEmptyIfThePixmapDoesNotExist) {
     EXPECT_TRUE(drawn("Broken", 12345).empty());
 }
 

@@ -6,14 +6,14 @@ namespace larkspan::x11 {
 
 using qt::runUntil;
 
-/// Observers of windows that begin on a queue, where a real app would be asked.
+/// Observers of windows that start on a queue, as for a real app that must be asked.
 class ObserversTest : public testing::Test {
   protected:
     ObserversTest() {
         EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
     }
 
-    /// Returns before the main thread has had a turn.
+    /// Returns before the main thread has run.
     Handle observeOnQueue(std::function<void()> callback) {
         std::promise<Handle> made;
         desktop.scheduler.queue("observers").post([&] {
@@ -32,24 +32,24 @@ class ObserversTest : public testing::Test {
     WindowId window = client.open({});
 };
 
-TEST_F(ObserversTest, AreToldOnTheMainThread) {
-    bool isToldOnMainThread = false;
+TEST_F(ObserversTest, AreCalledOnTheMainThread) {
+    bool isCalledOnMainThread = false;
     const Handle observer =
-        observeOnQueue([&] { isToldOnMainThread = desktop.scheduler.isMainThread(); });
+        observeOnQueue([&] { isCalledOnMainThread = desktop.scheduler.isMainThread(); });
     ASSERT_TRUE(observer);
     moveWindow();
-    EXPECT_TRUE(runUntil([&] { return isToldOnMainThread; }));
+    EXPECT_TRUE(runUntil([&] { return isCalledOnMainThread; }));
 }
 
-TEST_F(ObserversTest, MayEndBeforeTheyHaveBegun) {
-    int told = 0;
-    Handle ended = observeOnQueue([&] { ++told; });
+TEST_F(ObserversTest, MayEndBeforeTheyStart) {
+    int calls = 0;
+    Handle ended = observeOnQueue([&] { ++calls; });
     ended.reset();
-    bool isOtherTold = false;
-    const Handle other = observeOnQueue([&] { isOtherTold = true; });
+    bool isOtherCalled = false;
+    const Handle other = observeOnQueue([&] { isOtherCalled = true; });
     moveWindow();
-    ASSERT_TRUE(runUntil([&] { return isOtherTold; }));
-    EXPECT_EQ(told, 0);
+    ASSERT_TRUE(runUntil([&] { return isOtherCalled; }));
+    EXPECT_EQ(calls, 0);
 }
 
 } // namespace larkspan::x11

@@ -14,7 +14,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-// The server writes the number of the display it found free, once it takes connections.
+// The server writes the number of its display when it accepts connections.
 std::string readDisplay(int descriptor) {
     std::string number;
     char character = 0;

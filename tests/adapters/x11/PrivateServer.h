@@ -7,7 +7,7 @@
 
 namespace larkspan::x11 {
 
-/// An X server of the test's own, without a screen, and the window manager on it. Both end with it.
+/// The test's own X server, without a screen, and its window manager. Both end with this object.
 class PrivateServer {
   public:
     explicit PrivateServer(const std::vector<std::string>& options = {});
@@ -15,7 +15,7 @@ class PrivateServer {
     PrivateServer(const PrivateServer&) = delete;
     PrivateServer& operator=(const PrivateServer&) = delete;
 
-    /// Such as ":3".
+    /// A name such as ":3".
     const std::string& display() const { return display_; }
     void startManager(const std::vector<std::string>& command = {"openbox", "--sm-disable"});
     void stopManager();
@@ -27,9 +27,9 @@ class PrivateServer {
     pid_t manager_ = 0;
 };
 
-/// A running program; 0 when it could not be started.
+/// Starts a program; 0 on failure.
 pid_t startProcess(const std::vector<std::string>& command, const std::string& display = {});
-/// Ends it and waits until it has.
+/// Ends it and waits for it.
 void endProcess(pid_t process, int signal);
 
 } // namespace larkspan::x11

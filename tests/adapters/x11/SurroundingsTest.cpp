@@ -4,24 +4,25 @@ namespace larkspan::x11 {
 
 using qt::runUntil;
 
-// What surrounds the windows: screens, panels, wallpaper, and desktops where something is missing.
+// Screens, panels, the wallpaper, and desktops where something is missing.
 
-TEST(SurroundingsTest, NoDisplayIsOneLine) {
+TEST(SurroundingsTest, AMissingDisplayIsReportedInOneLine) {
     qt::testApplication();
     qt::QtScheduler scheduler;
     const auto opened = X11Connection::open(":9876", scheduler);
     ASSERT_TRUE(std::holds_alternative<std::string>(opened));
-    EXPECT_EQ(std::get<std::string>(opened),
-              "larkspan: cannot open display \":9876\": no X server answers there, or it refuses "
-              "this user");
+    EXPECT_EQ(
+        std::get<std::string>(opened),
+        "larkspan: cannot open display \":9876\": there is no X server, or access was denied");
 }
 
-TEST(SurroundingsTest, WithoutAWindowManagerTheShownWindowsStandIn) {
+TEST(SurroundingsTest, WithoutAWindowManagerMappedWindowsAreListed) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
-    EXPECT_EQ(desktop.reports,
-              std::vector<std::string>{
-                  "larkspan: no window manager runs, so windows cannot be hidden or minimised"});
+    EXPECT_EQ(
+        desktop.reports,
+        std::vector<std::string>{
+            "larkspan: no window manager is running, so windows cannot be hidden or minimised"});
     TestClient client(server.display());
     const auto window = client.open({.title = "Alone", .className = "Alone"});
     const auto menu = client.open({.isOverrideRedirect = true});
@@ -41,7 +42,7 @@ TEST(SurroundingsTest, WithoutAWindowManagerTheShownWindowsStandIn) {
     EXPECT_TRUE(runUntil([&] { return !desktop.isListed(window); }));
 }
 
-TEST(SurroundingsTest, WindowsAreKeptWhileWindowManagersComeAndGo) {
+TEST(SurroundingsTest, WindowsAreKeptWhenTheWindowManagerChanges) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
     TestClient client(server.display());
@@ -71,7 +72,7 @@ TEST(SurroundingsTest, WithoutRandrTheRootWindowIsTheOnlyScreen) {
     EXPECT_NE(screens[0].display, 0u);
 }
 
-TEST(SurroundingsTest, ServerThatGoesAwayIsOneLineAndNothingHangs) {
+TEST(SurroundingsTest, ALostServerIsReportedAndNothingHangs) {
     PrivateServer server;
     DesktopUnderTest desktop(server.display());
     auto client = std::make_unique<TestClient>(server.display());
@@ -80,8 +81,9 @@ TEST(SurroundingsTest, ServerThatGoesAwayIsOneLineAndNothingHangs) {
     const auto element = desktop.element(window);
     server.kill();
     ASSERT_TRUE(runUntil([&] { return !desktop.gone.empty(); }));
-    EXPECT_EQ(desktop.gone, std::vector<std::string>{"larkspan: the X server has gone away"});
-    // What is asked now finds the last state, and what is requested does nothing.
+    EXPECT_EQ(desktop.gone,
+              std::vector<std::string>{"larkspan: the connection to the X server was lost"});
+    // Reads return the last state, and requests have no effect.
     EXPECT_TRUE(desktop.isListed(window));
     desktop.platform().accessibility.performAction(element, "AXRaise");
     desktop.applications().activate(*desktop.entry(window)->ownerPID);
@@ -101,11 +103,11 @@ TEST(SurroundingsTest, ScreensFollowTheStripPanelsAndTheDesktopsScale) {
     EXPECT_EQ(screens.screens()[0].scale, 2);
     EXPECT_EQ(screens.screens()[0].frame, (Rect{0, 0, 640, 360}));
 
-    int told = 0;
-    const auto subscription = screens.subscribe([&] { ++told; });
+    int calls = 0;
+    const auto subscription = screens.subscribe([&] { ++calls; });
     desktop.platform().dockStrip.hold(50);
     EXPECT_EQ(screens.screens()[0].visibleFrame, (Rect{0, 50, 640, 310}));
-    EXPECT_TRUE(runUntil([&] { return told == 1; }));
+    EXPECT_TRUE(runUntil([&] { return calls == 1; }));
 
     const auto panel = client.open({.className = "Panel", .type = "DOCK"});
     client.setNumbers(panel, "_NET_WM_STRUT_PARTIAL", "CARDINAL",
@@ -121,7 +123,7 @@ TEST(SurroundingsTest, ScreensFollowTheStripPanelsAndTheDesktopsScale) {
     EXPECT_EQ(screens.screens()[0].visibleFrame, screens.screens()[0].frame);
 }
 
-TEST(SurroundingsTest, MonitorsThatAUserAddsAndTakesAwayAreFollowed) {
+TEST(SurroundingsTest, MonitorsAddedByTheUserAreFollowed) {
     PrivateServer server;
     server.startManager();
     const DesktopUnderTest desktop(server.display());
@@ -131,8 +133,8 @@ TEST(SurroundingsTest, MonitorsThatAUserAddsAndTakesAwayAreFollowed) {
     const auto window = client.open({.x = 700, .y = 100});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
 
-    int told = 0;
-    const auto subscription = screens.subscribe([&] { ++told; });
+    int calls = 0;
+    const auto subscription = screens.subscribe([&] { ++calls; });
     client.setMonitor("left", {0, 0, 640, 720});
     client.setMonitor("right", {640, 0, 640, 720});
     ASSERT_TRUE(runUntil([&] {
@@ -147,15 +149,15 @@ TEST(SurroundingsTest, MonitorsThatAUserAddsAndTakesAwayAreFollowed) {
         return SpaceId{0};
     };
     EXPECT_TRUE(runUntil([&] { return desktop.isOnSpace(window, spaceOnRight()); }));
-    const int toldBefore = told;
+    const int callsBefore = calls;
     client.deleteMonitor("left");
     client.deleteMonitor("right");
     EXPECT_TRUE(runUntil([&] { return screens.screens() == std::vector{whole}; }));
-    EXPECT_GT(told, toldBefore);
+    EXPECT_GT(calls, callsBefore);
     EXPECT_FALSE(desktop.isOnSpace(window, spaceOnRight()));
 }
 
-TEST(SurroundingsTest, PanelIsADockThatKeepsAndGivesBackItsStrip) {
+TEST(SurroundingsTest, APanelIsADockThatReservesAndReleasesItsStrip) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
     TestClient client(server.display());
@@ -187,7 +189,7 @@ TEST(SurroundingsTest, PanelIsADockThatKeepsAndGivesBackItsStrip) {
     }));
 }
 
-TEST(SurroundingsTest, StripIsKeptOnlyWhereNoMonitorContinuesBelow) {
+TEST(SurroundingsTest, TheStripIsReservedOnlyAboveNoOtherMonitor) {
     PrivateServer server;
     TestClient client(server.display());
     client.setMonitor("upper", {0, 0, 1280, 400});
@@ -205,11 +207,11 @@ TEST(SurroundingsTest, StripIsKeptOnlyWhereNoMonitorContinuesBelow) {
         return runUntil([&] { return client.numbers(panel, "_NET_WM_STRUT_PARTIAL") == strut; });
     };
     EXPECT_TRUE(isStrutOn("lower", {0, 0, 0, 50, 0, 0, 0, 0, 0, 0, 200, 999}));
-    // It would reach over the whole monitor below.
+    // The strut would cover the whole monitor below.
     EXPECT_TRUE(isStrutOn("upper", {}));
 }
 
-TEST(SurroundingsTest, PointerGoesThroughAPanelBesideItsInputArea) {
+TEST(SurroundingsTest, ThePointerPassesThroughAPanelOutsideItsInputArea) {
     PrivateServer server;
     TestClient client(server.display());
     client.setText(client.root(), "RESOURCE_MANAGER", "STRING", "Xft.dpi:\t144\n");
@@ -218,17 +220,17 @@ TEST(SurroundingsTest, PointerGoesThroughAPanelBesideItsInputArea) {
     const auto panel = client.open({});
     client.sync();
     desktop.desktop->panelDressing().setInputArea(panel, {10, 20, 101, 31});
-    // What a point covers in part belongs to it.
+    // A partly covered pixel belongs to the area.
     EXPECT_TRUE(runUntil([&] { return client.inputArea(panel) == Rect{15, 30, 152, 47}; }));
 }
 
-TEST(SurroundingsTest, WallpaperIsReadWhereThePanelLiesAndRepeats) {
+TEST(SurroundingsTest, TheWallpaperUnderAPanelIsReadAndTiled) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
     auto& picture = desktop.desktop->desktopPicture();
     EXPECT_FALSE(picture.under({0, 0, 4, 1}));
-    int told = 0;
-    const auto subscription = picture.subscribe([&] { ++told; });
+    int calls = 0;
+    const auto subscription = picture.subscribe([&] { ++calls; });
 
     TestClient client(server.display());
     const auto pixmap = xcb_generate_id(client.raw());
@@ -241,7 +243,7 @@ TEST(SurroundingsTest, WallpaperIsReadWhereThePanelLiesAndRepeats) {
     xcb_change_gc(client.raw(), context, XCB_GC_FOREGROUND, &green);
     xcb_poly_fill_rectangle(client.raw(), pixmap, context, 1, &right);
     client.setNumbers(client.root(), "_XROOTPMAP_ID", "PIXMAP", {pixmap});
-    ASSERT_TRUE(runUntil([&] { return told == 1; }));
+    ASSERT_TRUE(runUntil([&] { return calls == 1; }));
 
     const Bitmap half{4, 1, {0xFF0000FF, 0xFF0000FF, 0xFF00FF00, 0xFF00FF00}};
     EXPECT_EQ(picture.under({0, 0, 4, 1}), half);
@@ -252,7 +254,7 @@ TEST(SurroundingsTest, WallpaperIsReadWhereThePanelLiesAndRepeats) {
                             XCB_CURRENT_TIME);
     xcb_flush(client.raw());
     EXPECT_TRUE(runUntil([&] { return picture.isComposited(); }));
-    EXPECT_EQ(told, 2);
+    EXPECT_EQ(calls, 2);
 }
 
 } // namespace larkspan::x11

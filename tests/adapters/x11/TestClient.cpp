@@ -40,7 +40,7 @@ WindowId TestClient::open(const TestWindow& window) {
     if (window.takesKeyboard) setNumbers(id, "WM_HINTS", "WM_HINTS", {1, *window.takesKeyboard});
     std::vector<std::uint32_t> protocols;
     if (window.isAskedToClose) protocols.push_back(atom("WM_DELETE_WINDOW"));
-    if (window.takesPings) protocols.push_back(atom("_NET_WM_PING"));
+    if (window.supportsPings) protocols.push_back(atom("_NET_WM_PING"));
     if (!protocols.empty()) setNumbers(id, "WM_PROTOCOLS", "ATOM", protocols);
     map(id);
     return id;
@@ -56,8 +56,8 @@ void TestClient::map(WindowId window) {
     xcb_flush(connection_);
 }
 
-// The synthetic event tells the window manager even when it takes the X server's own for a
-// consequence of its reparenting.
+// The window manager may take the server's own event for the effect of its reparenting, but not the
+// synthetic one.
 void TestClient::withdraw(WindowId window) {
     xcb_unmap_window(connection_, window);
     xcb_unmap_notify_event_t event{};
@@ -149,7 +149,7 @@ void TestClient::setMonitor(const std::string& name, const Rect& area) {
     monitor.height = static_cast<std::uint16_t>(area.height);
     monitor.width_in_millimeters = monitor.width / 4;
     monitor.height_in_millimeters = monitor.height / 4;
-    // Written out here, since libxcb's own function of this request sends a wrong length.
+    // Written out here, since libxcb's function for this request sends a wrong length.
     xcb_randr_set_monitor_request_t request{};
     request.window = root();
     iovec parts[4]{};
@@ -226,7 +226,7 @@ std::vector<WindowId> TestClient::takeCloseRequests() {
     return windows;
 }
 
-int TestClient::answerPings() {
+int TestClient::replyToPings() {
     int pings = 0;
     const auto ping = atom("_NET_WM_PING");
     while (auto* event = xcb_poll_for_event(connection_)) {

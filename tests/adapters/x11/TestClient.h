@@ -14,30 +14,30 @@ namespace larkspan::x11 {
 
 struct TestWindow {
     std::string title = "Untitled";
-    /// Empty: the property is not set.
+    /// Empty means that the property is not set.
     std::string instance = "client";
     std::string className = "Client";
     std::string type;
     std::optional<std::uint32_t> pid;
     xcb_window_t transientFor = 0;
     bool isOverrideRedirect = false;
-    /// Absent: it says nothing of it, and is given the keyboard.
+    /// Absent means that the hint is not set; the window then gets the focus.
     std::optional<bool> takesKeyboard;
-    /// Takes part in WM_DELETE_WINDOW; a window manager ends a client that does not.
+    /// Whether it supports WM_DELETE_WINDOW; a window manager kills clients that do not.
     bool isAskedToClose = false;
-    /// Takes part in _NET_WM_PING; `answerPings` answers.
-    bool takesPings = false;
-    /// Where the client asks to be; the window manager may decide otherwise.
+    /// Whether it supports _NET_WM_PING; `replyToPings` replies.
+    bool supportsPings = false;
+    /// The requested position, which the window manager may ignore.
     int x = 40;
     int y = 40;
     int width = 300;
     int height = 200;
 };
 
-/// A program with windows, as the X server sees one. Its windows end with it.
+/// A program with windows, as the X server sees it. Its windows end with it.
 class TestClient {
   public:
-    /// What _NET_WM_DESKTOP says of a window on all of them.
+    /// The value of _NET_WM_DESKTOP for a window on all desktops.
     static constexpr std::uint32_t everyDesktop = 0xFFFFFFFF;
 
     explicit TestClient(const std::string& display);
@@ -63,26 +63,26 @@ class TestClient {
     std::vector<std::uint32_t> numbers(WindowId window, const std::string& property);
     /// A message to the window manager about a window.
     void ask(WindowId window, const std::string& message, const std::vector<std::uint32_t>& data);
-    /// Makes a monitor of part of the screen, as a user may; with the name of one, in its place.
+    /// Makes a part of the screen a monitor, as a user may; replaces one with the same name.
     void setMonitor(const std::string& name, const Rect& area);
     void deleteMonitor(const std::string& name);
     bool isViewable(WindowId window);
-    /// The class of WM_CLASS; empty without one.
+    /// The class in WM_CLASS; empty if there is none.
     std::string classOf(WindowId window);
-    /// The window without its frame, on the root window; empty when it has gone.
+    /// The window without its frame, on the root window; empty if it is gone.
     Rect areaOf(WindowId window);
-    /// Where the pointer meets the window, in its own pixels; for one area only.
+    /// The input region of the window, in its own pixels; only for a single rectangle.
     Rect inputArea(WindowId window);
-    /// The windows that the window manager has asked to close since the last call.
+    /// The windows that the window manager asked to close since the last call.
     std::vector<WindowId> takeCloseRequests();
-    /// Answers every ping since the last call, as a program does that handles its events; answers
-    /// how many there were.
-    int answerPings();
-    /// False once the window manager has ended the client.
+    /// Replies to every ping since the last call, as a program does that handles its events.
+    /// Returns their number.
+    int replyToPings();
+    /// False once the window manager has killed the client.
     bool isAlive() const { return xcb_connection_has_error(connection_) == 0; }
-    /// To a place on the root window, as a mouse moves it.
+    /// Moves the pointer to a position on the root window.
     void movePointer(std::int16_t x, std::int16_t y);
-    /// Returns when the X server has taken everything sent so far.
+    /// Returns when the X server has processed everything sent so far.
     void sync();
 
   private:

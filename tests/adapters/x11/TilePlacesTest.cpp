@@ -20,7 +20,7 @@ class TilePlacesTest : public testing::Test {
     bool isAt(WindowId window, const Numbers& place) {
         return runUntil([&] { return client.numbers(window, "_NET_WM_ICON_GEOMETRY") == place; });
     }
-    /// How often the place of a window was written since the last call.
+    /// How often the position on a window was written since the last call.
     int takeWrites() {
         client.sync();
         int writes = 0;
@@ -38,20 +38,20 @@ class TilePlacesTest : public testing::Test {
     TestClient client{ManagedServer::display()};
 };
 
-TEST_F(TilePlacesTest, EveryWindowOfAnAppSaysWhereItsTileIs) {
+TEST_F(TilePlacesTest, EveryWindowOfAnAppHasItsTilesPosition) {
     const auto letter = open("Writer");
     const auto picture = open("Painter");
     setTiles({{ownerOf(letter), {500, 660, 52, 60}}});
     EXPECT_TRUE(isAt(letter, {500, 660, 52, 60}));
     EXPECT_EQ(client.numbers(picture, "_NET_WM_ICON_GEOMETRY"), Numbers{});
     const auto second = open("Writer");
-    EXPECT_TRUE(isAt(second, {500, 660, 52, 60})) << "one that comes later, too";
+    EXPECT_TRUE(isAt(second, {500, 660, 52, 60})) << "also one that opens later";
     setTiles({});
     EXPECT_TRUE(isAt(letter, {}));
-    EXPECT_TRUE(isAt(second, {})) << "a bar that is gone leaves nothing behind";
+    EXPECT_TRUE(isAt(second, {})) << "removed with the bar";
 }
 
-TEST_F(TilePlacesTest, AWindowIsWrittenOnOnlyWhenItsTileMoves) {
+TEST_F(TilePlacesTest, APropertyIsWrittenOnlyIfTheTileMoved) {
     const auto letter = open("Writer");
     const std::uint32_t properties = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(client.raw(), letter, XCB_CW_EVENT_MASK, &properties);

@@ -15,24 +15,24 @@ TEST(TouchpadSwipe, BeginsWithTheFirstMotion) {
     EXPECT_THAT(swipe.move(-40, 10, 1010),
                 ElementsAre(SwipeStep{1, 1, 0, 0}, SwipeStep{2, 1, 0.1, 0}));
     EXPECT_THAT(swipe.move(-40, 90, 1020), ElementsAre(SwipeStep{2, 1, 0.2, 0}))
-        << "its direction stays";
+        << "the direction does not change";
     const auto lifted = swipe.lift(false, 1030);
     ASSERT_TRUE(lifted);
     EXPECT_EQ(lifted->phase, 4);
     EXPECT_DOUBLE_EQ(lifted->progress, 0.2);
 }
 
-TEST(TouchpadSwipe, TellsVerticalFromHorizontal) {
+TEST(TouchpadSwipe, DistinguishesVerticalFromHorizontal) {
     TouchpadSwipe swipe;
     EXPECT_THAT(swipe.move(30, -40, 1000),
                 ElementsAre(SwipeStep{1, 2, 0, 0}, SwipeStep{2, 2, 0.1, 0}));
     swipe.begin();
     EXPECT_THAT(swipe.move(40, 30, 2000),
                 ElementsAre(SwipeStep{1, 1, 0, 0}, SwipeStep{2, 1, -0.1, 0}))
-        << "a new swipe knows nothing of the last";
+        << "a new swipe starts from nothing";
 }
 
-TEST(TouchpadSwipe, TakesTheSpeedFromTheLastMotions) {
+TEST(TouchpadSwipe, MeasuresTheVelocityOfTheLastMotions) {
     struct Case {
         const char* name;
         /// One motion of 40 units to the left at each of these times.
@@ -57,7 +57,7 @@ TEST(TouchpadSwipe, TakesTheSpeedFromTheLastMotions) {
     }
 }
 
-TEST(TouchpadSwipe, EndsOnceAndOnlyWhatBegan) {
+TEST(TouchpadSwipe, EndsOnceAndOnlyAfterABegin) {
     TouchpadSwipe swipe;
     swipe.begin();
     EXPECT_FALSE(swipe.lift(false, 1000)) << "fingers that never moved";

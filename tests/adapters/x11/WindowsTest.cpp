@@ -4,7 +4,7 @@ namespace larkspan::x11 {
 
 using qt::runUntil;
 
-/// A window manager that says no more to its windows than the X server does.
+/// A window manager that sends its windows no events of its own.
 class SilentManager : public TestClient {
   public:
     explicit SilentManager(const std::string& display)
@@ -14,14 +14,14 @@ class SilentManager : public TestClient {
             setNumbers(window, "_NET_SUPPORTING_WM_CHECK", "WINDOW", {self});
     }
 
-    /// Lists the window as one that it looks after.
+    /// Lists the window as managed.
     WindowId manage() {
         const auto window = open({.width = 100, .height = 100});
         listed_.push_back(window);
         setNumbers(root(), "_NET_CLIENT_LIST", "WINDOW", listed_);
         return window;
     }
-    /// In a frame around another, as some window managers have it.
+    /// Puts the window in a frame around another one, as some window managers do.
     WindowId putInFrame(WindowId window) {
         const auto outer = open({.isOverrideRedirect = true, .x = 0, .y = 0});
         const auto inner = open({.isOverrideRedirect = true});
@@ -48,21 +48,21 @@ class WindowsTest : public testing::Test {
     TestClient client{ManagedServer::display()};
 };
 
-TEST_F(WindowsTest, WindowIsListedFromItsMapToItsWithdrawal) {
+TEST_F(WindowsTest, AWindowIsListedFromMappingToWithdrawal) {
     const auto window = client.open({.title = "Letter"});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
     const auto entry = *desktop.entry(window);
     EXPECT_EQ(entry.layer, 0);
     EXPECT_EQ(entry.alpha, 1.0);
     EXPECT_EQ(entry.name, "Letter");
-    // The frame counts as part of the window; the manager tells of it in its own time.
+    // The frame counts as part of the window; the manager sets it with a delay.
     EXPECT_TRUE(runUntil([&] { return desktop.entry(window)->bounds->height > 200; }));
 
     client.withdraw(window);
     EXPECT_TRUE(runUntil([&] { return !desktop.isListed(window); }));
 }
 
-TEST_F(WindowsTest, WindowsThatWereThereBeforeAreRead) {
+TEST_F(WindowsTest, ExistingWindowsAreRead) {
     const auto window = client.open({.title = "Earlier"});
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
     const DesktopUnderTest later(ManagedServer::display());
@@ -70,7 +70,7 @@ TEST_F(WindowsTest, WindowsThatWereThereBeforeAreRead) {
     EXPECT_TRUE(later.isOnScreen(window));
 }
 
-TEST_F(WindowsTest, MovedWindowKeepsItsPlaceInStep) {
+TEST_F(WindowsTest, AMovedWindowsBoundsAreUpdated) {
     const auto window = client.open({});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
     const auto before = *desktop.entry(window)->bounds;
@@ -79,7 +79,7 @@ TEST_F(WindowsTest, MovedWindowKeepsItsPlaceInStep) {
     EXPECT_EQ(desktop.entry(window)->bounds->width, before.width);
 }
 
-TEST(WindowFrameTest, WindowMovesWithItsFrameThoughNobodyTellsIt) {
+TEST(WindowFrameTest, AWindowMovesWithItsFrameWithoutAnEvent) {
     PrivateServer server;
     SilentManager manager(server.display());
     const auto early = manager.manage();
@@ -101,7 +101,7 @@ TEST(WindowFrameTest, WindowMovesWithItsFrameThoughNobodyTellsIt) {
     EXPECT_TRUE(runUntil([&] { return isAt(late, 410, 120); }));
 }
 
-TEST_F(WindowsTest, NewestWindowIsInFrontAndActivatedOneComesForward) {
+TEST_F(WindowsTest, NewAndActivatedWindowsComeToTheFront) {
     const auto first = client.open({.className = "First"});
     ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:First"; }));
     const auto second = client.open({.className = "Second"});
@@ -115,7 +115,7 @@ TEST_F(WindowsTest, NewestWindowIsInFrontAndActivatedOneComesForward) {
     }));
 }
 
-TEST_F(WindowsTest, WindowThatDeclinesTheKeyboardIsInFrontOnceBroughtThere) {
+TEST_F(WindowsTest, AWindowThatDeclinesTheFocusCanBeFrontmost) {
     const auto clock = client.open({.className = "Clock", .takesKeyboard = false});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(clock); }));
     const auto writer = client.open({.className = "Writer"});
@@ -131,7 +131,7 @@ TEST_F(WindowsTest, WindowThatDeclinesTheKeyboardIsInFrontOnceBroughtThere) {
     EXPECT_TRUE(runUntil([&] { return desktop.frontmost() != "x11:Clock"; }));
 }
 
-TEST_F(WindowsTest, MinimisedWindowStaysListedOffScreenAndOnNoSpace) {
+TEST_F(WindowsTest, AMinimisedWindowIsListedOnNoSpace) {
     const auto window = client.open({});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
     const auto element = desktop.element(window);
@@ -148,14 +148,14 @@ TEST_F(WindowsTest, MinimisedWindowStaysListedOffScreenAndOnNoSpace) {
     EXPECT_TRUE(client.isViewable(window));
 }
 
-TEST_F(WindowsTest, WindowOfAnotherDesktopIsOnItsSpaceOnly) {
+TEST_F(WindowsTest, AWindowOfAnotherDesktopIsOnItsSpaceOnly) {
     const auto window = client.open({});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
     client.ask(window, "_NET_WM_DESKTOP", {1, 2});
     ASSERT_TRUE(runUntil([&] { return !desktop.isOnScreen(window); }));
     EXPECT_FALSE(desktop.isOnSpace(window, space(0)));
     EXPECT_TRUE(desktop.isOnSpace(window, space(1)));
-    // Not on screen, yet not minimised either.
+    // Not on screen, but not minimised either.
     EXPECT_FALSE(*desktop.platform()
                       .accessibility.attribute(desktop.element(window), "AXMinimized")
                       .as<bool>());
@@ -176,7 +176,7 @@ TEST_F(WindowsTest, StickyWindowIsOnEverySpace) {
     EXPECT_TRUE(desktop.isOnScreen(window));
 }
 
-TEST_F(WindowsTest, FullScreenWindowHasTheBoundsOfItsDisplay) {
+TEST_F(WindowsTest, AFullScreenWindowHasTheBoundsOfItsDisplay) {
     const auto window = client.open({});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
     client.ask(window, "_NET_WM_STATE", {1, client.atom("_NET_WM_STATE_FULLSCREEN")});
@@ -227,16 +227,16 @@ TEST_F(WindowsTest, ApplicationIsRegularWhileItHasAnOrdinaryWindow) {
         const auto application = desktop.running("x11:Palette");
         return application && application->activationPolicy == ActivationPolicy::regular;
     };
-    bool isRegularWhenTold = false;
+    bool isRegularInCallback = false;
     const auto subscription = desktop.platform().workspace.subscribe(
-        [&](const WorkspaceEvent&) { isRegularWhenTold = isRegular(); });
+        [&](const WorkspaceEvent&) { isRegularInCallback = isRegular(); });
     const auto palette = client.open({.className = "Palette", .type = "UTILITY"});
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(palette); }));
     EXPECT_FALSE(isRegular());
     const auto window = client.open({.className = "Palette"});
-    EXPECT_TRUE(runUntil([&] { return isRegularWhenTold; }));
+    EXPECT_TRUE(runUntil([&] { return isRegularInCallback; }));
     client.ask(window, "_NET_WM_STATE", {1, client.atom("_NET_WM_STATE_SKIP_TASKBAR")});
-    EXPECT_TRUE(runUntil([&] { return !isRegularWhenTold; }));
+    EXPECT_TRUE(runUntil([&] { return !isRegularInCallback; }));
 }
 
 TEST_F(WindowsTest, AppWithAnUrgentWindowWantsAttention) {
@@ -268,7 +268,7 @@ TEST_F(WindowsTest, TitlesOfEveryEncodingAreReadAndFollowed) {
     EXPECT_LT(desktop.title(window).size(), 10'000u);
 }
 
-TEST_F(WindowsTest, ClientsThatDieWhileTheyAreReadAreJustGone) {
+TEST_F(WindowsTest, ClientsMayDieWhileTheyAreRead) {
     for (int round = 0; round < 20; ++round) {
         TestClient shortLived(ManagedServer::display());
         const auto window = shortLived.open({.className = "Gone"});
@@ -282,12 +282,12 @@ TEST_F(WindowsTest, ClientsThatDieWhileTheyAreReadAreJustGone) {
     EXPECT_EQ(desktop.server().windowList(WindowListOption::all)->size(), 1u);
 }
 
-TEST_F(WindowsTest, BurstOfChangesOfOneWindowIsAnnouncedOnce) {
+TEST_F(WindowsTest, ABurstOfChangesIsAnnouncedOnce) {
     const auto window = client.open({});
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
     int announced = 0;
     const auto subscription = desktop.server().subscribe([&] { ++announced; });
-    // Everything is at the X server before the loop runs again.
+    // The X server gets everything before the loop runs again.
     for (int i = 0; i < 50; ++i)
         client.setText(window, "_NET_WM_NAME", "UTF8_STRING", std::to_string(i));
     std::free(xcb_get_input_focus_reply(client.raw(), xcb_get_input_focus(client.raw()), nullptr));
@@ -295,7 +295,7 @@ TEST_F(WindowsTest, BurstOfChangesOfOneWindowIsAnnouncedOnce) {
     EXPECT_LE(announced, 2);
 }
 
-TEST_F(WindowsTest, GoneWindowAnswersSoThroughItsOldElement) {
+TEST_F(WindowsTest, AnElementOfAClosedWindowIsInvalid) {
     const auto window = client.open({});
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
     const auto element = desktop.element(window);

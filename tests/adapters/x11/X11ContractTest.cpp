@@ -6,7 +6,7 @@
 #include "platform/contract/WindowServerContract.h"
 #include "platform/contract/WorkspaceContract.h"
 
-// A real X11 desktop keeps every promise that the simulated Mac keeps.
+// A real X11 desktop fulfils the same contracts as the simulated Mac.
 
 namespace larkspan::contract {
 namespace {

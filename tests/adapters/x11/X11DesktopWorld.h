@@ -8,11 +8,11 @@
 
 namespace larkspan::contract {
 
-/// The desktop of a private X server with a window manager; an app's windows are those of one
-/// client, and its process sleeps.
+/// The desktop of a private X server with a window manager. Each app is one client with its
+/// windows, and a process that sleeps.
 class X11DesktopWorld : public DesktopWorld {
   public:
-    // Windows of the test before may not have gone yet.
+    // Windows of the previous test may still exist.
     X11DesktopWorld() {
         runUntil([&] { return desktop_.server().windowList(WindowListOption::all)->empty(); });
     }
@@ -21,7 +21,7 @@ class X11DesktopWorld : public DesktopWorld {
     bool runUntil(const std::function<bool()>& condition) override {
         return qt::runUntil([&] {
             for (const auto& [app, client] : clients_)
-                if (!hung_.contains(app)) client->answerPings();
+                if (!hung_.contains(app)) client->replyToPings();
             return condition();
         });
     }
@@ -34,7 +34,7 @@ class X11DesktopWorld : public DesktopWorld {
                                           .instance = app,
                                           .className = app,
                                           .type = window.isDialog ? "DIALOG" : "NORMAL",
-                                          .takesPings = true});
+                                          .supportsPings = true});
         owners_[number] = client.get();
         const auto isInFront = [&] {
             const auto list = *desktop_.server().windowList(WindowListOption::all);
@@ -75,7 +75,7 @@ class X11DesktopWorld : public DesktopWorld {
     void showSpace(std::size_t space) override {
         pager_.ask(pager_.root(), "_NET_CURRENT_DESKTOP", {static_cast<std::uint32_t>(space), 0});
     }
-    // A panel comes to stand at the upper edge.
+    // Opens a panel at the upper edge.
     void shrinkVisibleFrame() override {
         const auto panel = pager_.open({.className = "Panel", .type = "DOCK"});
         pager_.setNumbers(panel, "_NET_WM_STRUT_PARTIAL", "CARDINAL",

@@ -8,19 +8,19 @@
 
 namespace larkspan::contract {
 
-/// What every adapter must tell of windows that are observed through Accessibility.
+/// What every adapter must report about windows observed through Accessibility.
 class AXObserverContract : public DesktopContract {
   protected:
-    /// Writes down each notification that comes, under that label.
+    /// Records each notification, with that label.
     void observe(const AXElementRef& element, const std::string& label = "") {
         for (const char* name : {"AXFocusedWindowChanged", "AXWindowMoved", "AXWindowResized",
                                  "AXUIElementDestroyed"}) {
             auto handle =
-                ax_.observe(element, name, [this, line = label + name] { told_.insert(line); });
+                ax_.observe(element, name, [this, line = label + name] { reported_.insert(line); });
             EXPECT_TRUE(handle) << name;
             handles_.push_back(std::move(handle));
         }
-        // An observation may begin with the next turn.
+        // An observation may start in the next turn.
         runUntil([] { return true; });
     }
     AXElementRef app(WindowId window) const { return ax_.createApplication(owner(window)); }
@@ -31,33 +31,33 @@ class AXObserverContract : public DesktopContract {
         ADD_FAILURE() << "no element of window " << window;
         return nullptr;
     }
-    /// What was told by the time that this was.
-    std::set<std::string> toldWith(const std::string& line) {
-        EXPECT_TRUE(runUntil([&] { return told_.contains(line); })) << line;
-        return std::exchange(told_, {});
+    /// Everything that was reported up to this line.
+    std::set<std::string> reportedUpTo(const std::string& line) {
+        EXPECT_TRUE(runUntil([&] { return reported_.contains(line); })) << line;
+        return std::exchange(reported_, {});
     }
 
     Accessibility& ax_ = platform_.accessibility;
     std::vector<Handle> handles_;
-    std::set<std::string> told_;
+    std::set<std::string> reported_;
 };
 
-TEST_P(AXObserverContract, AnAppTellsOfAnyOfItsWindowsAndOfWhatHappenedOnly) {
+TEST_P(AXObserverContract, AnAppReportsTheChangesOfAllItsWindows) {
     const auto first = world_->openWindow("writer");
     observe(app(first));
     const auto second = world_->openWindow("writer");
-    toldWith("AXFocusedWindowChanged");
+    reportedUpTo("AXFocusedWindowChanged");
     for (const auto window : {first, second}) {
         world_->moveWindow(window, {30, 20});
-        EXPECT_THAT(toldWith("AXWindowMoved"), testing::ElementsAre("AXWindowMoved"));
+        EXPECT_THAT(reportedUpTo("AXWindowMoved"), testing::ElementsAre("AXWindowMoved"));
         world_->resizeWindow(window, {40, 50});
-        EXPECT_THAT(toldWith("AXWindowResized"), testing::ElementsAre("AXWindowResized"));
+        EXPECT_THAT(reportedUpTo("AXWindowResized"), testing::ElementsAre("AXWindowResized"));
     }
     world_->closeWindow(second);
-    EXPECT_THAT(toldWith("AXUIElementDestroyed"), testing::Contains("AXUIElementDestroyed"));
+    EXPECT_THAT(reportedUpTo("AXUIElementDestroyed"), testing::Contains("AXUIElementDestroyed"));
 }
 
-TEST_P(AXObserverContract, TheNewsIsThereToBeReadWhenItIsTold) {
+TEST_P(AXObserverContract, TheChangeCanBeReadInTheCallback) {
     const auto window = world_->openWindow("writer");
     const auto ax = element(window);
     const double width = ax_.attribute(ax, "AXSize").as<Size>()->width;
@@ -70,7 +70,7 @@ TEST_P(AXObserverContract, TheNewsIsThereToBeReadWhenItIsTold) {
     EXPECT_EQ(read, width + 40);
 }
 
-TEST_P(AXObserverContract, AWindowTellsOfItselfOnly) {
+TEST_P(AXObserverContract, AWindowReportsOnlyItsOwnChanges) {
     const auto first = world_->openWindow("writer");
     const auto second = world_->openWindow("writer");
     const auto other = world_->openWindow("painter");
@@ -79,33 +79,33 @@ TEST_P(AXObserverContract, AWindowTellsOfItselfOnly) {
     world_->moveWindow(second, {30, 20});
     world_->closeWindow(second);
     ASSERT_TRUE(runUntil([&] { return !entry(second); }));
-    told_.erase("first AXFocusedWindowChanged");
-    EXPECT_THAT(told_, testing::IsEmpty()) << "but for the focus, which may go to the first";
+    reported_.erase("first AXFocusedWindowChanged");
+    EXPECT_THAT(reported_, testing::IsEmpty()) << "except the focus, which may move to the first";
     world_->closeWindow(first);
-    EXPECT_THAT(toldWith("first AXUIElementDestroyed"),
+    EXPECT_THAT(reportedUpTo("first AXUIElementDestroyed"),
                 testing::ElementsAre("first AXUIElementDestroyed"));
 }
 
-TEST_P(AXObserverContract, WhatHasEndedHearsNothingAndMayEndWithItsNews) {
+TEST_P(AXObserverContract, AnEndedObservationIsSilentAndMayEndInItsCallback) {
     const auto window = world_->openWindow("writer");
-    int ended = 0, once = 0, told = 0;
+    int ended = 0, once = 0, calls = 0;
     Handle first = ax_.observe(app(window), "AXWindowMoved", [&] { ++ended; });
     Handle second;
     second = ax_.observe(app(window), "AXWindowMoved", [&] {
         ++once;
         second.reset();
     });
-    const Handle third = ax_.observe(element(window), "AXWindowMoved", [&] { ++told; });
+    const Handle third = ax_.observe(element(window), "AXWindowMoved", [&] { ++calls; });
     first.reset();
     world_->moveWindow(window, {30, 20});
-    ASSERT_TRUE(runUntil([&] { return told == 1; }));
+    ASSERT_TRUE(runUntil([&] { return calls == 1; }));
     world_->moveWindow(window, {30, 20});
-    ASSERT_TRUE(runUntil([&] { return told == 2; }));
+    ASSERT_TRUE(runUntil([&] { return calls == 2; }));
     EXPECT_EQ(once, 1);
     EXPECT_EQ(ended, 0);
 }
 
-TEST_P(AXObserverContract, AnAppThatDiesSaysNothingMoreOfItsPlaceAndFocus) {
+TEST_P(AXObserverContract, ADeadAppReportsNoMovesOrFocus) {
     const auto window = world_->openWindow("writer");
     const auto second = world_->openWindow("writer");
     const auto observed = app(window);
@@ -116,8 +116,8 @@ TEST_P(AXObserverContract, AnAppThatDiesSaysNothingMoreOfItsPlaceAndFocus) {
     EXPECT_FALSE(ax_.observe(observed, "AXWindowMoved", [] {}));
     EXPECT_FALSE(ax_.observe(gone, "AXUIElementDestroyed", [] {}));
     world_->openWindow("painter");
-    told_.erase("AXUIElementDestroyed");
-    EXPECT_THAT(told_, testing::IsEmpty());
+    reported_.erase("AXUIElementDestroyed");
+    EXPECT_THAT(reported_, testing::IsEmpty());
 }
 
 } // namespace larkspan::contract

@@ -34,7 +34,7 @@ class AccessibilityContract : public DesktopContract {
         return found ? std::optional(*found) : std::nullopt;
     }
 
-    /// Asks for the app's windows off the main thread, as whoever may wait for an app does.
+    /// Reads the app's windows off the main thread, where waiting for an app is allowed.
     AXError askForWindows(ProcessId pid) {
         const auto answer = std::make_shared<std::optional<AXError>>();
         auto& scheduler = platform_.scheduler;
@@ -49,7 +49,7 @@ class AccessibilityContract : public DesktopContract {
     Accessibility& ax_ = platform_.accessibility;
 };
 
-TEST_P(AccessibilityContract, AnAppHasItsOwnWindowsTheMinimisedOnesToo) {
+TEST_P(AccessibilityContract, AnAppHasItsOwnWindowsWithMinimisedOnes) {
     const auto first = world_->openWindow("writer");
     const auto second = world_->openWindow("writer");
     const auto other = world_->openWindow("painter");
@@ -61,7 +61,7 @@ TEST_P(AccessibilityContract, AnAppHasItsOwnWindowsTheMinimisedOnesToo) {
         EXPECT_EQ(ax_.pid(each), owner(first));
 }
 
-TEST_P(AccessibilityContract, AWindowSaysWhatTheWindowListSaysOfIt) {
+TEST_P(AccessibilityContract, AWindowsAttributesMatchTheWindowList) {
     const auto window = world_->openWindow("writer", {.title = "Letter"});
     const auto ax = element(window);
     EXPECT_EQ(value<std::string>(ax, "AXRole"), "AXWindow");
@@ -86,7 +86,7 @@ TEST_P(AccessibilityContract, TheFrontAppsFocusedWindowIsTheOneInFront) {
     const auto app = ax_.createApplication(owner(front));
     EXPECT_EQ(value<std::string>(app, "AXRole"), "AXApplication");
     EXPECT_EQ(ax_.pid(app), owner(front));
-    EXPECT_EQ(ax_.window(app), std::nullopt) << "an app is no window";
+    EXPECT_EQ(ax_.window(app), std::nullopt) << "an app is not a window";
     EXPECT_TRUE(runUntil([&] {
         const auto focused = value<AXElementRef>(app, "AXFocusedWindow");
         return focused && ax_.window(*focused) == front;
@@ -104,7 +104,7 @@ TEST_P(AccessibilityContract, TheAttributeMinimisesAndRestores) {
     EXPECT_EQ(value<bool>(ax, "AXMinimized"), false);
 }
 
-TEST_P(AccessibilityContract, RaisingPutsAWindowBeforeItsAppsOthers) {
+TEST_P(AccessibilityContract, RaisingPutsAWindowInFrontOfItsAppsOthers) {
     const auto first = world_->openWindow("writer");
     const auto second = world_->openWindow("writer");
     ASSERT_THAT(ordered({first, second}), testing::ElementsAre(second, first));
@@ -129,7 +129,7 @@ TEST_P(AccessibilityContract, TheCloseButtonCloses) {
     EXPECT_TRUE(runUntil([&] { return !entry(window); }));
 }
 
-TEST_P(AccessibilityContract, AnAppThatHangsDoesNotCompleteInTime) {
+TEST_P(AccessibilityContract, ACallToAHungAppTimesOut) {
     const auto writer = owner(world_->openWindow("writer"));
     const auto painter = owner(world_->openWindow("painter"));
     ASSERT_EQ(ax_.setMessagingTimeout(ax_.createSystemWide(), 0.3F), AXError::success);
@@ -138,12 +138,12 @@ TEST_P(AccessibilityContract, AnAppThatHangsDoesNotCompleteInTime) {
     const double before = platform_.scheduler.uptime();
     EXPECT_EQ(askForWindows(writer), AXError::cannotComplete);
     EXPECT_GE(platform_.scheduler.uptime() - before, 0.29);
-    EXPECT_EQ(askForWindows(painter), AXError::success) << "only it hangs";
+    EXPECT_EQ(askForWindows(painter), AXError::success) << "only the writer hangs";
     world_->hang("writer", false);
     EXPECT_EQ(askForWindows(writer), AXError::success);
 }
 
-TEST_P(AccessibilityContract, WhatHasGoneAnswersSoToEverything) {
+TEST_P(AccessibilityContract, EveryCallToAnInvalidElementFails) {
     const auto window = world_->openWindow("writer");
     world_->openWindow("writer");
     const auto ax = element(window);
@@ -157,7 +157,7 @@ TEST_P(AccessibilityContract, WhatHasGoneAnswersSoToEverything) {
     EXPECT_EQ(ax_.window(ax), std::nullopt);
 }
 
-TEST_P(AccessibilityContract, WhatDoesNotExistIsRefusedByName) {
+TEST_P(AccessibilityContract, UnknownAttributesAndActionsAreUnsupported) {
     const auto ax = element(world_->openWindow("writer"));
     EXPECT_EQ(ax_.attribute(ax, "AXNonsense").error, AXError::attributeUnsupported);
     EXPECT_EQ(ax_.setAttribute(ax, "AXNonsense", true), AXError::attributeUnsupported);

@@ -7,7 +7,7 @@
 
 namespace larkspan::contract {
 
-/// What a contract is tested with: how to make the world of one adapter, and how tests name it.
+/// The parameter of a contract: how to make the world of one adapter, and its name in test names.
 template <typename World>
 struct Adapter {
     std::string name;

@@ -13,7 +13,7 @@ class CoreDockWorld {
   public:
     virtual ~CoreDockWorld() = default;
     virtual CoreDock& dock() = 0;
-    /// Whether this desktop has a Dock that can be read and set.
+    /// Whether this desktop has a Dock whose settings can be read and changed.
     virtual bool hasDock() = 0;
 };
 
@@ -36,12 +36,12 @@ class CoreDockContract : public testing::TestWithParam<Adapter<CoreDockWorld>> {
     CoreDock& dock_ = world_->dock();
 };
 
-TEST_P(CoreDockContract, ADesktopHasTheWholeDockOrNone) {
+TEST_P(CoreDockContract, ADesktopHasAllDockFunctionsOrNone) {
     for (const auto function : functions)
         EXPECT_EQ(dock_.has(function), world_->hasDock()) << static_cast<int>(function);
 }
 
-TEST_P(CoreDockContract, EachSettingReadsAsItWasSetAndLeavesTheOthers) {
+TEST_P(CoreDockContract, EachSettingIsReadBackAndIndependent) {
     if (!world_->hasDock()) GTEST_SKIP() << "there is no Dock here";
     dock_.setTileSize(0.25F);
     dock_.setAutoHideEnabled(true);
@@ -57,7 +57,7 @@ TEST_P(CoreDockContract, EachSettingReadsAsItWasSetAndLeavesTheOthers) {
     EXPECT_EQ(dock_.orientationAndPinning(), (OrientationAndPinning{3, 1}));
 }
 
-TEST_P(CoreDockContract, AnIconSizeBelowTheSmallestIsTaken) {
+TEST_P(CoreDockContract, AnIconSizeBelowTheMinimumIsAccepted) {
     if (!world_->hasDock()) GTEST_SKIP() << "there is no Dock here";
     const float tenPixels = (10.25F - 16) / 112;
     dock_.setTileSize(tenPixels);

@@ -18,45 +18,45 @@ struct NewWindow {
     bool isDialog = false;
 };
 
-/// A desktop with two Spaces and two installed apps, "writer" and "painter", and the people and
-/// programs that change it past the interfaces. What it is told to do has happened when the call
-/// returns only where that is said; wait for it.
+/// A desktop with two Spaces and two installed apps, "writer" and "painter", and the users and
+/// programs that change it. A change has happened when the call returns only if its comment says
+/// so; otherwise wait for it.
 class DesktopWorld {
   public:
     virtual ~DesktopWorld() = default;
     virtual Platform platform() = 0;
-    /// Runs the loop until the condition holds; false when it does not within a limit.
+    /// Runs the loop until the condition is true; returns false if a limit is reached first.
     virtual bool runUntil(const std::function<bool()>& condition) = 0;
 
     /// The bundle identifier of an installed app.
     virtual std::string identifier(const std::string& app) = 0;
-    /// Opens a window in front of all others, launching the app if it does not run. The window is
-    /// on screen when the call returns.
+    /// Opens a window in front of all others, and launches the app if it does not run. The window
+    /// is on screen when the call returns.
     virtual WindowId openWindow(const std::string& app, const NewWindow& window = {}) = 0;
-    /// An app that was opened through the interfaces finishes launching and shows its window.
+    /// Lets an app that was opened through the interfaces finish launching and show its window.
     virtual void finishLaunching(const std::string& app) = 0;
     virtual void closeWindow(WindowId window) = 0;
-    /// By so much; as its app or its user does it.
+    /// Moves it by that much, as its app or its user does.
     virtual void moveWindow(WindowId window, Point by) = 0;
     virtual void resizeWindow(WindowId window, Size by) = 0;
-    /// Ends the app without a word, with all of its windows.
+    /// Kills the app and all its windows.
     virtual void kill(const std::string& app) = 0;
     virtual void minimize(WindowId window) = 0;
-    /// The app's process no longer handles events, or does again.
+    /// The app's process stops handling events, or handles them again.
     virtual void hang(const std::string& app, bool hangs) = 0;
     virtual void setTitle(WindowId window, const std::string& title) = 0;
     /// Without a Space: to all of them.
     virtual void moveToSpace(WindowId window, std::optional<std::size_t> space) = 0;
     virtual void showSpace(std::size_t space) = 0;
-    /// Takes some points away from what windows may use of the main screen.
+    /// Reduces the area of the main screen that windows may use.
     virtual void shrinkVisibleFrame() = 0;
-    /// To a place in screen coordinates.
+    /// Moves the pointer to a position in screen coordinates.
     virtual void movePointer(Point place) = 0;
-    /// By how much a held strip of that height takes from the visible frames here.
+    /// By how much a reserved strip of that height reduces the visible frames here.
     virtual double stripTakenFromScreens(double height) = 0;
 };
 
-/// A test over a desktop made anew by the parameter.
+/// A test on a new desktop, made by the parameter.
 class DesktopContract : public testing::TestWithParam<Adapter<DesktopWorld>> {
   protected:
     std::optional<WindowListEntry> entry(WindowId window,
@@ -74,7 +74,7 @@ class DesktopContract : public testing::TestWithParam<Adapter<DesktopWorld>> {
         const auto found = entry(window);
         return found ? found->ownerPID.value_or(0) : 0;
     }
-    /// Those of these windows that the list has, in its order.
+    /// Those of these windows that are in the list, in its order.
     std::vector<WindowId> ordered(const std::vector<WindowId>& windows,
                                   std::uint32_t option = WindowListOption::all) const {
         std::vector<WindowId> found;

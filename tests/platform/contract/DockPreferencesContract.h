@@ -35,14 +35,14 @@ class DockPreferencesContract : public testing::TestWithParam<Adapter<DockPrefer
     const std::string key_ = "persistent-apps";
 };
 
-TEST_P(DockPreferencesContract, TheListIsAlwaysThereAndOtherKeysAreNot) {
+TEST_P(DockPreferencesContract, TheListExistsAndOtherKeysDoNot) {
     const auto list = preferences_.copyAppValue(key_);
     ASSERT_TRUE(list);
     EXPECT_TRUE(list->as<PropertyValue::Array>());
     EXPECT_EQ(preferences_.copyAppValue("no such key"), std::nullopt);
 }
 
-TEST_P(DockPreferencesContract, WhatIsSetCountsHereAtOnceAndElsewhereOnceSynchronised) {
+TEST_P(DockPreferencesContract, AChangeIsVisibleToOthersOnceSynchronised) {
     const auto before = world_->readElsewhere(key_);
     preferences_.setAppValue(key_, listOf("one"));
     EXPECT_EQ(preferences_.copyAppValue(key_), listOf("one"));
@@ -52,13 +52,13 @@ TEST_P(DockPreferencesContract, WhatIsSetCountsHereAtOnceAndElsewhereOnceSynchro
     EXPECT_EQ(preferences_.copyAppValue(key_), listOf("one"));
 }
 
-TEST_P(DockPreferencesContract, SynchronisingShowsWhatOthersHaveWritten) {
+TEST_P(DockPreferencesContract, SynchronisingReadsChangesOfOthers) {
     world_->writeElsewhere(key_, listOf("theirs"));
     EXPECT_TRUE(preferences_.synchronize());
     EXPECT_EQ(preferences_.copyAppValue(key_), listOf("theirs"));
 }
 
-TEST_P(DockPreferencesContract, SynchronisingKeepsWhatOthersWroteUnderOtherKeys) {
+TEST_P(DockPreferencesContract, SynchronisingKeepsOtherKeysOfOthers) {
     preferences_.setAppValue(key_, listOf("ours"));
     world_->writeElsewhere("tilesize", 64);
     world_->writeElsewhere(key_, listOf("theirs"));
@@ -67,22 +67,22 @@ TEST_P(DockPreferencesContract, SynchronisingKeepsWhatOthersWroteUnderOtherKeys)
     EXPECT_EQ(world_->readElsewhere("tilesize"), PropertyValue(64));
 }
 
-TEST_P(DockPreferencesContract, ChangesFromOutsideAreToldWhereThatIsPromised) {
+TEST_P(DockPreferencesContract, OutsideChangesAreAnnouncedIfPromised) {
     if (!preferences_.announcesChanges()) GTEST_SKIP() << "has to be polled";
-    int told = 0;
-    int toldAfterItsEnd = 0;
+    int calls = 0;
+    int callsAfterItsEnd = 0;
     std::optional<PropertyValue> seen;
     const Handle subscription = preferences_.subscribe([&] {
-        ++told;
+        ++calls;
         preferences_.synchronize();
         seen = preferences_.copyAppValue(key_);
     });
-    Handle ended = preferences_.subscribe([&] { ++toldAfterItsEnd; });
+    Handle ended = preferences_.subscribe([&] { ++callsAfterItsEnd; });
     ended.reset();
     world_->writeElsewhere(key_, listOf("theirs"));
-    EXPECT_TRUE(world_->runUntil([&] { return told > 0; }));
+    EXPECT_TRUE(world_->runUntil([&] { return calls > 0; }));
     EXPECT_EQ(seen, listOf("theirs"));
-    EXPECT_EQ(toldAfterItsEnd, 0);
+    EXPECT_EQ(callsAfterItsEnd, 0);
 }
 
 } // namespace larkspan::contract

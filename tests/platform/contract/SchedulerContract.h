@@ -17,11 +17,11 @@ class SchedulerWorld {
   public:
     virtual ~SchedulerWorld() = default;
     virtual Scheduler& scheduler() = 0;
-    /// Runs the loop until the condition holds; false when it does not within a limit.
+    /// Runs the loop until the condition is true; returns false if a limit is reached first.
     virtual bool runUntil(const std::function<bool()>& condition) = 0;
 };
 
-/// What every scheduler must do. The parameter makes a world anew for each test.
+/// What every scheduler must do. The parameter makes a new world for each test.
 class SchedulerContract : public testing::TestWithParam<Adapter<SchedulerWorld>> {
   protected:
     Scheduler::Task note(const std::string& what) {
@@ -58,7 +58,7 @@ TEST_P(SchedulerContract, ATimerIsNeverEarlyAndRunsOnce) {
         ran_.push_back("once");
     });
     const Handle now = scheduler_.after(0, note("now"));
-    EXPECT_TRUE(ran_.empty()) << "not even a timer of no time runs before the loop does";
+    EXPECT_TRUE(ran_.empty()) << "even a timer with no delay waits for the loop";
     const Handle later = scheduler_.after(0.03, note("later"));
     ASSERT_TRUE(hasRun("later"));
     EXPECT_THAT(ran_, testing::ElementsAre("now", "once", "later"));
@@ -95,7 +95,7 @@ TEST_P(SchedulerContract, ARepeatingTimerMayEndItselfFromItsOwnTask) {
         if (ran_.size() == 2) timer.reset();
     });
     ASSERT_TRUE(world_->runUntil([&] { return ran_.size() == 2; }));
-    EXPECT_GE(firstBeat - start, 0.005) << "the first beat comes after one interval";
+    EXPECT_GE(firstBeat - start, 0.005) << "the first call comes after one interval";
     const Handle later = scheduler_.after(0.02, note("later"));
     ASSERT_TRUE(hasRun("later"));
     EXPECT_EQ(ran_.size(), 3U);
@@ -123,12 +123,61 @@ TEST_P(SchedulerContract, AQueueKeepsItsOrderAndIsNotTheMainThread) {
     EXPECT_TRUE(scheduler_.isMainThread());
 }
 
+TEST_P(SchedulerContract, ATimerOfAQueueRunsThereUntilItsHandleEnds) {
+    SerialQueue& queue = scheduler_.queue("contract");
+    // Written on the queue, read when it has nothing more to run.
+    std::vector<double> beats;
+    bool wasMain = false;
+    const double start = scheduler_.uptime();
+    Handle timer = queue.every(0.005, [&] {
+        beats.push_back(scheduler_.uptime());
+        wasMain = wasMain || scheduler_.isMainThread();
+        if (beats.size() == 3) scheduler_.post(note("three beats"));
+    });
+    queue.post([this] { scheduler_.post(note("posted beside it")); });
+    ASSERT_TRUE(hasRun("three beats"));
+    timer.reset();
+    queue.post([this] { scheduler_.post(note("the queue is past its beats")); });
+    ASSERT_TRUE(hasRun("the queue is past its beats"));
+    const auto made = beats.size();
+    const Handle later = scheduler_.after(0.02, note("later"));
+    ASSERT_TRUE(hasRun("later"));
+    EXPECT_EQ(beats.size(), made);
+    EXPECT_FALSE(wasMain);
+    for (std::size_t beat = 0; beat < 3; ++beat)
+        EXPECT_GE(beats[beat] - start, 0.005 * static_cast<double>(beat + 1) - 1e-9);
+    EXPECT_EQ(ran_.front(), "posted beside it");
+}
+
+TEST_P(SchedulerContract, ATimerOfAQueueMayEndInItsOwnTaskAndInAnother) {
+    SerialQueue& queue = scheduler_.queue("contract");
+    Handle own;
+    Handle other;
+    int beats = 0;
+    // On the queue, so that no beat comes before its handle is there.
+    queue.post([&] {
+        other = queue.every(0.02, [&] { beats += 100; });
+        own = queue.every(0.005, [&] {
+            if (++beats < 2) return;
+            other.reset();
+            own.reset();
+            scheduler_.post(note("ended"));
+        });
+    });
+    ASSERT_TRUE(hasRun("ended"));
+    const Handle later = scheduler_.after(0.03, note("later"));
+    ASSERT_TRUE(hasRun("later"));
+    EXPECT_EQ(beats, 2);
+}
+
 TEST_P(SchedulerContract, HandlesMayOutliveTheScheduler) {
     Handle once = scheduler_.after(60, note("never"));
     Handle again = scheduler_.every(60, note("never"));
+    Handle queued = scheduler_.queue("contract").every(60, note("never"));
     world_.reset();
     once.reset();
     again.reset();
+    queued.reset();
     EXPECT_TRUE(ran_.empty());
 }
 

@@ -8,15 +8,15 @@
 
 namespace larkspan::contract {
 
-/// A system that grants or refuses what a program asks, if it ever refuses.
+/// A system that grants or refuses the permission, if it can refuse it.
 class ScreenCaptureWorld {
   public:
     virtual ~ScreenCaptureWorld() = default;
     virtual ScreenCapture& screenCapture() = 0;
-    /// Answers false where nothing can be refused.
+    /// Returns false if this system cannot refuse it.
     virtual bool refuse() = 0;
     virtual void grant() = 0;
-    /// How often the user was asked.
+    /// How often the user was prompted.
     virtual int prompts() = 0;
 };
 
@@ -27,7 +27,7 @@ class ScreenCaptureContract : public testing::TestWithParam<Adapter<ScreenCaptur
     ScreenCapture& capture_ = world_->screenCapture();
 };
 
-TEST_P(ScreenCaptureContract, WhatIsGrantedIsSaidWithoutAskingTheUser) {
+TEST_P(ScreenCaptureContract, AGrantIsReadWithoutAPrompt) {
     world_->grant();
     EXPECT_TRUE(capture_.preflightAccess());
     EXPECT_TRUE(capture_.preflightAccess());
@@ -35,8 +35,8 @@ TEST_P(ScreenCaptureContract, WhatIsGrantedIsSaidWithoutAskingTheUser) {
     EXPECT_TRUE(capture_.requestAccess());
 }
 
-TEST_P(ScreenCaptureContract, OnlyARequestAsksTheUserAndItsAnswerIsThatOfNow) {
-    if (!world_->refuse()) GTEST_SKIP() << "nothing is refused here";
+TEST_P(ScreenCaptureContract, OnlyARequestPromptsTheUser) {
+    if (!world_->refuse()) GTEST_SKIP() << "this system cannot refuse it";
     EXPECT_FALSE(capture_.preflightAccess());
     EXPECT_EQ(world_->prompts(), 0);
     EXPECT_FALSE(capture_.requestAccess());

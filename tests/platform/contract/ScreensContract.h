@@ -6,7 +6,7 @@
 
 namespace larkspan::contract {
 
-/// What all screens, and the strip that the bar holds on them, must do.
+/// What all screens, and the strip that the bar reserves on them, must do.
 class ScreensContract : public DesktopContract {
   protected:
     std::vector<Rect> visibleFrames() const {
@@ -15,7 +15,7 @@ class ScreensContract : public DesktopContract {
             frames.push_back(screen.visibleFrame);
         return frames;
     }
-    /// The frames with so much taken from their lower edges.
+    /// The frames with that much removed at their lower edges.
     static std::vector<Rect> above(std::vector<Rect> frames, double height) {
         for (auto& frame : frames) {
             frame.y += height;
@@ -27,12 +27,12 @@ class ScreensContract : public DesktopContract {
     Screens& screens_ = platform_.screens;
 };
 
-TEST_P(ScreensContract, BothCoordinateSystemsSayTheSame) {
+TEST_P(ScreensContract, BothCoordinateSystemsAgree) {
     const auto screens = screens_.screens();
     ASSERT_FALSE(screens.empty());
     const Rect main = screens.front().frame;
     EXPECT_EQ(main.x, 0);
-    EXPECT_EQ(main.y, 0) << "the main screen comes first and holds both origins";
+    EXPECT_EQ(main.y, 0) << "the main screen is first and has both origins";
     std::set<DisplayId> displays{0};
     std::set<std::string> identifiers{""};
     for (const auto& screen : screens) {
@@ -46,21 +46,21 @@ TEST_P(ScreensContract, BothCoordinateSystemsSayTheSame) {
     }
 }
 
-TEST_P(ScreensContract, AChangeIsToldOnceItCanBeRead) {
+TEST_P(ScreensContract, AChangeIsAnnouncedWhenItCanBeRead) {
     const auto before = visibleFrames();
     bool hasSeen = false;
-    int toldAfterItsEnd = 0;
+    int callsAfterItsEnd = 0;
     const Handle subscription =
         screens_.subscribe([&] { hasSeen = hasSeen || visibleFrames() != before; });
-    Handle ended = screens_.subscribe([&] { ++toldAfterItsEnd; });
+    Handle ended = screens_.subscribe([&] { ++callsAfterItsEnd; });
     ended.reset();
     world_->shrinkVisibleFrame();
     EXPECT_TRUE(runUntil([&] { return hasSeen; }));
     EXPECT_LT(visibleFrames().front().area(), before.front().area());
-    EXPECT_EQ(toldAfterItsEnd, 0);
+    EXPECT_EQ(callsAfterItsEnd, 0);
 }
 
-TEST_P(ScreensContract, TheStripReplacesTheOneBeforeAndIsGivenBack) {
+TEST_P(ScreensContract, AStripReplacesTheEarlierOneAndIsReleased) {
     const auto before = visibleFrames();
     const auto frame = screens_.screens().front().frame;
     auto& strip = platform_.dockStrip;

@@ -18,7 +18,7 @@ class TrashWorld {
     virtual TrashFolder& trash() = 0;
     virtual void throwAway(const std::string& name) = 0;
     virtual void empty() = 0;
-    /// The folder cannot be read from now on.
+    /// Makes the folder unreadable.
     virtual void makeUnreadable() = 0;
     /// How often a folder has been shown to the user.
     virtual std::size_t opened() = 0;
@@ -32,7 +32,7 @@ class TrashContract : public testing::TestWithParam<Adapter<TrashWorld>> {
     TrashFolder& trash_ = world_->trash();
 };
 
-TEST_P(TrashContract, EveryEntryCountsTheHiddenOnesToo) {
+TEST_P(TrashContract, HiddenEntriesCountToo) {
     EXPECT_EQ(trash_.entryCount(), 0U);
     EXPECT_FALSE(trash_.holdsDesktopServicesFile());
     world_->throwAway("letter");
@@ -57,12 +57,12 @@ TEST_P(TrashContract, OpeningShowsTheFolder) {
     EXPECT_EQ(world_->opened(), 1U);
 }
 
-TEST_P(TrashContract, FillingAndEmptyingAreToldWhereThatIsPromised) {
+TEST_P(TrashContract, FillingAndEmptyingAreAnnouncedIfPromised) {
     if (!trash_.announcesChanges()) GTEST_SKIP() << "has to be polled";
     std::optional<std::size_t> seen;
-    int toldAfterItsEnd = 0;
+    int callsAfterItsEnd = 0;
     const Handle subscription = trash_.subscribe([&] { seen = trash_.entryCount(); });
-    Handle ended = trash_.subscribe([&] { ++toldAfterItsEnd; });
+    Handle ended = trash_.subscribe([&] { ++callsAfterItsEnd; });
     ended.reset();
     world_->throwAway("letter");
     EXPECT_TRUE(world_->runUntil([&] { return seen == 1U; }));
@@ -70,7 +70,7 @@ TEST_P(TrashContract, FillingAndEmptyingAreToldWhereThatIsPromised) {
     EXPECT_TRUE(world_->runUntil([&] { return seen == 0U; }));
     world_->throwAway("second letter");
     EXPECT_TRUE(world_->runUntil([&] { return seen == 1U; }));
-    EXPECT_EQ(toldAfterItsEnd, 0);
+    EXPECT_EQ(callsAfterItsEnd, 0);
 }
 
 /// The login item, and a system that may refuse.
@@ -78,7 +78,7 @@ class LoginItemWorld {
   public:
     virtual ~LoginItemWorld() = default;
     virtual LoginItem& item() = 0;
-    /// The user switches the item off in the system's own settings.
+    /// The user turns the item off in the system's settings.
     virtual void switchOff() = 0;
     /// The system refuses to register from now on.
     virtual void refuse() = 0;
@@ -93,21 +93,21 @@ class LoginItemContract : public testing::TestWithParam<Adapter<LoginItemWorld>>
     LoginItem& item_ = world_->item();
 };
 
-TEST_P(LoginItemContract, RegisteringTakesEffectAtOnceAndCanBeTakenBack) {
+TEST_P(LoginItemContract, RegisteringTakesEffectAtOnceAndCanBeUndone) {
     EXPECT_EQ(item_.status(), Status::notRegistered);
     EXPECT_TRUE(item_.registerItem());
     EXPECT_EQ(item_.status(), Status::enabled);
-    EXPECT_TRUE(item_.registerItem()) << "once more does no harm";
+    EXPECT_TRUE(item_.registerItem()) << "registering twice is allowed";
     EXPECT_TRUE(item_.unregisterItem());
     EXPECT_EQ(item_.status(), Status::notRegistered);
 }
 
-TEST_P(LoginItemContract, TakingBackWhatIsNotRegisteredFails) {
+TEST_P(LoginItemContract, UnregisteringAnUnregisteredItemFails) {
     EXPECT_FALSE(item_.unregisterItem());
     EXPECT_EQ(item_.status(), Status::notRegistered);
 }
 
-TEST_P(LoginItemContract, WhatTheUserSwitchesOffElsewhereIsSeenAndCanBeSwitchedOn) {
+TEST_P(LoginItemContract, AnItemTurnedOffElsewhereCanBeTurnedOn) {
     ASSERT_TRUE(item_.registerItem());
     world_->switchOff();
     EXPECT_NE(item_.status(), Status::enabled);
@@ -115,7 +115,7 @@ TEST_P(LoginItemContract, WhatTheUserSwitchesOffElsewhereIsSeenAndCanBeSwitchedO
     EXPECT_EQ(item_.status(), Status::enabled);
 }
 
-TEST_P(LoginItemContract, ARefusalIsSaidAndLeavesTheStatus) {
+TEST_P(LoginItemContract, ARefusalIsReportedAndKeepsTheStatus) {
     world_->refuse();
     EXPECT_FALSE(item_.registerItem());
     EXPECT_EQ(item_.status(), Status::notRegistered);

@@ -16,10 +16,10 @@ class StatusBarWorld {
   public:
     virtual ~StatusBarWorld() = default;
     virtual StatusBar& statusBar() = 0;
-    /// The descriptions of the items that stand there, in any order.
+    /// The descriptions of the shown items, in any order.
     virtual std::vector<std::string> shown() = 0;
-    /// The user chooses the line of that title from the menu of the only item; false when it cannot
-    /// be chosen.
+    /// The user chooses the item with that title from the menu of the only status item; false if
+    /// that is not possible.
     virtual bool choose(const std::string& title) = 0;
     virtual bool runUntil(const std::function<bool()>& condition) = 0;
 };
@@ -37,7 +37,7 @@ class StatusBarContract : public testing::TestWithParam<Adapter<StatusBarWorld>>
     StatusBar& statusBar_ = world_->statusBar();
 };
 
-TEST_P(StatusBarContract, AnItemStandsThereUntilItsHandleEnds) {
+TEST_P(StatusBarContract, AnItemIsShownUntilItsHandleEnds) {
     EXPECT_TRUE(comesToShow({}));
     const StatusItem item{.symbol = "dock.rectangle", .accessibilityDescription = "Larkspan"};
     Handle handle = statusBar_.show(item);
@@ -45,10 +45,10 @@ TEST_P(StatusBarContract, AnItemStandsThereUntilItsHandleEnds) {
     handle.reset();
     EXPECT_TRUE(comesToShow({}));
     handle = statusBar_.show(item);
-    EXPECT_TRUE(comesToShow({"Larkspan"})) << "it comes back as often as it is shown";
+    EXPECT_TRUE(comesToShow({"Larkspan"})) << "it can be shown again";
 }
 
-TEST_P(StatusBarContract, ItsMenusLinesDoWhatTheySay) {
+TEST_P(StatusBarContract, ItsMenuItemsRunTheirActions) {
     Texts chosen;
     const Menu menu{{.title = "First", .action = [&] { chosen.emplace_back("First"); }},
                     MenuItem::separator(),
@@ -63,7 +63,7 @@ TEST_P(StatusBarContract, ItsMenusLinesDoWhatTheySay) {
     EXPECT_FALSE(world_->choose("Third"));
 }
 
-TEST_P(StatusBarContract, AChoiceMayTakeTheItemAway) {
+TEST_P(StatusBarContract, AnActionMayRemoveTheItem) {
     Handle handle;
     const Menu menu{{.title = "Go", .action = [&] { handle.reset(); }}};
     handle = statusBar_.show(

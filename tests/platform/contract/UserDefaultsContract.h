@@ -8,14 +8,14 @@
 
 namespace larkspan::contract {
 
-/// The user's preferences, and what can befall the program that holds them.
+/// The user's preferences, and what may happen to the program.
 class UserDefaultsWorld {
   public:
     virtual ~UserDefaultsWorld() = default;
     virtual UserDefaults& defaults() = 0;
-    /// The program is killed and started anew: what it had not stored is lost.
+    /// Kills the program and starts it again: what it had not stored is lost.
     virtual void killAndRestart() = 0;
-    /// Nothing can be stored from now on.
+    /// Makes storing fail from now on.
     virtual void breakStorage() = 0;
 };
 
@@ -27,7 +27,7 @@ class UserDefaultsContract : public testing::TestWithParam<Adapter<UserDefaultsW
     std::unique_ptr<UserDefaultsWorld> world_ = GetParam().make();
 };
 
-TEST_P(UserDefaultsContract, AValueCountsAtOnceAndKeepsItsType) {
+TEST_P(UserDefaultsContract, AValueTakesEffectAtOnceAndKeepsItsType) {
     EXPECT_EQ(defaults().value("size"), std::nullopt);
     for (const PropertyValue& value :
          {PropertyValue(72), PropertyValue(72.0), PropertyValue("72"), PropertyValue(true)}) {
@@ -36,7 +36,7 @@ TEST_P(UserDefaultsContract, AValueCountsAtOnceAndKeepsItsType) {
     }
 }
 
-TEST_P(UserDefaultsContract, WhatWasSynchronisedSurvivesAKill) {
+TEST_P(UserDefaultsContract, SynchronisedValuesSurviveAKill) {
     const PropertyValue list = PropertyValue::Array{1, 1.0, "1", Data{std::string("\0\xff", 2)},
                                                     PropertyValue::Dictionary{{"key", false}}};
     defaults().set("list", list);
@@ -47,7 +47,7 @@ TEST_P(UserDefaultsContract, WhatWasSynchronisedSurvivesAKill) {
     EXPECT_EQ(defaults().value("number"), PropertyValue(5));
 }
 
-TEST_P(UserDefaultsContract, ARemovedValueIsGoneAndStaysGone) {
+TEST_P(UserDefaultsContract, ARemovedValueStaysRemoved) {
     defaults().set("first", 1);
     defaults().set("second", 2);
     ASSERT_TRUE(defaults().synchronize());
@@ -60,7 +60,7 @@ TEST_P(UserDefaultsContract, ARemovedValueIsGoneAndStaysGone) {
     EXPECT_EQ(defaults().value("second"), PropertyValue(2));
 }
 
-TEST_P(UserDefaultsContract, WhatCannotBeStoredIsSaidAndStillCountsHere) {
+TEST_P(UserDefaultsContract, AFailureToStoreIsReportedAndKeptInMemory) {
     world_->breakStorage();
     defaults().set("size", 72);
     EXPECT_FALSE(defaults().synchronize());

@@ -18,19 +18,19 @@ class WindowServerContract : public DesktopContract {
         return std::count(windows.begin(), windows.end(), window) == 1;
     }
 
-    void checkThatNothingIsTold() {
-        int told = 0;
-        const Handle subscription = server_.subscribe([&] { ++told; });
+    void checkThatNothingIsAnnounced() {
+        int calls = 0;
+        const Handle subscription = server_.subscribe([&] { ++calls; });
         const auto window = world_->openWindow("writer");
         world_->closeWindow(window);
         EXPECT_TRUE(runUntil([&] { return !entry(window); }));
-        EXPECT_EQ(told, 0);
+        EXPECT_EQ(calls, 0);
     }
 
     WindowServer& server_ = platform_.windowServer;
 };
 
-TEST_P(WindowServerContract, AnEntrySaysWhatTheWindowIs) {
+TEST_P(WindowServerContract, AnEntryDescribesTheWindow) {
     const auto window = world_->openWindow("writer", {.title = "Letter"});
     const auto found = *entry(window);
     EXPECT_EQ(found.layer, 0);
@@ -59,10 +59,10 @@ TEST_P(WindowServerContract, NumbersAreUniqueAndOrdinaryWindowsBelongToRunningAp
             EXPECT_TRUE(pids.contains(each.ownerPID.value_or(0)));
         }
     }
-    EXPECT_FALSE(numbers.contains(0)) << "0 is no window";
+    EXPECT_FALSE(numbers.contains(0)) << "0 is not a window";
 }
 
-TEST_P(WindowServerContract, TheListRunsFrontToBackWhateverIsAskedFor) {
+TEST_P(WindowServerContract, TheListIsFrontToBackForEveryOption) {
     const auto first = world_->openWindow("writer");
     const auto second = world_->openWindow("painter");
     const auto third = world_->openWindow("painter");
@@ -76,7 +76,7 @@ TEST_P(WindowServerContract, TheListRunsFrontToBackWhateverIsAskedFor) {
         EXPECT_THAT(ordered(all, option), testing::ElementsAre(first, third, second)) << option;
 }
 
-TEST_P(WindowServerContract, AMinimisedWindowStaysListedYetIsOnNoScreenAndNoSpace) {
+TEST_P(WindowServerContract, AMinimisedWindowIsListedButOnNoScreenOrSpace) {
     const auto shown = world_->openWindow("writer");
     const auto window = world_->openWindow("writer");
     world_->minimize(window);
@@ -108,7 +108,7 @@ TEST_P(WindowServerContract, AWindowOfAnotherSpaceIsListedButNotOnScreen) {
     }));
 }
 
-TEST_P(WindowServerContract, TheNumbersAloneAreThoseOfTheList) {
+TEST_P(WindowServerContract, TheNumbersAreThoseOfTheList) {
     world_->openWindow("writer");
     const auto minimized = world_->openWindow("painter");
     world_->minimize(minimized);
@@ -126,7 +126,7 @@ TEST_P(WindowServerContract, TheNumbersAloneAreThoseOfTheList) {
     }
 }
 
-TEST_P(WindowServerContract, MovedWindowsGoToTheSpaceAndNoOthersDo) {
+TEST_P(WindowServerContract, OnlyMovedWindowsGoToTheSpace) {
     const auto first = world_->openWindow("writer");
     const auto second = world_->openWindow("painter");
     const auto staying = world_->openWindow("painter");
@@ -139,7 +139,7 @@ TEST_P(WindowServerContract, MovedWindowsGoToTheSpaceAndNoOthersDo) {
     EXPECT_TRUE(runUntil([&] { return isOnSpace(first, 0) && !isOnSpace(first, 1); }));
 }
 
-TEST_P(WindowServerContract, AWindowOfEverySpaceIsOnEachOfThem) {
+TEST_P(WindowServerContract, AWindowOnAllSpacesIsOnEachOfThem) {
     const auto window = world_->openWindow("writer");
     world_->moveToSpace(window, std::nullopt);
     EXPECT_TRUE(runUntil([&] { return isOnSpace(window, 0) && isOnSpace(window, 1); }));
@@ -155,7 +155,7 @@ TEST_P(WindowServerContract, AClosedWindowIsNowhere) {
     EXPECT_TRUE(isOnScreen(other));
 }
 
-TEST_P(WindowServerContract, DisplaysAreTheScreensAndEachShowsOneOfItsSpaces) {
+TEST_P(WindowServerContract, EachScreenIsADisplayThatShowsOneSpace) {
     const auto displays = *server_.managedDisplaySpaces();
     const auto screens = platform_.screens.screens();
     ASSERT_EQ(displays.size(), screens.size());
@@ -170,45 +170,45 @@ TEST_P(WindowServerContract, DisplaysAreTheScreensAndEachShowsOneOfItsSpaces) {
     EXPECT_EQ(spaces.size(), 2U);
 }
 
-TEST_P(WindowServerContract, EveryKindOfChangeIsToldOrNoneIs) {
+TEST_P(WindowServerContract, EveryKindOfChangeIsAnnouncedOrNone) {
     if (!server_.abilities().announcesChanges) {
-        checkThatNothingIsTold();
+        checkThatNothingIsAnnounced();
         return;
     }
     const auto below = world_->openWindow("painter");
     const auto window = world_->openWindow("writer");
-    // Looks only when told, so that a change that is not told is never seen.
+    // Checked only after a notification, so that a change without one is never seen.
     std::function<bool()> condition = [] { return false; };
     bool wasSeen = false;
-    int toldAfterItsEnd = 0;
+    int callsAfterItsEnd = 0;
     const Handle subscription = server_.subscribe([&] { wasSeen = wasSeen || condition(); });
-    Handle ended = server_.subscribe([&] { ++toldAfterItsEnd; });
+    Handle ended = server_.subscribe([&] { ++callsAfterItsEnd; });
     ended.reset();
-    const auto isTold = [&](const std::string& what, const std::function<void()>& change,
-                            std::function<bool()> effect) {
+    const auto isAnnounced = [&](const std::string& what, const std::function<void()>& change,
+                                 std::function<bool()> effect) {
         wasSeen = false;
         condition = std::move(effect);
         change();
         EXPECT_TRUE(runUntil([&] { return wasSeen; })) << what;
     };
-    isTold(
+    isAnnounced(
         "title", [&] { world_->setTitle(window, "New"); },
         [&] { return entry(window)->name == "New"; });
-    isTold(
+    isAnnounced(
         "order", [&] { platform_.applications.activate(owner(below)); },
         [&] {
             return ordered({below, window}).front() == below;
         });
-    isTold(
+    isAnnounced(
         "minimised", [&] { world_->minimize(window); }, [&] { return !isOnScreen(window); });
-    isTold(
+    isAnnounced(
         "Space", [&] { world_->moveToSpace(below, 1); },
         [&] { return isOnSpace(below, 1) && !isOnSpace(below, 0); });
-    isTold(
+    isAnnounced(
         "Space shown", [&] { world_->showSpace(1); }, [&] { return isOnScreen(below); });
-    isTold(
+    isAnnounced(
         "closed", [&] { world_->closeWindow(below); }, [&] { return !entry(below); });
-    EXPECT_EQ(toldAfterItsEnd, 0);
+    EXPECT_EQ(callsAfterItsEnd, 0);
     world_->showSpace(0);
     EXPECT_TRUE(runUntil(
         [&] { return server_.managedDisplaySpaces()->at(0).currentSpace->id64 == space(0); }));

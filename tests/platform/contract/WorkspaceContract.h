@@ -7,32 +7,32 @@
 
 namespace larkspan::contract {
 
-/// What every workspace must do, and the control of applications whose effects show in it.
+/// What every workspace must do, and application control, whose effects are visible in it.
 class WorkspaceContract : public DesktopContract {
   protected:
     using Kind = WorkspaceEvent::Kind;
 
-    /// Whether the app was told of in that way.
-    bool wasTold(Kind kind, const std::string& app) {
-        return std::any_of(told_.begin(), told_.end(), [&](const WorkspaceEvent& event) {
+    /// Whether that event was reported for the app.
+    bool wasReported(Kind kind, const std::string& app) {
+        return std::any_of(reported_.begin(), reported_.end(), [&](const WorkspaceEvent& event) {
             return event.kind == kind && event.application &&
                    event.application->bundleIdentifier == world_->identifier(app);
         });
     }
-    bool wasTold(Kind kind) const {
-        return std::any_of(told_.begin(), told_.end(), [&](const WorkspaceEvent& event) {
+    bool wasReported(Kind kind) const {
+        return std::any_of(reported_.begin(), reported_.end(), [&](const WorkspaceEvent& event) {
             return event.kind == kind && !event.application;
         });
     }
 
     Workspace& workspace_ = platform_.workspace;
     ApplicationControl& control_ = platform_.applications;
-    std::vector<WorkspaceEvent> told_;
+    std::vector<WorkspaceEvent> reported_;
     Handle subscription_ =
-        workspace_.subscribe([this](const WorkspaceEvent& event) { told_.push_back(event); });
+        workspace_.subscribe([this](const WorkspaceEvent& event) { reported_.push_back(event); });
 };
 
-TEST_P(WorkspaceContract, AppsAreListedInTheOrderOfTheirLaunch) {
+TEST_P(WorkspaceContract, AppsAreListedInLaunchOrder) {
     const auto written = world_->openWindow("writer");
     world_->openWindow("painter");
     control_.activate(owner(written));
@@ -51,7 +51,7 @@ TEST_P(WorkspaceContract, AppsAreListedInTheOrderOfTheirLaunch) {
               identifiers.end());
 }
 
-TEST_P(WorkspaceContract, AnInstalledAppHasAPlaceANameAndAPicture) {
+TEST_P(WorkspaceContract, AnInstalledAppHasAPathANameAndAnIcon) {
     EXPECT_EQ(workspace_.urlForApplication("org.example.nowhere"), std::nullopt);
     const auto url = workspace_.urlForApplication(world_->identifier("painter"));
     ASSERT_TRUE(url);
@@ -65,30 +65,30 @@ TEST_P(WorkspaceContract, AnInstalledAppHasAPlaceANameAndAPicture) {
     EXPECT_EQ(generic->bitmap(32).width, 32);
 }
 
-TEST_P(WorkspaceContract, OpeningLaunchesAnAppOnceAndForcingEndsIt) {
+TEST_P(WorkspaceContract, OpeningLaunchesAnAppOnceAndForceQuitEndsIt) {
     const auto url = *workspace_.urlForApplication(world_->identifier("writer"));
     ASSERT_TRUE(control_.open(url));
     ASSERT_TRUE(runUntil([&] { return running("writer").has_value(); }));
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::runningApplicationsDidChange); }));
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::runningApplicationsDidChange); }));
     EXPECT_FALSE(running("writer")->isFinishedLaunching);
-    EXPECT_FALSE(wasTold(Kind::didLaunchApplication, "writer"));
+    EXPECT_FALSE(wasReported(Kind::didLaunchApplication, "writer"));
     const auto pid = running("writer")->pid;
     world_->finishLaunching("writer");
-    ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didLaunchApplication, "writer"); }));
+    ASSERT_TRUE(runUntil([&] { return wasReported(Kind::didLaunchApplication, "writer"); }));
     EXPECT_TRUE(running("writer")->isFinishedLaunching);
-    EXPECT_EQ(running("writer")->pid, pid) << "one process from its launch on";
+    EXPECT_EQ(running("writer")->pid, pid) << "the same process since its launch";
 
     world_->openWindow("painter");
     ASSERT_TRUE(runUntil([&] { return isFrontmost("painter"); }));
     ASSERT_TRUE(control_.open(url));
     EXPECT_TRUE(runUntil([&] { return isFrontmost("writer"); }));
-    EXPECT_EQ(running("writer")->pid, pid) << "an app that runs is brought forward";
+    EXPECT_EQ(running("writer")->pid, pid) << "a running app is brought forward";
 
     ASSERT_TRUE(control_.forceTerminate(pid));
     EXPECT_TRUE(runUntil([&] { return !running("writer"); }));
 }
 
-TEST_P(WorkspaceContract, FilesAreOpenedWithTheAppThatIsNamed) {
+TEST_P(WorkspaceContract, FilesAreOpenedWithTheGivenApp) {
     const auto url = *workspace_.urlForApplication(world_->identifier("writer"));
     EXPECT_FALSE(control_.openWith({"/tmp/letter"}, "/nowhere/at.all"));
     ASSERT_TRUE(control_.openWith({"/tmp/letter"}, url));
@@ -105,16 +105,16 @@ TEST_P(WorkspaceContract, AnotherInstanceIsOpenedBesideARunningOne) {
     ASSERT_TRUE(control_.openNewInstance(url));
     world_->finishLaunching("writer");
     EXPECT_TRUE(runUntil([&] { return isFrontmost("writer"); }));
-    EXPECT_EQ(running("writer")->pid, pid) << "the first goes on";
+    EXPECT_EQ(running("writer")->pid, pid) << "the first one is still running";
 }
 
 TEST_P(WorkspaceContract, ActivatingBringsExactlyOneAppToTheFront) {
     const auto written = world_->openWindow("writer");
     world_->openWindow("painter");
     ASSERT_TRUE(runUntil([&] { return isFrontmost("painter"); }));
-    told_.clear();
+    reported_.clear();
     ASSERT_TRUE(control_.activate(owner(written)));
-    ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didActivateApplication, "writer"); }));
+    ASSERT_TRUE(runUntil([&] { return wasReported(Kind::didActivateApplication, "writer"); }));
     EXPECT_TRUE(isFrontmost("writer"));
     const auto apps = workspace_.runningApplications();
     EXPECT_EQ(std::count_if(apps.begin(), apps.end(), [](const auto& app) { return app.isActive; }),
@@ -127,14 +127,14 @@ TEST_P(WorkspaceContract, AHiddenAppLosesItsWindowsFromTheScreenAndGetsThemBack)
     const auto other = world_->openWindow("painter");
     const auto pid = owner(first);
     ASSERT_TRUE(control_.hide(pid));
-    ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didHideApplication, "writer"); }));
+    ASSERT_TRUE(runUntil([&] { return wasReported(Kind::didHideApplication, "writer"); }));
     EXPECT_TRUE(running("writer")->isHidden);
     EXPECT_FALSE(isOnScreen(first) || isOnScreen(second));
     EXPECT_TRUE(isOnScreen(other));
 
     ASSERT_TRUE(control_.unhide(pid));
     ASSERT_TRUE(runUntil([&] { return isOnScreen(first) && isOnScreen(second); }));
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::didUnhideApplication, "writer"); }));
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::didUnhideApplication, "writer"); }));
     EXPECT_FALSE(running("writer")->isHidden);
 }
 
@@ -149,17 +149,17 @@ TEST_P(WorkspaceContract, ActivatingAHiddenAppShowsItAgain) {
     }));
 }
 
-TEST_P(WorkspaceContract, AnAppThatQuitsIsToldAsEndedAndCanBeAskedNothingMore) {
+TEST_P(WorkspaceContract, AnAppThatQuitsIsReportedAndGetsNoMoreRequests) {
     const auto window = world_->openWindow("writer");
     const auto pid = owner(window);
     EXPECT_TRUE(workspace_.hasProcess(pid));
     ASSERT_TRUE(control_.terminate(pid));
-    ASSERT_TRUE(runUntil([&] { return wasTold(Kind::didTerminateApplication, "writer"); }));
+    ASSERT_TRUE(runUntil([&] { return wasReported(Kind::didTerminateApplication, "writer"); }));
     EXPECT_FALSE(running("writer"));
     EXPECT_FALSE(workspace_.hasProcess(pid));
     EXPECT_FALSE(entry(window));
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::runningApplicationsDidChange); }));
-    const auto ended = std::find_if(told_.begin(), told_.end(), [](const auto& event) {
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::runningApplicationsDidChange); }));
+    const auto ended = std::find_if(reported_.begin(), reported_.end(), [](const auto& event) {
         return event.kind == Kind::didTerminateApplication;
     });
     EXPECT_EQ(ended->application->pid, pid);
@@ -173,14 +173,14 @@ TEST_P(WorkspaceContract, AnAppThatQuitsIsToldAsEndedAndCanBeAskedNothingMore) {
     EXPECT_FALSE(control_.sendSignal(pid, 15));
 }
 
-TEST_P(WorkspaceContract, ShowingAnotherSpaceIsTold) {
+TEST_P(WorkspaceContract, ShowingAnotherSpaceIsAnnounced) {
     world_->openWindow("writer");
-    told_.clear();
+    reported_.clear();
     world_->showSpace(1);
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::activeSpaceDidChange); }));
-    told_.clear();
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::activeSpaceDidChange); }));
+    reported_.clear();
     world_->showSpace(0);
-    EXPECT_TRUE(runUntil([&] { return wasTold(Kind::activeSpaceDidChange); }));
+    EXPECT_TRUE(runUntil([&] { return wasReported(Kind::activeSpaceDidChange); }));
 }
 
 } // namespace larkspan::contract

@@ -19,8 +19,7 @@ const std::vector<Act>& acts() {
 
 const Act& actNamed(std::string_view name) {
     const auto found = std::ranges::find(acts(), name, &Act::name);
-    if (found == acts().end())
-        throw std::invalid_argument(fmt::format("there is no act \"{}\"", name));
+    if (found == acts().end()) throw std::invalid_argument(fmt::format("unknown act \"{}\"", name));
     return *found;
 }
 

@@ -10,12 +10,12 @@ namespace larkspan::soak {
 /// One kind of step.
 struct Act {
     std::string_view name;
-    /// How often it happens, beside the others.
+    /// How often it happens, relative to the others.
     int weight = 1;
-    /// The numbers are drawn from 0 up to these, these left out.
+    /// The numbers are drawn from 0 up to, but not including, these.
     int countOfA = 1;
     int countOfB = 1;
-    /// Answers whether there was anything to do.
+    /// Returns whether it had an effect.
     bool (*perform)(Day& day, int a, int b) = nullptr;
 };
 
@@ -28,7 +28,7 @@ std::vector<Act> faultActs();
 
 /// All of them.
 const std::vector<Act>& acts();
-/// Stops the program when there is no act of that name.
+/// Throws if there is no act with that name.
 const Act& actNamed(std::string_view name);
 
 } // namespace larkspan::soak

@@ -16,7 +16,7 @@ bool launch(Day& day, int app, int how) {
         {.opensWindow = true, .hasBundle = false},
         {.policy = ActivationPolicy::accessory},
     };
-    // There is one Finder.
+    // There is only one Finder.
     day.mac.launch(Day::identifier(app + 1), ways[how]);
     return true;
 }
@@ -26,7 +26,7 @@ bool openFromDisk(Day& day, int app, int) {
     return day.mac.open("/Applications/app" + std::to_string(app + 1) + ".app");
 }
 
-/// What a person or the system does to one process of an app.
+/// What a user or the system does to one process of an app.
 template <void (sim::SimMac::*method)(ProcessId)>
 bool toProcess(Day& day, int app, int copy) {
     const auto pid = day.process(app, copy);

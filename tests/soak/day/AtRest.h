@@ -1,17 +1,16 @@
 #pragma once
 
-#include "soak/day/Complaint.h"
 #include "soak/day/Day.h"
+#include "soak/day/Failure.h"
 
 namespace larkspan::soak {
 
-/// Seconds without an act after which the model has followed everything that went before: a full
-/// read every two seconds where the desktop is polled, the Dock's fitting, its restart.
+/// Seconds without an act after which the model has followed everything: a full read every two
+/// seconds if the desktop is polled, the fitting of the Dock, its restart.
 constexpr double quietSeconds = 6;
 
-/// The first rule that does not hold at rest: the model is what a second one that has only just
-/// read everything would be, there is one panel for each screen that wants one, and nothing is left
-/// running.
-Verdict complaintAtRest(Day& day);
+/// The first rule that is broken at rest: the model equals a second one that has just read
+/// everything, there is one panel for each screen that needs one, and nothing is still running.
+MaybeFailure failureAtRest(Day& day);
 
 } // namespace larkspan::soak

@@ -12,7 +12,7 @@ bool click(Day& day, int app, int count) {
     return tile.has_value();
 }
 
-/// The pointer stands on a tile, which is clicked only later.
+/// The pointer rests on a tile, which is clicked only later.
 bool holdTile(Day& day, int app, int count) {
     const auto tile = day.tile(app, count);
     if (tile) day.heldTile = tile->bar->tiles()[static_cast<std::size_t>(tile->tile)];
@@ -37,7 +37,7 @@ BarOverlay* overlayWithMenu(Day& day) {
     return overlay && overlay->isMenuOpen() ? overlay : nullptr;
 }
 
-/// One of the lines that do something, counted round and round.
+/// Chooses one of the enabled items, cyclically.
 bool chooseLine(Day& day, int line, int) {
     auto* overlay = overlayWithMenu(day);
     if (!overlay) return false;
@@ -55,7 +55,7 @@ bool closeMenu(Day& day, int, int) {
     return overlay != nullptr;
 }
 
-/// And the views hear of it.
+/// The views report it.
 bool movePointer(Day& day, int, int isOnBar) {
     const auto* bars = day.controller() ? day.controller()->bars() : nullptr;
     if (!bars) return false;
@@ -75,8 +75,8 @@ bool movePointer(Day& day, int, int isOnBar) {
     return true;
 }
 
-/// To the bottom, the middle or the top of a display; no view hears of it.
-bool movePointerUnheard(Day& day, int display, int height) {
+/// To the bottom, the middle or the top of a display, without a report from the views.
+bool movePointerSilently(Day& day, int display, int height) {
     const auto id = day.display(display);
     for (const auto& screen : day.mac.platform().screens.screens()) {
         if (screen.display != id) continue;
@@ -87,7 +87,7 @@ bool movePointerUnheard(Day& day, int display, int height) {
     return false;
 }
 
-/// Wherever the pointer is, in another program.
+/// Anywhere, in another program.
 bool releaseMouse(Day& day, int, int) {
     day.mac.click(day.mac.world().pointer);
     return true;
@@ -117,7 +117,7 @@ bool leaveBar(Day& day, int, int) {
 
 bool dragPinned(Day& day, int from, int to) {
     if (!day.controller()) return false;
-    auto ids = day.controller()->store().pinnedIDs;
+    auto ids = day.controller()->store().pinnedIDs();
     if (ids.size() < 2) return false;
     std::swap(ids[static_cast<std::size_t>(from) % ids.size()],
               ids[static_cast<std::size_t>(to) % ids.size()]);
@@ -135,7 +135,7 @@ bool setBarHeight(Day& day, int kind, int) {
 
 bool showEmptyDesktops(Day& day, int, int shows) {
     if (!day.controller()) return false;
-    day.controller()->store().showsEmptyDesktops.set(shows != 0);
+    day.controller()->store().setShowsEmptyDesktops(shows != 0);
     day.controller()->refresh().requestRead(true);
     return true;
 }
@@ -153,7 +153,7 @@ bool chooseStatus(Day& day, int, int isQuit) {
     return day.mac.statusBar.choose(isQuit ? "Quit Larkspan" : "Use Larkspan");
 }
 
-/// A start, or a second one.
+/// Starts the program, or starts it a second time.
 bool startProgram(Day& day, int, int) {
     day.stage.start();
     return true;
@@ -181,7 +181,7 @@ std::vector<Act> barActs() {
         {"chooseLine", 14, 8, 1, chooseLine},
         {"closeMenu", 12, 1, 1, closeMenu},
         {"movePointer", 20, 1, 2, movePointer},
-        {"movePointerUnheard", 12, 4, 3, movePointerUnheard},
+        {"movePointerSilently", 12, 4, 3, movePointerSilently},
         {"releaseMouse", 8, 1, 1, releaseMouse},
         {"pressKey", 6, 1, 2, pressKey},
         {"focusBar", 3, 1, 1, focusBar},

@@ -12,7 +12,7 @@ std::string nameOf(int app) {
     return app == 0 ? "Finder" : fmt::format("app{}", app);
 }
 
-/// The member of the list at that place, counted round and round; nullptr when it is empty.
+/// The element of the list at that index, cyclically; nullptr if the list is empty.
 template <typename T>
 const T* atRound(const std::vector<T>& list, int count) {
     return list.empty() ? nullptr : &list[static_cast<std::size_t>(count) % list.size()];
@@ -46,7 +46,7 @@ ProcessId Day::process(int app, int copy) const {
 }
 
 WindowId Day::window(int app, int count) const {
-    // By number, which is their age: the order on screen changes with every click.
+    // By number, which is their age: clicks change the order on screen.
     std::vector<WindowId> own;
     for (const auto& each : mac.world().windows) {
         const auto* owner = mac.world().app(each.pid);

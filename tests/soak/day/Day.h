@@ -11,9 +11,9 @@
 
 namespace larkspan::soak {
 
-/// A simulated Mac on which anything may happen, with the program on it, and what of it only the
-/// one who acts can know. Steps name things by their order: the app of number 0 is the Finder, and
-/// its copies and windows are counted from the first.
+/// A simulated Mac on which anything may happen, with the program on it, and the state that only
+/// the acts know. Steps refer to things by index: app 0 is the Finder, and its processes and
+/// windows are counted from the first.
 class Day {
   public:
     static constexpr int appCount = 9;
@@ -24,16 +24,16 @@ class Day {
 
     Day();
 
-    /// Answers whether there was anything to do.
+    /// Returns whether it had an effect.
     bool perform(const Step& step);
 
     /// "com.example.app3", or the Finder's.
     static std::string identifier(int app);
-    /// A process of that app, which may be one without a bundle; 0 when none runs.
+    /// A process of that app, which may have no bundle; 0 if none is running.
     ProcessId process(int app, int copy = 0) const;
     WindowId window(int app, int count) const;
     DisplayId display(int count) const;
-    /// Nullptr while the program does not run.
+    /// nullptr while the program is not running.
     AppController* controller();
     const AppController* controller() const { return const_cast<Day*>(this)->controller(); }
 
@@ -42,7 +42,7 @@ class Day {
 
     /// How many runs of the program have ended.
     int runsEnded = 0;
-    /// How often the user, here or elsewhere, changed the list of pinned apps.
+    /// How often the user changed the list of pinned apps, here or in the Dock.
     int pinActs = 0;
     /// What the user has under the pointer while the desktop goes on: it may be long out of date.
     std::optional<BarTile> heldTile;

@@ -14,10 +14,10 @@ namespace {
 class Run {
   public:
     void take(const Step& step) {
-        if (outcome_.verdict || !day_.perform(step)) return;
+        if (outcome_.failure || !day_.perform(step)) return;
         ++outcome_.stepsDone;
-        outcome_.verdict = watch_.afterStep();
-        if (!outcome_.verdict && step.act == "rest") rest();
+        outcome_.failure = watch_.afterStep();
+        if (!outcome_.failure && step.act == "rest") rest();
     }
     Outcome end() {
         for (const Step& step : {Step{"rest"}, Step{"quitProgram"}, Step{"rest"}})
@@ -28,8 +28,8 @@ class Run {
 
   private:
     void rest() {
-        outcome_.verdict = watch_.atRest();
-        if (!outcome_.verdict) outcome_.verdict = complaintAtRest(day_);
+        outcome_.failure = watch_.atRest();
+        if (!outcome_.failure) outcome_.failure = failureAtRest(day_);
     }
 
     Day day_;
@@ -41,7 +41,8 @@ class Run {
 
 std::vector<Step> drawnSteps(std::uint32_t seed, std::size_t count) {
     std::mt19937 random(seed);
-    // The library's distributions differ between standard libraries; a seed must not.
+    // Not a standard distribution: those differ between libraries, but the same seed must give the
+    // same steps.
     const auto below = [&random](int limit) {
         return static_cast<int>(random() % static_cast<std::uint32_t>(limit));
     };

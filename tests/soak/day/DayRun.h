@@ -1,6 +1,6 @@
 #pragma once
 
-#include "soak/day/Complaint.h"
+#include "soak/day/Failure.h"
 #include "soak/day/Step.h"
 
 #include <cstdint>
@@ -13,19 +13,18 @@ std::vector<Step> drawnSteps(std::uint32_t seed, std::size_t count);
 
 struct Outcome {
     /// The first broken rule, at which the day ended.
-    Verdict verdict;
-    /// How many of the steps found something to do.
+    MaybeFailure failure;
+    /// How many of the steps had an effect.
     std::size_t stepsDone = 0;
-    /// Virtual time that passed.
+    /// The virtual time that has passed.
     double seconds = 0;
 };
 
-/// Lives through the steps from a morning on which the program has just been started, then rests
-/// and quits.
+/// Runs the steps on a Mac on which the program has just been started, then rests and quits.
 Outcome live(const std::vector<Step>& steps);
 
-/// The same in a process of its own, so that steps which stop the program or never come to an end
-/// are complaints as well. A complaint is all it answers.
-Verdict liveApart(const std::vector<Step>& steps);
+/// The same in a separate process, so that crashes and endless loops are failures as well. Returns
+/// only the failure.
+MaybeFailure liveApart(const std::vector<Step>& steps);
 
 } // namespace larkspan::soak

@@ -35,7 +35,7 @@ bool endMirroring(Day& day, int, int) {
     return true;
 }
 
-/// Other displays, each with an identifier of its own, as after a change of the graphics card.
+/// Other displays with new identifiers, as after a change of the graphics card.
 bool replaceDisplays(Day& day, int kind, int) {
     constexpr const char* arrangements[] = {"1440x900 spaces=2", "1440x900, 1280x720",
                                             "2560x1440 spaces=4, 1440x900 spaces=2, 1024x768"};
@@ -56,7 +56,7 @@ bool switchSpace(Day& day, int display, int space) {
     return day.mac.switchSpace(day.display(display), static_cast<std::size_t>(space));
 }
 
-/// On the trackpad. A change of the Space may come after it, or nothing.
+/// On the trackpad. The Space may change after it, or not.
 bool swipe(Day& day, int display, int kind) {
     const sim::SwipeOptions ways[] = {
         {},

@@ -1,15 +1,22 @@
 #pragma once
 
-#include "soak/day/Complaint.h"
-#include "soak/day/Step.h"
-
+#include <optional>
 #include <string>
-#include <vector>
 
 namespace larkspan::soak {
 
-/// What a person needs to know of steps that broke a rule: which one, and the shortest list found
-/// that breaks the same, ready for a test. Takes as long as a few hundred such days.
-std::string describeFailure(const std::vector<Step>& steps, Complaint complaint);
+/// A broken rule. Two failures with the same rule count as the same fault.
+struct Failure {
+    std::string rule;
+    std::string detail;
+};
+
+using MaybeFailure = std::optional<Failure>;
+
+/// Absent if the rule holds.
+inline MaybeFailure require(bool holds, const char* rule, std::string detail = {}) {
+    if (holds) return std::nullopt;
+    return Failure{rule, std::move(detail)};
+}
 
 } // namespace larkspan::soak

@@ -36,7 +36,8 @@ bool refuseToQuit(Day& day, int app, int refuses) {
     return process;
 }
 
-/// Where changes are announced and never polled, a lost one is lost: such a desktop promises them.
+/// A desktop that announces changes is never polled, so lost events would never be noticed: such a
+/// desktop loses none.
 bool loseEvents(Day& day, int, int) {
     if (day.mac.world().announcesChanges) return false;
     day.mac.loseEvents();
@@ -54,7 +55,7 @@ bool delayEvents(Day& day, int kind, int) {
     return true;
 }
 
-/// A server that tells of changes by itself is either there or gone for good.
+/// A server that announces changes always replies, or is gone for good.
 bool silenceWindowList(Day& day, int, int answers) {
     if (day.mac.world().announcesChanges) return false;
     day.mac.world().windowListAnswers = answers != 0;
@@ -83,8 +84,8 @@ bool changeDisplaysAfterRead(Day& day, int kind, int) {
     return day.mac.changeDisplaysAfterRead(arrangements[kind]);
 }
 
-/// Another system, on which the program starts anew: one that tells of changes by itself or one
-/// that must be polled, and that lacks some function.
+/// Another system, on which the program is started again: it announces changes or must be polled,
+/// and lacks some function.
 bool changeSystem(Day& day, int isPolled, int lacks) {
     constexpr const char* functions[] = {"CoreDockSetTileSize", "CoreDockGetAutoHideEnabled",
                                          "CGSMainConnectionID", "CGSCopyManagedDisplaySpaces",

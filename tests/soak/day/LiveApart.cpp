@@ -8,14 +8,14 @@ namespace larkspan::soak {
 
 namespace {
 
-/// A day takes a fraction of a second; one that takes longer hangs.
+/// A day takes a fraction of a second; after this long, it hangs.
 constexpr unsigned longestDaySeconds = 60;
 constexpr char separator = '\n';
 
-[[noreturn]] void liveAndTell(const std::vector<Step>& steps, int pipe) {
+[[noreturn]] void liveAndReport(const std::vector<Step>& steps, int pipe) {
     alarm(longestDaySeconds);
-    if (const auto verdict = live(steps).verdict) {
-        const auto text = verdict->rule + separator + verdict->detail;
+    if (const auto failure = live(steps).failure) {
+        const auto text = failure->rule + separator + failure->detail;
         if (write(pipe, text.data(), text.size()) < 0) _exit(1);
     }
     _exit(0);
@@ -32,23 +32,23 @@ std::string readAll(int pipe) {
 
 } // namespace
 
-Verdict liveApart(const std::vector<Step>& steps) {
+MaybeFailure liveApart(const std::vector<Step>& steps) {
     int ends[2];
-    if (pipe(ends) != 0) return Complaint{"the day can be lived apart", "no pipe"};
+    if (pipe(ends) != 0) return Failure{"the day can run in a separate process", "no pipe"};
     const auto child = fork();
-    if (child < 0) return Complaint{"the day can be lived apart", "no process"};
-    if (child == 0) liveAndTell(steps, ends[1]);
+    if (child < 0) return Failure{"the day can run in a separate process", "no process"};
+    if (child == 0) liveAndReport(steps, ends[1]);
     close(ends[1]);
     const auto text = readAll(ends[0]);
     int status = 0;
     waitpid(child, &status, 0);
     if (WIFSIGNALED(status))
-        return Complaint{"nothing stops the program", fmt::format("signal {}", WTERMSIG(status))};
+        return Failure{"the program does not crash", fmt::format("signal {}", WTERMSIG(status))};
     if (WEXITSTATUS(status) != 0)
-        return Complaint{"nothing stops the program", fmt::format("exit {}", WEXITSTATUS(status))};
+        return Failure{"the program does not crash", fmt::format("exit {}", WEXITSTATUS(status))};
     if (text.empty()) return std::nullopt;
     const auto end = text.find(separator);
-    return Complaint{text.substr(0, end), text.substr(end + 1)};
+    return Failure{text.substr(0, end), text.substr(end + 1)};
 }
 
 } // namespace larkspan::soak

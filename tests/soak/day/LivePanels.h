@@ -7,7 +7,7 @@
 
 namespace larkspan::soak {
 
-/// Panels without a picture that can be counted and looked at.
+/// Panels without a picture, for inspection.
 class LivePanels : public BarPanels {
   public:
     struct Panel {
@@ -17,7 +17,7 @@ class LivePanels : public BarPanels {
         const BarInteraction* bar = nullptr;
     };
 
-    /// The panels that exist go into the list, and leave it when they are destroyed.
+    /// Panels add themselves to the list, and remove themselves when they are destroyed.
     explicit LivePanels(std::vector<const Panel*>& alive)
         : alive_(alive) {}
     std::unique_ptr<BarPanel> makePanel(const Screen& screen, BarInteraction& bar) override;

@@ -9,7 +9,7 @@ namespace {
 
 using Fails = std::function<bool(const std::vector<Step>&)>;
 
-/// Leaves out what can be left out in runs of that length; answers whether anything could.
+/// Removes what can be removed in runs of that length; returns whether anything could.
 bool leaveOut(std::vector<Step>& steps, std::size_t length, const Fails& fails) {
     bool isShorter = false;
     for (std::size_t begin = 0; begin < steps.size();) {
@@ -42,7 +42,7 @@ void makeSmall(std::vector<Step>& steps, int Step::*number, const Fails& fails) 
 std::vector<Step> shortened(std::vector<Step> steps, const Fails& fails) {
     for (auto length = std::max<std::size_t>(steps.size() / 2, 1); length > 0;) {
         const bool isShorter = leaveOut(steps, length, fails);
-        // What stands alone may have become needless when something after it went.
+        // A single step may have become unnecessary when a later one was removed.
         if (!isShorter || length > 1) length /= 2;
     }
     makeSmall(steps, &Step::a, fails);

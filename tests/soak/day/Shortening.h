@@ -7,8 +7,8 @@
 
 namespace larkspan::soak {
 
-/// The shortest list found that still fails, from one that fails: steps are left out as long as
-/// that works, in ever smaller runs, then the numbers of those that remain are made small.
+/// The shortest failing list found, from one that fails: removes steps as long as the rest still
+/// fails, in ever smaller runs, then makes the numbers of the remaining ones small.
 std::vector<Step> shortened(std::vector<Step> steps,
                             const std::function<bool(const std::vector<Step>&)>& fails);
 

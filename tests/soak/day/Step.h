@@ -6,11 +6,10 @@
 
 namespace larkspan::soak {
 
-/// One thing that happens on a simulated Mac. What the numbers mean is each act's own; a step that
-/// makes no sense in the state it meets does nothing, so that any of a list's steps can be left
-/// out.
+/// One event on a simulated Mac. Each act defines the meaning of its numbers. A step that is
+/// impossible in the current state has no effect, so that any step can be removed from a list.
 struct Step {
-    /// An act's name, one of `acts()`.
+    /// The name of one of `acts()`.
     std::string_view act;
     int a = 0;
     int b = 0;
@@ -18,7 +17,7 @@ struct Step {
     bool operator==(const Step&) const = default;
 };
 
-/// One line for each step, as it stands in the source of a test.
+/// One line for each step, as C++ source for a test.
 std::string listed(const std::vector<Step>& steps);
 
 } // namespace larkspan::soak

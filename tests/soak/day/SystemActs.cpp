@@ -18,24 +18,24 @@ bool isReading(Day& day) {
     return day.controller() && !day.controller()->refresh().isAtRest();
 }
 
-/// Nobody does anything for a while, and what is slow or mute recovers. `complaintAtRest` looks
-/// then.
+/// Nothing happens for a while, and slow or silent parts recover. Then `failureAtRest` checks the
+/// rules.
 bool rest(Day& day, int, int) {
     auto& world = day.mac.world();
     world.windowListSeconds = 0;
     world.displaysAfterRead.reset();
     day.mac.scheduler.queueLatency = 0;
     for (auto& app : world.apps) {
-        // The simulated queues share one thread: an app asked on one keeps a read on another
-        // waiting.
+        // The simulated queues share one thread: a request to an app on one of them delays a read
+        // on another.
         app.answerSeconds = 0;
-        // A hung app in front is asked again and again; that shall not be its end just now.
+        // A hung app in front is asked repeatedly, which must not kill it now.
         app.callsUntilDeath.reset();
     }
-    // Screens that are lit again say so; of the rest of what was lost nobody ever hears.
+    // Screens that wake up announce themselves; other lost events stay lost.
     if (std::exchange(world.events.areLost, false)) world.screensChanged.emit();
     day.mac.scheduler.runFor(quietSeconds);
-    // So does a question to a hung app in front, until its time is out.
+    // A request to a hung app in front also delays reads, until it times out.
     for (int tenths = 0; tenths < 6 && isReading(day); ++tenths)
         day.mac.scheduler.runFor(0.1);
     return true;
@@ -68,7 +68,7 @@ bool restartDock(Day& day, int, int) {
     return true;
 }
 
-/// The user sets the Dock in the system's settings.
+/// The user changes the Dock in the system's settings.
 bool setDock(Day& day, int kind, int) {
     auto dock = day.mac.world().dock;
     switch (kind) {
@@ -88,7 +88,7 @@ bool setDock(Day& day, int kind, int) {
     return true;
 }
 
-/// The strip that the Dock holds is not what its icon size asks for.
+/// The strip of the Dock is higher or lower than its icons need.
 bool distortStrip(Day& day, int kind, int) {
     constexpr double surplus[] = {0, 0, 3, -4};
     day.mac.world().stripSurplus = surplus[kind];
@@ -119,7 +119,7 @@ bool permit(Day& day, int permission, int isGranted) {
         day.mac.refuseAccessibility(!isGranted);
     else
         day.mac.refuseScreenRecording(!isGranted);
-    // With the permission, the window list has names that it had not before.
+    // With the permission, the window list has titles that it did not have before.
     day.mac.world().windowsDidChange();
     return true;
 }

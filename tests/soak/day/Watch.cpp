@@ -9,7 +9,7 @@ namespace larkspan::soak {
 
 namespace {
 
-/// What `IconClick` grants an app to appear, and a turn more.
+/// The time that `IconClick` gives an app to appear, and one more turn.
 constexpr double longestLaunch = 30.1;
 
 DockProfile profileOf(const sim::DockSettings& dock) {
@@ -17,40 +17,40 @@ DockProfile profileOf(const sim::DockSettings& dock) {
             dock.magnification};
 }
 
-/// Sizes that differ by less are not told to the Dock.
+/// Smaller differences of the size are not sent to the Dock.
 bool isSameDock(const DockProfile& a, const DockProfile& b) {
     auto other = b;
     other.tileSize = a.tileSize;
     return a == other && std::abs(a.tileSize - b.tileSize) <= 0.002F;
 }
 
-Verdict idsAreUnique(const std::vector<DockItem>& items, std::set<std::string>& ids,
-                     const char* section) {
+MaybeFailure idsAreUnique(const std::vector<DockItem>& items, std::set<std::string>& ids,
+                          const char* section) {
     for (const auto& item : items)
         if (!ids.insert(item.id).second)
-            return Complaint{"an id stands once in a list",
-                             fmt::format("{} in {}", item.id, section)};
+            return Failure{"an id is unique in its list",
+                           fmt::format("{} in {}", item.id, section)};
     return std::nullopt;
 }
 
 } // namespace
 
-Verdict listsAreSound(const DockStore& store) {
+MaybeFailure listsAreSound(const DockStore& store) {
     std::set<std::string> pinned;
-    if (auto complaint = idsAreUnique(*store.pinnedItems, pinned, "the pinned section"))
-        return complaint;
-    if (store.pinnedItems->empty() || store.pinnedItems->front().id != finderIdentifier)
-        return Complaint{"the Finder is first", {}};
+    if (auto failure = idsAreUnique(*store.pinnedItems(), pinned, "the pinned section"))
+        return failure;
+    if (store.pinnedItems()->empty() || store.pinnedItems()->front().id != finderIdentifier)
+        return Failure{"the Finder is first", {}};
     std::set<std::string> background;
-    if (auto complaint = idsAreUnique(*store.backgroundItems, background, "the background"))
-        return complaint;
+    if (auto failure = idsAreUnique(*store.backgroundItems(), background, "the background"))
+        return failure;
     std::set<Slot> slots;
-    for (const auto& group : *store.windowAppGroups) {
-        if (!slots.insert(group.slot).second) return Complaint{"a slot has one group", {}};
+    for (const auto& group : *store.windowAppGroups()) {
+        if (!slots.insert(group.slot).second) return Failure{"a slot has one group", {}};
         std::set<std::string> ids;
-        if (auto complaint = idsAreUnique(group.items, ids, "a group")) return complaint;
+        if (auto failure = idsAreUnique(group.items, ids, "a group")) return failure;
         for (const auto& id : ids)
-            if (background.contains(id)) return Complaint{"an app is in one section", id};
+            if (background.contains(id)) return Failure{"an app is in one section", id};
     }
     return std::nullopt;
 }
@@ -68,18 +68,18 @@ Watch::Moment Watch::look() const {
     if (!controller) return now;
     now.run = day_.runsEnded;
     const auto& store = controller->store();
-    now.isPointerOnBar = store.isPointerOnBar;
-    now.regrouping = store.regroupingIDs;
-    now.pinned = store.pinnedIDs;
-    for (const auto& group : *store.windowAppGroups)
+    now.isPointerOnBar = store.isPointerOnBar();
+    now.regrouping = store.regroupingIDs();
+    now.pinned = store.pinnedIDs();
+    for (const auto& group : *store.windowAppGroups())
         for (const auto& item : group.items)
             now.isWindowApp[{item.id, item.app->pid}] = true;
-    for (const auto& item : *store.backgroundItems)
+    for (const auto& item : *store.backgroundItems())
         now.isWindowApp[{item.id, item.app->pid}] = false;
     return now;
 }
 
-Verdict Watch::afterStep() {
+MaybeFailure Watch::afterStep() {
     if (!day_.mac.world().missingFunctions.empty())
         lacksDockFunctions_ = true;
     else if (!day_.controller())
@@ -87,28 +87,28 @@ Verdict Watch::afterStep() {
 
     auto now = look();
     followLaunching();
-    Verdict verdict;
-    if (now.run) verdict = ofProgram(now);
-    if (!verdict) verdict = dockGivenBack(now);
-    if (!verdict) verdict = oneRead(now);
+    MaybeFailure failure;
+    if (now.run) failure = ofProgram(now);
+    if (!failure) failure = dockGivenBack(now);
+    if (!failure) failure = oneRead(now);
     const auto* bars = now.run ? day_.controller()->bars() : nullptr;
-    if (!verdict)
-        verdict = require(day_.panels.size() == (bars ? bars->bars().size() : 0),
+    if (!failure)
+        failure = require(day_.panels.size() == (bars ? bars->bars().size() : 0),
                           "a panel goes with its bar");
     before_ = std::move(now);
-    return verdict;
+    return failure;
 }
 
-Verdict Watch::ofProgram(const Moment& now) {
-    if (auto verdict = listsAreSound(day_.controller()->store())) return verdict;
+MaybeFailure Watch::ofProgram(const Moment& now) {
+    if (auto failure = listsAreSound(day_.controller()->store())) return failure;
     if (now.run != before_.run) return std::nullopt;
-    if (auto verdict = sectionsKept(now)) return verdict;
+    if (auto failure = sectionsKept(now)) return failure;
     return pinsKept(now);
 }
 
-Verdict Watch::sectionsKept(const Moment& now) const {
+MaybeFailure Watch::sectionsKept(const Moment& now) const {
     if (!before_.isPointerOnBar || !now.isPointerOnBar) return std::nullopt;
-    // Without a screen there is no group to stand in, and no pointer.
+    // Without a screen there is no group and no pointer.
     if (before_.isWithoutDisplay || now.isWithoutDisplay) return std::nullopt;
     for (const auto& [tile, isWindowApp] : before_.isWindowApp) {
         const auto found = now.isWindowApp.find(tile);
@@ -116,38 +116,38 @@ Verdict Watch::sectionsKept(const Moment& now) const {
         // The user asked for this one.
         if (now.regrouping.contains(tile.first) || before_.regrouping.contains(tile.first))
             continue;
-        return Complaint{"no tile changes its section under the pointer", tile.first};
+        return Failure{"no tile changes its section under the pointer", tile.first};
     }
     return std::nullopt;
 }
 
-Verdict Watch::pinsKept(const Moment& now) const {
+MaybeFailure Watch::pinsKept(const Moment& now) const {
     return require(now.pinned == before_.pinned || day_.pinActs != pinActsAtRest_,
-                   "the pinned order changes only by a user's act",
+                   "only the user changes the pinned order",
                    fmt::format("[{}] became [{}]", fmt::join(before_.pinned, " "),
                                fmt::join(now.pinned, " ")));
 }
 
-Verdict Watch::dockGivenBack(const Moment& now) const {
+MaybeFailure Watch::dockGivenBack(const Moment& now) const {
     if (lacksDockFunctions_) return std::nullopt;
     if (now.run) {
         const bool isHeld = day_.controller()->mode() == BarMode::vantrel;
         if (now.savedProfile.has_value() != isHeld)
-            return Complaint{"the Dock's profile is saved exactly while the bar is in use",
-                             isHeld ? "not saved" : "still saved"};
+            return Failure{"the Dock's profile is saved exactly while the bar is in use",
+                           isHeld ? "not saved" : "still saved"};
     }
     if (!before_.savedProfile && now.savedProfile)
         return require(*now.savedProfile == profileOf(before_.dock),
-                       "the profile saved is the user's own");
+                       "the saved profile is the user's own");
     if (before_.savedProfile && !now.savedProfile)
         return require(isSameDock(*before_.savedProfile, profileOf(now.dock)),
-                       "the Dock is put back as it was");
+                       "the Dock is restored");
     if (before_.savedProfile)
-        return require(before_.savedProfile == now.savedProfile, "a saved profile stays");
+        return require(before_.savedProfile == now.savedProfile, "a saved profile does not change");
     return std::nullopt;
 }
 
-Verdict Watch::oneRead(const Moment& now) {
+MaybeFailure Watch::oneRead(const Moment& now) {
     const auto reads = day_.mac.scheduler.waitingTasks("windows");
     orphanedReads_ = std::min(orphanedReads_, reads);
     if (now.run != before_.run) orphanedReads_ = reads;
@@ -156,18 +156,18 @@ Verdict Watch::oneRead(const Moment& now) {
 
 void Watch::followLaunching() {
     const auto launching =
-        day_.controller() ? *day_.controller()->store().launchingIDs : std::set<std::string>{};
+        day_.controller() ? *day_.controller()->store().launchingIDs() : std::set<std::string>{};
     std::erase_if(launchingSince_,
                   [&](const auto& entry) { return !launching.contains(entry.first); });
     for (const auto& id : launching)
         launchingSince_.try_emplace(id, day_.mac.scheduler.uptime());
 }
 
-Verdict Watch::atRest() {
+MaybeFailure Watch::atRest() {
     pinActsAtRest_ = day_.pinActs;
     for (const auto& [id, since] : launchingSince_)
         if (day_.mac.scheduler.uptime() - since > longestLaunch)
-            return Complaint{"a launching mark ends", id};
+            return Failure{"a launching mark ends", id};
     return std::nullopt;
 }
 

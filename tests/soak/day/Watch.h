@@ -1,8 +1,8 @@
 #pragma once
 
 #include "dock/DockProfile.h"
-#include "soak/day/Complaint.h"
 #include "soak/day/Day.h"
+#include "soak/day/Failure.h"
 
 #include <map>
 #include <set>
@@ -12,25 +12,25 @@
 
 namespace larkspan::soak {
 
-/// Looks at a day after each of its steps: what must hold at every moment, and what must not have
-/// changed since the step before.
+/// Checks a day after each of its steps: the rules that always hold, and what must not have changed
+/// since the previous step.
 class Watch {
   public:
     explicit Watch(Day& day);
 
     /// The first broken rule.
-    Verdict afterStep();
-    /// The same at rest, when all that was due has had its turn and the user's acts until here have
-    /// been followed.
-    Verdict atRest();
+    MaybeFailure afterStep();
+    /// The same at rest, when everything due has been done and all acts of the user have been
+    /// followed.
+    MaybeFailure atRest();
 
   private:
-    /// What is compared with the step before.
+    /// The values that are compared with the previous step.
     struct Moment {
-        /// Counts the runs of the program; absent while it does not run.
+        /// The number of the program's run; absent while it is not running.
         std::optional<int> run;
         bool isPointerOnBar = false;
-        /// Whether the tile of a process stands among the window apps.
+        /// Whether the tile of a process is among the window apps.
         std::map<std::pair<std::string, ProcessId>, bool> isWindowApp;
         std::set<std::string> regrouping;
         std::vector<std::string> pinned;
@@ -40,25 +40,25 @@ class Watch {
     };
 
     Moment look() const;
-    Verdict ofProgram(const Moment& now);
-    Verdict sectionsKept(const Moment& now) const;
-    Verdict pinsKept(const Moment& now) const;
-    Verdict dockGivenBack(const Moment& now) const;
+    MaybeFailure ofProgram(const Moment& now);
+    MaybeFailure sectionsKept(const Moment& now) const;
+    MaybeFailure pinsKept(const Moment& now) const;
+    MaybeFailure dockGivenBack(const Moment& now) const;
     void followLaunching();
-    Verdict oneRead(const Moment& now);
+    MaybeFailure oneRead(const Moment& now);
 
     Day& day_;
     Moment before_;
     int pinActsAtRest_ = 0;
-    /// When each launching mark was first seen, in seconds of uptime.
+    /// When each launching mark first appeared, in seconds of uptime.
     std::map<std::string, double> launchingSince_;
-    /// Reads that runs of the program which have ended left in their queue.
+    /// Reads that ended runs of the program left in their queue.
     std::size_t orphanedReads_ = 0;
-    /// The Dock's functions are not all there, or were not when the program started.
+    /// Whether a function of the Dock is missing, or was when the program started.
     bool lacksDockFunctions_ = false;
 };
 
 /// Each id once in its list, no app in two sections, the Finder first.
-Verdict listsAreSound(const DockStore& store);
+MaybeFailure listsAreSound(const DockStore& store);
 
 } // namespace larkspan::soak

@@ -14,7 +14,8 @@ bool hasRoom(const Day& day) {
     return day.mac.world().windows.size() < Day::mostWindows;
 }
 
-/// The place counts displays first, then their Spaces: the shown one, the first three, all of them.
+/// `place` counts the displays first, then their Spaces: the shown one, the first three, all of
+/// them.
 bool openWindow(Day& day, int app, int place) {
     if (!hasRoom(day)) return false;
     WindowOptions options{.title = "Window", .display = day.display(place % 4)};
@@ -26,7 +27,7 @@ bool openWindow(Day& day, int app, int place) {
     return day.mac.openWindow(day.process(app), options) != 0;
 }
 
-/// A window of a kind that is seldom seen.
+/// A window of a rare kind.
 bool openOddWindow(Day& day, int app, int kind) {
     const auto& displays = day.mac.world().displays;
     if (!hasRoom(day) || displays.empty()) return false;
@@ -54,7 +55,7 @@ bool toWindow(Day& day, int app, int count) {
     return id != 0;
 }
 
-/// One of the places of `openWindow` for the app's oldest or newest window.
+/// Moves the app's oldest or newest window to one of the places of `openWindow`.
 bool moveWindow(Day& day, int app, int place) {
     const auto id = day.window(app, place % 2);
     const auto display = day.display(place % 4);
@@ -80,7 +81,7 @@ bool resizeWindow(Day& day, int app, int kind) {
     return true;
 }
 
-/// Over the whole screen, or what the menu bar leaves of it, without a Space of its own; or small
+/// Over the whole screen, or what the menu bar leaves of it, but not on its own Space; or small
 /// again.
 bool fillScreen(Day& day, int app, int kind) {
     const auto id = day.window(app, kind % 2);

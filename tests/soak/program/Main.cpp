@@ -1,8 +1,8 @@
-// Lives through one random day after the other until the time is up or a rule breaks.
+// Runs random days until the time is up or a rule is broken.
 // larkspan_soak [SECONDS [SEED]]
 
 #include "soak/day/DayRun.h"
-#include "soak/day/Failure.h"
+#include "soak/day/FailureReport.h"
 
 #include <atomic>
 #include <chrono>
@@ -20,7 +20,7 @@ using namespace larkspan::soak;
 using Clock = std::chrono::steady_clock;
 
 constexpr std::size_t stepsOfADay = 1000;
-/// One takes a fraction of a second.
+/// A day takes a fraction of a second.
 constexpr unsigned longestDaySeconds = 60;
 constexpr double defaultSeconds = 60;
 constexpr double secondsBetweenReports = 10;
@@ -29,14 +29,14 @@ double secondsSince(Clock::time_point start) {
     return std::chrono::duration<double>(Clock::now() - start).count();
 }
 
-/// Said at once even when the output is a file: the next step may be the last.
+/// Flushed at once even if the output is a file: the next step may be the last.
 template <typename... Values>
 void say(fmt::format_string<Values...> format, Values&&... values) {
     fmt::print(format, std::forward<Values>(values)...);
     std::fflush(stdout);
 }
 
-/// In a process of its own, so that one that is stopped leaves the number of its day behind.
+/// In a separate process, so that the number of the day is known even after a crash.
 int soak(double seconds, std::uint32_t firstDay, std::atomic<std::uint32_t>& day) {
     const auto start = Clock::now();
     double nextReport = secondsBetweenReports;
@@ -49,9 +49,9 @@ int soak(double seconds, std::uint32_t firstDay, std::atomic<std::uint32_t>& day
         alarm(0);
         steps += outcome.stepsDone;
         virtualSeconds += outcome.seconds;
-        if (outcome.verdict) {
+        if (outcome.failure) {
             say("seed {}, ", day.load());
-            say("{}", describeFailure(drawn, *outcome.verdict));
+            say("{}", describeFailure(drawn, *outcome.failure));
             return 1;
         }
         const double passed = secondsSince(start);
@@ -61,7 +61,7 @@ int soak(double seconds, std::uint32_t firstDay, std::atomic<std::uint32_t>& day
             passed, day - firstDay + 1, steps, static_cast<double>(steps) / passed,
             virtualSeconds / 3600);
     }
-    say("no rule broke in {} days, {} steps\n", day - firstDay, steps);
+    say("no rule was broken in {} days, {} steps\n", day - firstDay, steps);
     return 0;
 }
 
@@ -82,7 +82,7 @@ int main(int count, char** words) {
     if (WIFEXITED(status)) return WEXITSTATUS(status);
     say("seed {}, stopped by signal {}, ", day->load(), WTERMSIG(status));
     const auto steps = drawnSteps(*day, stepsOfADay);
-    const auto verdict = liveApart(steps);
-    say("{}", verdict ? describeFailure(steps, *verdict) : "but not a second time\n");
+    const auto failure = liveApart(steps);
+    say("{}", failure ? describeFailure(steps, *failure) : "but not when run again\n");
     return 1;
 }

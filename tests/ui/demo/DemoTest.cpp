@@ -52,7 +52,7 @@ TEST_F(DemoTest, EveryScenarioHoldsAndWritesItsPicturesAndItsState) {
         SCOPED_TRACE(scenario.path());
         const auto name = scenario.path().stem().string();
         const std::string state = path((name + ".state").c_str());
-        EXPECT_EQ(runScenario(scenario.path(), path(name.c_str()), state), 0);
+        EXPECT_EQ(runScenario(scenario.path(), path(name.c_str()), state), ExitCode::succeeded);
         std::ifstream stream(state);
         EXPECT_TRUE(nlohmann::json::parse(stream, nullptr, false).contains("running"));
         for (const auto& file : files::directory_iterator(path(name.c_str()))) {
@@ -63,7 +63,8 @@ TEST_F(DemoTest, EveryScenarioHoldsAndWritesItsPicturesAndItsState) {
 }
 
 TEST_F(DemoTest, ShowsTheDockAndThePermissionsAsTheyAre) {
-    ASSERT_EQ(runScenario(LARKSPAN_DEMO_FOLDER "/permissions.json", folder_, ""), 0);
+    ASSERT_EQ(runScenario(LARKSPAN_DEMO_FOLDER "/permissions.json", folder_, ""),
+              ExitCode::succeeded);
     const auto part = [this](const char* name, const QRect& area) {
         return QImage(QString::fromStdString(path(name))).copy(area);
     };
@@ -98,11 +99,11 @@ TEST_F(DemoTest, TheWindowSaysWhatItPlaysAndWhatWasNotAsExpected) {
 
 TEST_F(DemoTest, SaysByItsCodeWhatWentWrong) {
     files::create_directories(folder_);
-    EXPECT_EQ(runScenario(path("none.json"), "", ""), 2);
+    EXPECT_EQ(runScenario(path("none.json"), "", ""), ExitCode::rejected);
     std::ofstream(path("wrong.json"))
         << R"({"steps": [{"at": 0, "expect": "/mode", "equals": "systemDock"}]})";
-    EXPECT_EQ(runScenario(path("wrong.json"), "", ""), 1);
-    EXPECT_EQ(runScenario(path("wrong.json"), "", path("no/such/folder")), 2);
+    EXPECT_EQ(runScenario(path("wrong.json"), "", ""), ExitCode::failed);
+    EXPECT_EQ(runScenario(path("wrong.json"), "", path("no/such/folder")), ExitCode::rejected);
 }
 
 } // namespace

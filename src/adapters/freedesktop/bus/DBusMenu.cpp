@@ -13,7 +13,7 @@ namespace larkspan::freedesktop {
 
 namespace {
 
-/// The properties of one item, as they travel in a list of several items'.
+/// The properties of one item, as sent in a list of several items'.
 struct ItemProperties {
     int id = 0;
     QVariantMap properties;
@@ -26,7 +26,7 @@ QDBusArgument& operator<<(QDBusArgument& argument, const ItemProperties& item) {
     return argument;
 }
 
-// Only ever sent, but Qt registers a type for both ways.
+// Only ever sent, but Qt needs both operators to register a type.
 const QDBusArgument& operator>>(const QDBusArgument& argument, ItemProperties&) {
     return argument;
 }
@@ -49,7 +49,7 @@ constexpr const char* menuInterface = R"xml(<interface name="com.canonical.dbusm
   <method name="AboutToShow"><arg type="i" direction="in"/><arg type="b" direction="out"/></method>
 </interface>)xml";
 
-/// A title's underscores would mark access keys.
+/// Escapes underscores, which would mark access keys.
 QString label(const std::string& title) {
     return QString::fromStdString(title).replace('_', QStringLiteral("__"));
 }
@@ -71,7 +71,7 @@ QDBusArgument& operator<<(QDBusArgument& argument, const MenuLayout& layout) {
     return argument;
 }
 
-// Only ever sent, but Qt registers a type for both ways.
+// Only ever sent, but Qt needs both operators to register a type.
 const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayout&) {
     return argument;
 }
@@ -115,7 +115,7 @@ QVariantMap DBusMenu::properties(int id) const {
     return result;
 }
 
-/// `depth` counts the levels below; below zero is all of them.
+/// `depth` counts the levels below; a negative one means all of them.
 MenuLayout DBusMenu::layout(int id, int depth) const {
     MenuLayout result{id, properties(id), {}};
     if (depth == 0) return result;
@@ -128,12 +128,12 @@ MenuLayout DBusMenu::layout(int id, int depth) const {
 void DBusMenu::takeEvent(int id, const QString& event) const {
     if (event != "clicked" || !isKnown(id)) return;
     const MenuItem& item = nodes_[static_cast<std::size_t>(id)].item;
-    // Later: the action may well take this menu away.
+    // Later, since the action may destroy this menu.
     if (item.isEnabled && item.action)
         QMetaObject::invokeMethod(QCoreApplication::instance(), item.action, Qt::QueuedConnection);
 }
 
-/// What the method answers; an empty list when there is no such method or item.
+/// What the method returns; an empty list if there is no such method or item.
 QVariantList DBusMenu::answer(const QString& member, const QVariantList& arguments) {
     const int id = arguments.value(0).toInt();
     if (member == "GetLayout" && isKnown(id))
@@ -145,7 +145,7 @@ QVariantList DBusMenu::answer(const QString& member, const QVariantList& argumen
     if (member == "GetGroupProperties") {
         QList<int> all;
         const QList<int> ids = qdbus_cast<QList<int>>(arguments.value(0));
-        // None named is all.
+        // An empty list of ids means all items.
         for (int each = root; ids.isEmpty() && isKnown(each); ++each)
             all.push_back(each);
         QList<ItemProperties> result;
@@ -154,7 +154,7 @@ QVariantList DBusMenu::answer(const QString& member, const QVariantList& argumen
         }
         return {QVariant::fromValue(result)};
     }
-    // Never another layout than the one that was given.
+    // The layout never changes.
     if (member == "AboutToShow") return {false};
     if (member == "GetAll") return {objectProperties()};
     if (member == "Get") {

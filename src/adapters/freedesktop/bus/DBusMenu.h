@@ -10,7 +10,7 @@
 
 namespace larkspan::freedesktop {
 
-/// One node of a menu as it travels over the bus.
+/// One node of a menu as sent over the bus.
 struct MenuLayout {
     int id = 0;
     QVariantMap properties;
@@ -19,8 +19,8 @@ struct MenuLayout {
 QDBusArgument& operator<<(QDBusArgument& argument, const MenuLayout& layout);
 const QDBusArgument& operator>>(const QDBusArgument& argument, MenuLayout& layout);
 
-/// A menu as an object on the session bus, of the interface "com.canonical.dbusmenu". The menu does
-/// not change; a chosen item's action runs in a later turn of the run loop.
+/// A menu as an object on the session bus, with the interface "com.canonical.dbusmenu". The menu
+/// does not change. The action of a chosen item runs in a later turn of the run loop.
 class DBusMenu : public QDBusVirtualObject {
   public:
     explicit DBusMenu(const Menu& menu);
@@ -29,7 +29,8 @@ class DBusMenu : public QDBusVirtualObject {
     bool handleMessage(const QDBusMessage& message, const QDBusConnection& connection) override;
 
   private:
-    /// Which items lie inside which, by index into `items_`; the root is 0 and no item itself.
+    /// Which items are inside which, by index into `items_`; the root is 0, and is not an item
+    /// itself.
     struct Node {
         MenuItem item;
         std::vector<int> children;

@@ -15,14 +15,14 @@ namespace larkspan::freedesktop {
 namespace {
 
 constexpr const char* service = "org.freedesktop.FileManager1";
-/// A file manager may have to be started first.
+/// Long enough for a file manager that has to be started first.
 constexpr int limitMilliseconds = 5000;
 
 QDBusMessage showItems(const std::string& path) {
     auto call = QDBusMessage::createMethodCall(service, "/org/freedesktop/FileManager1", service,
                                                "ShowItems");
     const auto address = QUrl::fromLocalFile(QString::fromStdString(path));
-    // Without an identifier of the start: none was given to us.
+    // With an empty startup identifier, since we have none.
     call << QStringList{QString::fromLatin1(address.toEncoded())} << QString();
     return call;
 }

@@ -7,11 +7,11 @@
 
 namespace larkspan::freedesktop {
 
-/// The file manager as the session bus knows it. The bus is first touched when a file is shown.
-/// Main thread only.
+/// The file manager on the session bus. The bus is not used before a file is shown. Main thread
+/// only.
 class FileManagerOnBus {
   public:
-    /// `openFolder` stands in where no file manager answers on the bus.
+    /// `openFolder` is called if no file manager replies on the bus.
     explicit FileManagerOnBus(std::function<void(const std::string& folder)> openFolder);
 
     /// Shows the file selected in its folder.
@@ -19,7 +19,7 @@ class FileManagerOnBus {
 
   private:
     std::function<void(const std::string&)> openFolder_;
-    /// Ends the wait for an answer.
+    /// Ends the wait for a reply.
     QObject waiting_;
 };
 

@@ -12,7 +12,7 @@ namespace {
 
 constexpr const char* connectionName = "larkspan launcher entries";
 constexpr const char* interfaceName = "com.canonical.Unity.LauncherEntry";
-/// Applications look for this name, and speak only to somebody who has it.
+/// Applications look for this name, and send updates only if somebody owns it.
 constexpr const char* listenerName = "com.canonical.Unity";
 
 } // namespace
@@ -43,7 +43,8 @@ void LauncherEntries::listen() {
             &LauncherEntries::senderLeft);
     connection.connect({}, {}, interfaceName, "Update", this,
                        SLOT(update(QString, QVariantMap, QDBusMessage)));
-    // Queued behind another panel that has the name; the signals are for everybody. Not waited for.
+    // Queued if another panel owns the name; the signals are broadcast anyway. The reply is not
+    // waited for.
     auto request = QDBusMessage::createMethodCall("org.freedesktop.DBus", "/org/freedesktop/DBus",
                                                   "org.freedesktop.DBus", "RequestName");
     request << QString(listenerName) << 0U;
@@ -58,7 +59,7 @@ void LauncherEntries::update(const QString& address, const QVariantMap& properti
     bus_->watcher.addWatchedService(message.service());
     const auto found = entries_.find(id);
     const LauncherEntry before = found == entries_.end() ? LauncherEntry{} : found->second;
-    // An application without anything to say, such as one that tells of progress alone, is no news.
+    // An update without a known property, such as one with progress only, changes nothing.
     const auto after = updatedEntry(before, properties);
     if (after == before) return;
     entries_[id] = after;

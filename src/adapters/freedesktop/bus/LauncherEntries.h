@@ -15,7 +15,7 @@ class QDBusMessage;
 
 namespace larkspan::freedesktop {
 
-/// What an application says of its launcher.
+/// What an application publishes about its launcher.
 struct LauncherEntry {
     std::int64_t count = 0;
     bool showsCount = false;
@@ -23,9 +23,9 @@ struct LauncherEntry {
     bool operator==(const LauncherEntry&) const = default;
 };
 
-/// Hears what applications say of their launchers: the signal `Update` of the interface
-/// "com.canonical.Unity.LauncherEntry" on the session bus, which needs no answer. What one has said
-/// holds until it says otherwise or leaves the bus. Main thread only.
+/// Listens to what applications publish about their launchers: the signal `Update` of the interface
+/// "com.canonical.Unity.LauncherEntry" on the session bus. An update is valid until the next one,
+/// or until the application leaves the bus. Main thread only.
 class LauncherEntries : public QObject {
     Q_OBJECT
 
@@ -34,7 +34,7 @@ class LauncherEntries : public QObject {
     explicit LauncherEntries(std::function<void()> changed);
     ~LauncherEntries() override;
 
-    /// Connects to the session bus. Without one nothing is ever heard.
+    /// Connects to the session bus. Without one, there are never any entries.
     void listen();
     /// By the id of the desktop entry, without ".desktop".
     const std::map<std::string, LauncherEntry>& entries() const { return entries_; }
@@ -48,15 +48,15 @@ class LauncherEntries : public QObject {
     struct Bus;
     std::function<void()> changed_;
     std::map<std::string, LauncherEntry> entries_;
-    /// Who spoke last for each entry, by its name on the bus.
+    /// Who sent the last update of each entry, by its name on the bus.
     std::map<std::string, QString> senders_;
     std::unique_ptr<Bus> bus_;
 };
 
-/// What an update leaves of an entry: only what it names changes.
+/// The entry after an update, which changes only the properties it contains.
 LauncherEntry updatedEntry(LauncherEntry entry, const QVariantMap& properties);
 
-/// The id in an address such as "application://firefox.desktop"; empty for any other text.
+/// The id in a URL such as "application://firefox.desktop"; empty for any other text.
 std::string entryOfAddress(std::string_view address);
 
 } // namespace larkspan::freedesktop

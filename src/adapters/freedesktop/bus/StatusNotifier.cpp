@@ -16,9 +16,9 @@ namespace larkspan::freedesktop {
 namespace {
 
 constexpr const char* watcherService = "org.kde.StatusNotifierWatcher";
-constexpr const char* wayBack = "starting larkspan again brings the bar back";
+constexpr const char* wayBack = "start larkspan again to show the bar";
 
-/// One item on a connection to the bus of its own, so that it vanishes with the connection.
+/// One item on its own connection to the bus, so that it vanishes with the connection.
 class ShownItem {
   public:
     explicit ShownItem(const StatusItem& item)
@@ -31,7 +31,7 @@ class ShownItem {
         watcher_.setConnection(connection_);
         watcher_.addWatchedService(watcherService);
         watcher_.setWatchMode(QDBusServiceWatcher::WatchForRegistration);
-        // A panel that starts later, or again, is told of the item then.
+        // A panel that starts later, or again, gets the item then.
         QObject::connect(&watcher_, &QDBusServiceWatcher::serviceRegistered, &watcher_,
                          [this] { announce(); });
         announce();
@@ -54,7 +54,7 @@ class ShownItem {
         auto call = QDBusMessage::createMethodCall(watcherService, "/StatusNotifierWatcher",
                                                    watcherService, "RegisterStatusNotifierItem");
         call << connection_.baseService();
-        // Nobody is there to be started for it, and nothing is done with the answer.
+        // No service has to be started for it, and the reply is not used.
         call.setAutoStartService(false);
         connection_.send(call);
     }
@@ -73,11 +73,12 @@ StatusNotifier::StatusNotifier(std::function<void(const std::string&)> report)
 Handle StatusNotifier::show(StatusItem item) {
     auto shown = std::make_shared<ShownItem>(item);
     if (!shown->hasBus()) {
-        report_(std::string("there is no session bus, so no status item can be shown; ") + wayBack);
+        report_(std::string("there is no session bus, so the status icon cannot be shown; ") +
+                wayBack);
         return {};
     }
     if (!shown->hasPanel())
-        report_(std::string("no panel here shows status items at the moment; ") + wayBack);
+        report_(std::string("no panel shows status icons at the moment; ") + wayBack);
     return Handle([shown]() mutable { shown.reset(); });
 }
 

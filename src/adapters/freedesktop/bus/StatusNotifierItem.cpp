@@ -14,7 +14,7 @@ namespace larkspan::freedesktop {
 
 namespace {
 
-/// A picture as it travels over the bus: 0xAARRGGBB, the most significant byte first.
+/// An image as sent over the bus: 0xAARRGGBB, the most significant byte first.
 struct Pixmap {
     int width = 0;
     int height = 0;
@@ -28,7 +28,7 @@ QDBusArgument& operator<<(QDBusArgument& argument, const Pixmap& pixmap) {
     return argument;
 }
 
-// Only ever sent, but Qt registers a type for both ways.
+// Only ever sent, but Qt needs both operators to register a type.
 const QDBusArgument& operator>>(const QDBusArgument& argument, Pixmap&) {
     return argument;
 }
@@ -44,7 +44,7 @@ constexpr const char* itemInterface = R"xml(<interface name="org.kde.StatusNotif
   <property name="Menu" type="o" access="read"/>
 </interface>)xml";
 
-/// A screen with a bar at its bottom, light with a dark rim: panels come in every colour.
+/// A screen with a bar at its bottom, light with a dark outline, since panels have any colour.
 QImage picture(int side) {
     QImage image(side, side, QImage::Format_ARGB32);
     image.fill(Qt::transparent);
@@ -81,7 +81,7 @@ StatusNotifierItem::StatusNotifierItem(const StatusItem& item) {
         {"Id", "larkspan"},
         {"Title", QString::fromStdString(item.accessibilityDescription)},
         {"Status", "Active"},
-        // No icon theme has the system symbol: the picture stands for it.
+        // No icon theme has the system symbol; the image is used instead.
         {"IconName", ""},
         {"IconPixmap", QVariant::fromValue(QList<Pixmap>{pixmap(22), pixmap(44)})},
         {"ItemIsMenu", true},
@@ -93,7 +93,7 @@ QString StatusNotifierItem::introspect(const QString&) const {
     return QString::fromUtf8(itemInterface);
 }
 
-// A click is no method here: panels show the menu where there is none.
+// The item has no method for a click: panels show the menu if there is none.
 bool StatusNotifierItem::handleMessage(const QDBusMessage& message,
                                        const QDBusConnection& connection) {
     if (message.member() == "GetAll") return connection.send(message.createReply(properties_));

@@ -7,7 +7,7 @@
 
 namespace larkspan::freedesktop {
 
-/// A status item as an object on the session bus, of the interface "org.kde.StatusNotifierItem".
+/// A status item as an object on the session bus, with the interface "org.kde.StatusNotifierItem".
 /// Its menu is another object, at `menuPath`.
 class StatusNotifierItem : public QDBusVirtualObject {
   public:

@@ -11,7 +11,7 @@ namespace larkspan::freedesktop {
 
 bool isStartedAtLogin(std::string_view autostartFile) {
     bool isStarted = !autostartFile.empty();
-    // Both are how a desktop's own settings switch an entry off.
+    // Desktops use either key to turn an entry off in their settings.
     readKeyFile(autostartFile, [&](std::string_view, std::string_view key, std::string_view value) {
         if (key == "Hidden" && value == "true") isStarted = false;
         if (key == "X-GNOME-Autostart-enabled" && value == "false") isStarted = false;

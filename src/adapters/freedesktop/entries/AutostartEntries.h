@@ -10,12 +10,13 @@
 
 namespace larkspan::freedesktop {
 
-/// Whether the desktop starts the application of this autostart file at login; not that of an
-/// empty text.
+/// Whether the desktop starts the application of this autostart file at login; false for an empty
+/// text.
 bool isStartedAtLogin(std::string_view autostartFile);
 
 /// The applications opened at login: copies of their desktop files in the user's autostart folder.
-/// One that everybody's folders open is closed by a file of the user's that says so.
+/// An application that the system's autostart folders open is turned off by a file in the user's
+/// folder.
 class AutostartEntries : public LoginItems {
   public:
     AutostartEntries(const Environment& environment, const InstalledApplications& installed);

@@ -43,12 +43,12 @@ std::vector<std::string> listPaths(const XdgFolders& folders) {
     return paths;
 }
 
-/// The base name of the program a line starts, through links: what `x-terminal-emulator` stands
-/// for.
+/// The name of the program that a line starts, with links resolved, such as what
+/// `x-terminal-emulator` links to.
 std::string programBehind(const std::string& path) {
     std::error_code error;
     std::filesystem::path program = std::filesystem::canonical(path, error).filename();
-    // Wrappers that give a terminal the customary options are named after it.
+    // A wrapper that gives a terminal the usual options is named after the terminal.
     if (program.extension() == ".wrapper") program = program.stem();
     return program.string();
 }
@@ -70,7 +70,7 @@ DesktopEntryRef DefaultApplications::forFile(const std::string& path) const {
     if (std::filesystem::is_directory(path)) return fileManager();
     const QMimeType type = QMimeDatabase().mimeTypeForFile(QString::fromStdString(path));
     if (auto entry = forType(type.name().toStdString())) return entry;
-    // A C++ source is a text too, and opens with whatever texts open with.
+    // A C++ source is also a text, and opens with the application for texts.
     for (const auto& ancestor : type.allAncestors()) {
         if (auto entry = forType(ancestor.toStdString())) return entry;
     }
@@ -105,7 +105,7 @@ DesktopEntryRef DefaultApplications::fromEntries(std::string_view mimeType,
 
 DesktopEntryRef DefaultApplications::fileManager() const {
     if (auto entry = fromLists(folderType)) return entry;
-    // Editors and players open folders too.
+    // Editors and players can open folders too.
     return fromEntries(folderType, "FileManager");
 }
 

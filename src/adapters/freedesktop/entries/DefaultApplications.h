@@ -8,8 +8,8 @@
 
 namespace larkspan::freedesktop {
 
-/// Which application opens what, as the user chose or the desktop suggests. Reads its lists each
-/// time it is asked. Main thread only.
+/// Which application opens what, as the user chose or the desktop suggests. Reads its lists on
+/// every call. Main thread only.
 class DefaultApplications {
   public:
     DefaultApplications(const Environment& environment, const DesktopEntries& entries);
@@ -18,11 +18,11 @@ class DefaultApplications {
     DesktopEntryRef forType(std::string_view mimeType) const;
     /// The application for a file by its name and contents, or for a folder.
     DesktopEntryRef forFile(const std::string& path) const;
-    /// The file manager: Finder.
+    /// The file manager, which the bar shows as Finder.
     DesktopEntryRef fileManager() const;
     DesktopEntryRef terminal() const;
-    /// What the bar shows before the user pinned anything: browser, mail, terminal, text editor, as
-    /// far as they are installed.
+    /// The pinned apps until the user changes them: browser, mail, terminal and text editor, as far
+    /// as they are installed.
     std::vector<DesktopEntryRef> firstPinned() const;
 
   private:

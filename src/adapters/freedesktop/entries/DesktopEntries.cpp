@@ -14,7 +14,7 @@ namespace larkspan::freedesktop {
 namespace {
 
 constexpr std::string_view entryFileSuffix = ".desktop";
-// An installation writes many files; the entries are read again once it is through.
+// Installing writes many files; the entries are read again when it has finished.
 constexpr double settlingSeconds = 0.3;
 constexpr int deepestFolder = 4;
 
@@ -31,7 +31,7 @@ std::string_view afterLastDot(std::string_view id) {
     return dot == std::string_view::npos ? std::string_view() : id.substr(dot + 1);
 }
 
-/// Of several entries a window could belong to, one that is in the menus goes first.
+/// If a window could belong to several entries, one that is shown in menus is preferred.
 void prefer(DesktopEntryRef& best, const DesktopEntryRef& candidate) {
     if (!best || (!best->isDisplayed && candidate->isDisplayed)) best = candidate;
 }
@@ -50,7 +50,7 @@ const DesktopEntries::ById& DesktopEntries::entries() const {
     for (const auto& dataDir : folders_.allDataDirs()) {
         readFolder(dataDir + "/applications", {}, 0);
     }
-    // A deleted entry has hidden those behind it by now.
+    // A deleted entry has served its purpose: it hid those of later folders.
     std::erase_if(entries_, [](const auto& entry) { return entry.second->isHidden; });
     return entries_;
 }
@@ -76,7 +76,7 @@ void DesktopEntries::readFolder(const std::string& folder, const std::string& pr
 }
 
 void DesktopEntries::addFile(const std::string& path, std::string id) const {
-    // The folders come by importance: the first of an id is the one that counts.
+    // The folders are sorted by importance: the first entry of an id counts.
     if (entries_.contains(id)) return;
     auto entry = parseDesktopEntry(readText(path), folders_);
     if (!entry) return;
@@ -110,7 +110,7 @@ std::vector<DesktopEntryRef> DesktopEntries::all() const {
 
 DesktopEntryRef DesktopEntries::match(std::string_view instance, std::string_view className,
                                       std::string_view executable) const {
-    // The instance first: web applications of one browser share its class.
+    // The instance first: web applications of one browser have the same class.
     for (const auto name : {instance, className}) {
         if (auto entry = matchStartupClass(name)) return entry;
     }
@@ -149,16 +149,16 @@ DesktopEntryRef DesktopEntries::matchExecutable(std::string_view executable) con
     const std::string name = wanted.filename().string();
     DesktopEntryRef best;
     for (const auto& [id, entry] : entries()) {
-        // Asked for every window: most lines are told apart without taking them to pieces.
+        // Called for every window: this rules out most lines without parsing them.
         if (entry->exec.find(name) == std::string::npos) continue;
-        // A terminal's program is not the process of the terminal's window.
+        // A terminal program runs in a window of the terminal's process.
         if (entry->isTerminal || !entry->isDisplayed) continue;
         const auto program = soleProgram(entry->exec);
         if (!program || std::filesystem::path(*program).filename() != name) continue;
         std::error_code error;
         if (std::filesystem::canonical(environment_.findProgram(*program), error) != wanted)
             continue;
-        // Two applications of one executable: the window could be either's.
+        // Two applications have the same executable: the window could belong to either.
         if (best) return nullptr;
         best = entry;
     }

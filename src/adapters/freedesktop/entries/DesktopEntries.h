@@ -12,20 +12,20 @@
 
 namespace larkspan::freedesktop {
 
-/// The installed applications. Read when first asked for, kept, and read anew after a folder of
-/// desktop files changed. Main thread only.
+/// The installed applications. Read on first use, cached, and read again after a folder of desktop
+/// files changed. Main thread only.
 class DesktopEntries {
   public:
     DesktopEntries(const Environment& environment, Scheduler& scheduler);
 
-    /// The entry of that id (without ".desktop"), displayed or not; nullptr when none is installed.
+    /// The entry with that id (without ".desktop"), displayed or not; nullptr if none is installed.
     DesktopEntryRef find(std::string_view id) const;
-    /// The entry of that file, when the file is what its id stands for.
+    /// The entry of that file, if the file is the one that counts for its id.
     DesktopEntryRef atPath(std::string_view path) const;
-    /// The application a window belongs to, by the two names of its WM_CLASS and the path of its
-    /// process's executable, each of which may be empty. In this order: an equal `StartupWMClass`;
-    /// an id equal to a name (or to it in small letters) or whose last part after a dot is; an
-    /// `Exec` that starts just that executable. Nothing is guessed beyond that.
+    /// The application that a window belongs to, by the two names of its WM_CLASS and the path of
+    /// its process's executable, each of which may be empty. In this order: an equal
+    /// `StartupWMClass`; an id that equals a name (also in lower case) or whose last part after a
+    /// dot does; an `Exec` that starts exactly that executable. There is no fuzzy matching.
     DesktopEntryRef match(std::string_view instance, std::string_view className,
                           std::string_view executable) const;
     /// Every installed application, by id.

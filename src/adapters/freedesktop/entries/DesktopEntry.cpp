@@ -16,7 +16,7 @@ bool contains(const std::vector<std::string>& list, std::string_view value) {
     return std::ranges::find(list, value) != list.end();
 }
 
-/// A list value; a ";" that belongs to an element is written "\;".
+/// A list value; a ";" inside an element is written "\;".
 std::vector<std::string> listFrom(std::string_view value) {
     std::vector<std::string> list;
     std::string raw;
@@ -37,7 +37,7 @@ std::vector<std::string> listFrom(std::string_view value) {
     return list;
 }
 
-/// A text that may stand in several languages: the best seen so far.
+/// A text that may be given in several languages: keeps the best one so far.
 class Localized {
   public:
     explicit Localized(std::string& target)
@@ -59,7 +59,7 @@ class Localized {
     std::ptrdiff_t rank_ = std::numeric_limits<std::ptrdiff_t>::max();
 };
 
-/// Takes the lines of one desktop file into an entry.
+/// Reads the lines of one desktop file into an entry.
 class EntryReader {
   public:
     EntryReader(DesktopEntry& entry, const XdgFolders& folders)
@@ -74,7 +74,7 @@ class EntryReader {
         if (const auto bracket = key.find('['); bracket != std::string_view::npos) {
             locale = key.substr(bracket + 1, key.find(']', bracket) - bracket - 1);
             key = key.substr(0, bracket);
-            // Most lines of most files: translations for others, of keys nobody here reads.
+            // Most lines of most files: translations of keys that are not used here.
             if (key != "Name") return true;
         }
         if (group == mainGroup) return takeMain(key, locale, value);
@@ -117,7 +117,7 @@ class EntryReader {
         if (key == "Actions") actionOrder_ = listFrom(value);
         if (key == "OnlyShowIn") onlyShowIn_ = listFrom(value);
         if (key == "NotShowIn") notShowIn_ = listFrom(value);
-        // A deleted entry needs nothing more.
+        // A deleted entry needs no other keys.
         return !entry_.isHidden;
     }
 
@@ -139,7 +139,7 @@ class EntryReader {
     Localized name_;
     bool isApplication_ = false;
     std::string actionId_;
-    /// Of the last action, which is the one being read.
+    /// Of the last action, which is being read.
     std::optional<Localized> actionName_;
     std::vector<std::string> actionOrder_;
     std::vector<std::string> onlyShowIn_;

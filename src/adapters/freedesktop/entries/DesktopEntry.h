@@ -10,7 +10,7 @@
 
 namespace larkspan::freedesktop {
 
-/// One more thing an application can be started for, such as "New Private Window".
+/// An additional action of an application, such as "New Private Window".
 struct DesktopAction {
     std::string id;
     std::string name;
@@ -30,16 +30,16 @@ struct DesktopEntry {
     /// As written in the file: see `commandLines`.
     std::string exec;
     std::string tryExec;
-    /// The folder to start in; empty for none in particular.
+    /// The folder to start in; empty for the default.
     std::string workingFolder;
     std::string startupWMClass;
     std::vector<std::string> categories;
     std::vector<std::string> mimeTypes;
     std::vector<DesktopAction> actions;
     bool isTerminal = false;
-    /// Deleted by the user: as if the entry did not exist, and hiding those of the same id.
+    /// Deleted by the user: the entry is treated as missing, and hides those with the same id.
     bool isHidden = false;
-    /// Meant for menus of this desktop.
+    /// Whether to show it in menus on this desktop.
     bool isDisplayed = true;
 
     bool hasCategory(std::string_view category) const;

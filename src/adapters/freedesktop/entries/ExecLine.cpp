@@ -17,7 +17,7 @@ bool isFieldCode(std::string_view argument) {
     return argument.size() == 2 && argument[0] == '%';
 }
 
-/// An address from a path, and a path from a local address; others stay as they are.
+/// A URL from a path, and a path from a file URL; other texts are returned unchanged.
 std::string asAddress(const std::string& file) {
     if (!file.starts_with('/')) return file;
     return QUrl::fromLocalFile(QString::fromStdString(file)).toEncoded().toStdString();
@@ -28,8 +28,7 @@ std::string asPath(const std::string& file) {
     return QUrl(QString::fromStdString(file)).toLocalFile().toStdString();
 }
 
-/// An argument with the field codes that may stand inside it replaced; unknown and deprecated ones
-/// vanish.
+/// The argument with the field codes inside it replaced; unknown and deprecated ones are removed.
 std::string expanded(std::string_view argument, const DesktopEntry& entry,
                      const std::string& file) {
     std::string result;
@@ -72,7 +71,7 @@ void appendArgument(Arguments& line, const std::string& argument, const DesktopE
         if (!entry.icon.empty()) line.insert(line.end(), {"--icon", entry.icon});
     } else {
         std::string text = expanded(argument, entry, files.empty() ? "" : files.front());
-        // A code that stands for nothing leaves no empty argument; one written as "" stays.
+        // A code that expands to nothing adds no argument; an argument written as "" is kept.
         const bool vanished = text.empty() && isFieldCode(argument);
         if (!vanished) line.push_back(std::move(text));
     }

@@ -9,21 +9,21 @@
 
 namespace larkspan::freedesktop {
 
-/// The arguments of an `Exec` value with its quotes resolved and its field codes left in. Absent
-/// when a quote is not closed or no program is named.
+/// The arguments of an `Exec` value, with quotes resolved and field codes kept. Absent if a quote
+/// is not closed or there is no program.
 std::optional<std::vector<std::string>> splitExec(std::string_view exec);
 
-/// The command lines that open the files or addresses with the application, its field codes
-/// replaced: one, or one for each file when the application takes them one by one. Empty when
-/// `exec` (the entry's own, or that of one of its actions) is malformed.
+/// The command lines that open the files or URLs with the application, with its field codes
+/// replaced: one, or one for each file if the application takes only one at a time. Empty if `exec`
+/// (the entry's own, or that of one of its actions) is malformed.
 std::vector<std::vector<std::string>> commandLines(const DesktopEntry& entry, std::string_view exec,
                                                    const std::vector<std::string>& files);
 
-/// The program, when the line starts it with nothing but options and files of the user's choice, so
-/// that a process of this program is this application.
+/// The program, if the line starts it only with options and the user's files, so that a process of
+/// this program is this application.
 std::optional<std::string> soleProgram(std::string_view exec);
 
-/// Whether the application can be given addresses and not only files.
+/// Whether the application accepts URLs and not only files.
 bool takesAddresses(std::string_view exec);
 
 } // namespace larkspan::freedesktop

@@ -11,7 +11,7 @@ namespace larkspan::freedesktop {
 
 namespace {
 
-// Empty when the process is gone or another user's.
+// Empty if the process has ended or belongs to another user.
 std::string executableOf(ProcessId process) {
     std::array<char, 4096> path{};
     const auto link = fmt::format("/proc/{}/exe", process);

@@ -14,25 +14,25 @@ namespace larkspan::freedesktop {
 struct EntryMatch {
     /// As `InstalledApplications::identifierOf` gives it.
     std::string identifier;
-    /// The window's process is the entry's own program.
+    /// Whether the window's process is the entry's own program.
     bool isOwnProcess = false;
 };
 
-/// The desktop entries under the identifiers the bar knows them by: the entry's id, and Finder's
-/// for the file manager. Main thread only.
+/// The desktop entries by the identifiers that the bar uses: the entry's id, and Finder's for the
+/// file manager. Main thread only.
 class InstalledApplications {
   public:
     InstalledApplications(DesktopEntries& entries, const DefaultApplications& defaults)
         : entries_(entries)
         , defaults_(defaults) {}
 
-    /// nullptr when it is not installed.
+    /// nullptr if it is not installed.
     DesktopEntryRef find(std::string_view bundleIdentifier) const;
     DesktopEntryRef atPath(std::string_view path) const { return entries_.atPath(path); }
     std::string identifierOf(const DesktopEntry& entry) const;
     std::optional<EntryMatch> match(const std::string& instance, const std::string& className,
                                     std::optional<ProcessId> process) const;
-    /// Forgets what was remembered of the entries, after they changed.
+    /// Clears the cache; call it after the entries changed.
     void refresh() { isFileManagerKnown_ = false; }
 
   private:

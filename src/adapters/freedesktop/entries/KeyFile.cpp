@@ -10,7 +10,7 @@ namespace larkspan::freedesktop {
 namespace {
 
 constexpr std::string_view blanks = " \t\r";
-// A key file larger than this is none.
+// A larger file is not read.
 constexpr off_t largest = 4 << 20;
 
 std::string_view trimmed(std::string_view text) {
@@ -68,7 +68,7 @@ std::string unescaped(std::string_view value) {
         case ';':
             result += ';';
             break;
-        // Kept whole: what it means is for who reads the value, as in `Exec`.
+        // Kept as it is: other escapes belong to the format of the value, as in `Exec`.
         default:
             result.append({'\\', value[index]});
         }

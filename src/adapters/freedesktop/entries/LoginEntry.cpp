@@ -17,7 +17,7 @@ namespace {
 std::string quotedForExec(const std::string& path) {
     std::string result = "\"";
     for (const char character : path) {
-        // Escaped for the quotes, and its backslash once more for the file.
+        // Escaped for the quotes, and the backslash once more for the file.
         if (std::string_view("\"`$\\").find(character) != std::string_view::npos) result += "\\\\";
         if (character == '\\') result += '\\';
         if (character == '%') result += '%';

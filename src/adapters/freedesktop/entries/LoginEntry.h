@@ -8,7 +8,7 @@
 
 namespace larkspan::freedesktop {
 
-/// The login item as a desktop file of our own in the user's autostart folder.
+/// The login item as our own desktop file in the user's autostart folder.
 class LoginEntry : public LoginItem {
   public:
     /// `program` is the path of the executable to start; `open` shows a folder to the user.
@@ -18,7 +18,7 @@ class LoginEntry : public LoginItem {
     Status status() const override;
     bool registerItem() override;
     bool unregisterItem() override;
-    /// Shows the autostart folder: there are no common settings of login items.
+    /// Shows the autostart folder: there is no common settings page for login items.
     void openSystemSettings() override;
 
   private:

@@ -9,7 +9,7 @@ namespace larkspan::freedesktop {
 
 namespace {
 
-// A window with a title line and two lines of text, on a grid of 64 units.
+// A window with a title bar and two lines of text, on a grid of 64 units.
 void draw(QPainter& painter) {
     QLinearGradient body(0, 6, 0, 58);
     body.setColorAt(0, QColor(0xf2, 0xf4, 0xf7));

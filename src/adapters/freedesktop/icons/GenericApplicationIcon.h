@@ -6,8 +6,7 @@
 
 namespace larkspan::freedesktop {
 
-/// The picture of an application that has none, drawn by ourselves: for desktops without any icon
-/// theme.
+/// The image of an application without an icon, for desktops without any icon theme.
 class GenericApplicationIcon : public Image {
   public:
     const std::string& identity() const override { return identity_; }

@@ -14,12 +14,12 @@ namespace larkspan::freedesktop {
 
 namespace {
 
-// What the desktops themselves fall back to.
+// What desktops themselves fall back to.
 constexpr const char* usualTheme = "Adwaita";
 constexpr const char* lastTheme = "hicolor";
 constexpr std::array extensions = {".png", ".svg", ".svgz", ".xpm"};
 
-/// The theme chosen in the settings of GTK or of KDE, whichever says so.
+/// The theme selected in the settings of GTK or KDE, whichever has one.
 std::string themeFromSettings(const XdgFolders& folders) {
     struct Place {
         const char* file;
@@ -73,7 +73,7 @@ void IconTheme::loadThemes() const {
     addTheme(lastTheme);
 }
 
-/// Adds the theme and, behind it, those it inherits from.
+/// Adds the theme and, after it, those it inherits from.
 void IconTheme::addTheme(const std::string& name) const {
     if (std::ranges::find(themeNames_, name) != themeNames_.end()) return;
     themeNames_.push_back(name);
@@ -81,7 +81,7 @@ void IconTheme::addTheme(const std::string& name) const {
     const auto inherited = theme->inherited();
     if (theme->exists()) themes_.push_back(std::move(theme));
     for (const auto& parent : inherited) {
-        // The one all inherit from comes behind all others.
+        // The theme that all inherit from is added after all others.
         if (parent != lastTheme) addTheme(parent);
     }
 }
@@ -108,7 +108,7 @@ ImageRef IconTheme::lookUp(const std::string& name) const {
         std::string identity = files.front().path;
         return std::make_shared<qt::PictureFile>(std::move(identity), std::move(files));
     }
-    // Icons outside any theme, as old applications install them.
+    // Icons outside of any theme, as old applications install them.
     for (const auto& dataDir : folders_.allDataDirs()) {
         for (const auto* place : {"/pixmaps/", "/icons/"}) {
             for (const auto* extension : extensions) {

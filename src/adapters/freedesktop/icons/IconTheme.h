@@ -13,17 +13,17 @@ namespace larkspan::freedesktop {
 
 class IconThemeFolder;
 
-/// The icons of the user's icon theme and those it inherits from. Main thread only; the images it
-/// gives may be drawn from any thread.
+/// The icons of the user's icon theme and of those it inherits from. Main thread only; the images
+/// it returns may be drawn on any thread.
 class IconTheme {
   public:
     /// `themeName` overrides the desktop's setting.
     explicit IconTheme(const Environment& environment, std::string themeName = {});
     ~IconTheme();
 
-    /// The icon of that name ("firefox") or absolute path; nullptr when there is none.
+    /// The icon with that name ("firefox") or absolute path; nullptr if there is none.
     ImageRef icon(std::string_view nameOrPath) const;
-    /// What an application without an icon gets; never nullptr, even with no theme installed.
+    /// The image for an application without an icon; never nullptr, even if no theme is installed.
     ImageRef genericApplication() const;
 
   private:

@@ -20,7 +20,7 @@ int number(std::string_view text, int otherwise) {
     return result;
 }
 
-/// What the index says of one of the theme's folders.
+/// What the index says about one of the theme's folders.
 struct Description {
     int size = 0;
     int scale = 1;
@@ -34,7 +34,7 @@ struct Description {
         if (key == "Context") context = value;
     }
     int pixels() const { return isScalable ? 0 : size * scale; }
-    /// Not the kinds that stand on buttons and in messages, of which there are thousands.
+    /// Excludes the kinds for buttons and messages, which have thousands of icons.
     bool mayHoldApplications() const {
         constexpr std::array others = {"Actions", "Animations",    "Emblems", "Emotes",
                                        "Stock",   "International", "UI"};
@@ -51,7 +51,7 @@ IconThemeFolder::IconThemeFolder(const std::string& name,
         const std::string place = base + "/" + name;
         if (access(place.c_str(), X_OK) != 0) continue;
         places_.push_back(place);
-        // The first index describes the theme for all of its places.
+        // The first index describes the theme in all of its base folders.
         if (index.empty()) index = readText(place + "/index.theme");
     }
     readIndex(index);
@@ -88,7 +88,7 @@ IconThemeFolder::Files IconThemeFolder::files(const std::string& icon) const {
 }
 
 IconThemeFolder::Files IconThemeFolder::filesIn(Folders& folders, const std::string& icon) {
-    // Most of the folders an index names are not there.
+    // Most of the folders that an index names do not exist.
     if (!std::exchange(folders.areChecked, true))
         std::erase_if(folders.folders,
                       [](const Folder& folder) { return access(folder.path.c_str(), X_OK) != 0; });

@@ -16,7 +16,7 @@ namespace {
 std::vector<char*> pointers(const std::vector<std::string>& texts) {
     std::vector<char*> result;
     for (const auto& text : texts) {
-        // Not written to, despite its type.
+        // `posix_spawn` does not write to it, despite its type.
         result.push_back(const_cast<char*>(text.c_str())); // NOLINT
     }
     result.push_back(nullptr);

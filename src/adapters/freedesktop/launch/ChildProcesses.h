@@ -10,8 +10,8 @@
 
 namespace larkspan::freedesktop {
 
-/// Starts programs that outlive us, and takes note of their ends, so that none stays a zombie.
-/// Main thread only.
+/// Starts programs that outlive us, and reaps them when they end, so that none stays a zombie. Main
+/// thread only.
 class ChildProcesses {
   public:
     struct Program {
@@ -24,10 +24,10 @@ class ChildProcesses {
         std::string workingFolder;
     };
 
-    /// The process in a session of its own, with none of our open files and no signal blocked or
-    /// ignored. Below 1 on failure, with the reason in `errno`.
+    /// Starts the process in its own session, with none of our open files and no signal blocked or
+    /// ignored. Returns a value below 1 on failure, with the reason in `errno`.
     ProcessId start(const Program& program);
-    /// Called after a process that was started has ended.
+    /// Called after a started process has ended.
     Handle subscribe(std::function<void(ProcessId)> callback) {
         return ended_.subscribe(std::move(callback));
     }

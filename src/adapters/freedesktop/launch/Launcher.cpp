@@ -14,7 +14,7 @@ namespace larkspan::freedesktop {
 
 namespace {
 
-/// The option behind which a terminal takes a command and its arguments. Most keep to xterm's.
+/// The option after which a terminal takes a command and its arguments. Most use xterm's.
 std::string commandOption(const std::string& terminal) {
     struct Option {
         std::string_view program;
@@ -49,7 +49,7 @@ Launcher::Result Launcher::startAll(const DesktopEntry& entry, std::string_view 
                                     const std::string& startupId) {
     const auto lines = commandLines(entry, exec, files);
     if (lines.empty())
-        return {.failure = fmt::format("{}: its Exec line names no program", entry.path)};
+        return {.failure = fmt::format("{}: its Exec line has no program", entry.path)};
     Result first;
     for (const auto& line : lines) {
         Result result = start(line, entry, startupId);
@@ -61,7 +61,7 @@ Launcher::Result Launcher::startAll(const DesktopEntry& entry, std::string_view 
 Launcher::Result Launcher::start(std::vector<std::string> arguments, const DesktopEntry& entry,
                                  const std::string& startupId) {
     if (entry.isTerminal && !wrapInTerminal(arguments))
-        return {.failure = fmt::format("{} needs a terminal, and none is installed", entry.name)};
+        return {.failure = fmt::format("{} needs a terminal, but none is installed", entry.name)};
     const std::string path = environment_.findProgram(arguments.front());
     if (path.empty())
         return {.failure =
@@ -71,7 +71,7 @@ Launcher::Result Launcher::start(std::vector<std::string> arguments, const Deskt
                                            .environment = childEnvironment(startupId),
                                            .workingFolder = entry.workingFolder});
     if (pid > 0) return {.pid = pid};
-    return {.failure = fmt::format("{} could not be started: {}", entry.name, strerror(errno))};
+    return {.failure = fmt::format("cannot start {}: {}", entry.name, strerror(errno))};
 }
 
 bool Launcher::wrapInTerminal(std::vector<std::string>& arguments) const {
@@ -91,7 +91,7 @@ bool Launcher::wrapInTerminal(std::vector<std::string>& arguments) const {
 std::vector<std::string> Launcher::childEnvironment(const std::string& startupId) const {
     std::vector<std::string> result;
     for (const auto& [name, value] : environment_.variables()) {
-        // An identifier we were started with stands for our own start.
+        // An identifier that we were started with belongs to our own start.
         if (name != "DESKTOP_STARTUP_ID") result.push_back(name + "=" + value);
     }
     if (!startupId.empty()) result.push_back("DESKTOP_STARTUP_ID=" + startupId);

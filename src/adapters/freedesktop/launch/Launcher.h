@@ -11,23 +11,23 @@
 
 namespace larkspan::freedesktop {
 
-/// Starts applications as processes of their own, without a shell, which outlive this program.
+/// Starts applications as separate processes, without a shell, which outlive this program.
 class Launcher {
   public:
     struct Result {
         /// The process of the (first) program that was started; absent on failure.
         std::optional<ProcessId> pid;
-        /// Why nothing was started, in one line.
+        /// Why nothing was started, on one line.
         std::string failure;
     };
 
     Launcher(const Environment& environment, const DefaultApplications& defaults);
 
-    /// Starts the application with files or addresses to open. `startupId` lets the desktop tell
-    /// which window belongs to the start.
+    /// Starts the application with files or URLs to open. `startupId` tells the desktop which
+    /// window belongs to this start.
     Result launch(const DesktopEntry& entry, const std::vector<std::string>& files = {},
                   const std::string& startupId = {});
-    /// Starts one of the entry's own actions, such as a new window.
+    /// Starts one of the entry's actions, such as a new window.
     Result launchAction(const DesktopEntry& entry, const DesktopAction& action);
     /// Called after a process that was started here has ended.
     Handle subscribeEnds(std::function<void(ProcessId)> callback) {

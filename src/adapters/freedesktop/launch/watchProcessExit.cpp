@@ -10,7 +10,7 @@
 
 namespace larkspan::freedesktop {
 
-// A process's descriptor can be read from the moment it has ended, so nothing needs to be polled.
+// A process's descriptor becomes readable when it has ended, so nothing needs to be polled.
 Handle watchProcessExit(ProcessId process, std::function<void()> ended) {
     const auto descriptor = static_cast<int>(syscall(SYS_pidfd_open, process, 0));
     if (descriptor < 0) return {};

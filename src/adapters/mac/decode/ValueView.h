@@ -14,10 +14,9 @@
 
 namespace larkspan::mac {
 
-/// A look at one value of a tree that the platform gave, which may have any shape. Each question
-/// answers only a value of exactly that type; a number is an integer or a real one, never a
-/// boolean. The member of anything but a dictionary, and a member that is not there, are views of
-/// nothing.
+/// A view of one value in a tree from the platform, which may have any shape. Each accessor returns
+/// only a value of exactly that type; a number is an integer or a real number, never a boolean. A
+/// missing member, or a member of something that is not a dictionary, is an empty view.
 template <typename View>
 concept ValueView = requires(const View& view, std::string_view key) {
     { view[key] } -> std::same_as<View>;
@@ -30,7 +29,7 @@ concept ValueView = requires(const View& view, std::string_view key) {
     { view.dictionary() } -> std::same_as<std::optional<std::vector<std::pair<std::string, View>>>>;
 };
 
-/// A finite number, stored either way.
+/// A finite number, stored as either type.
 template <ValueView View>
 std::optional<double> numberOf(const View& view) {
     if (const auto integer = view.integer()) return static_cast<double>(*integer);
@@ -38,7 +37,7 @@ std::optional<double> numberOf(const View& view) {
     return real && std::isfinite(*real) ? real : std::nullopt;
 }
 
-/// A yes or no, stored as a boolean or as a number.
+/// A boolean, stored as a boolean or a number.
 template <ValueView View>
 std::optional<bool> flagOf(const View& view) {
     if (const auto boolean = view.boolean()) return boolean;
@@ -46,7 +45,7 @@ std::optional<bool> flagOf(const View& view) {
     return number ? std::optional(*number != 0) : std::nullopt;
 }
 
-/// A whole number, stored either way, within what a double holds exactly.
+/// A whole number, stored as either type, in the range that a double represents exactly.
 template <ValueView View>
 std::optional<std::int64_t> wholeNumberOf(const View& view) {
     if (const auto integer = view.integer()) return integer;
@@ -64,8 +63,8 @@ std::optional<Integer> integerOf(const View& view) {
                                                      : std::nullopt;
 }
 
-/// An unsigned number. The platform keeps it in a signed number of the same width, so that a large
-/// one looks negative.
+/// An unsigned number. The platform stores it in a signed number of the same width, so a large one
+/// looks negative.
 template <std::unsigned_integral Integer, ValueView View>
 std::optional<Integer> unsignedOf(const View& view) {
     const auto number = wholeNumberOf(view);

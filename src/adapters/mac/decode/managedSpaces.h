@@ -26,8 +26,8 @@ ManagedDisplay managedDisplay(const View& view) {
     return display;
 }
 
-/// The displays with their Spaces, in the window server's order; one of a wrong shape stays, with
-/// nothing in it. Absent when this is no list.
+/// The displays with their Spaces, in the window server's order; a malformed one is kept, but
+/// empty. Absent if this is not a list.
 template <ValueView View>
 std::optional<std::vector<ManagedDisplay>> managedDisplays(const View& view) {
     const auto entries = view.array();

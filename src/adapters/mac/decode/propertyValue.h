@@ -4,9 +4,9 @@
 
 namespace larkspan::mac {
 
-/// A property list's value with its types. Absent for what a `PropertyValue` cannot hold, such as a
-/// date; in an array or a dictionary such a value is left out, and so is what is nested deeper than
-/// `depth`.
+/// A property list's value with its types. Absent for what `PropertyValue` does not support, such
+/// as a date; in an array or a dictionary such a value is skipped, and so is what is nested deeper
+/// than `depth`.
 template <ValueView View>
 std::optional<PropertyValue> propertyValue(const View& view, int depth = 64) {
     if (depth == 0) return std::nullopt;

@@ -5,8 +5,8 @@
 
 namespace larkspan::mac {
 
-/// A rectangle as the platform writes it into dictionaries; absent unless all four numbers are
-/// there and finite.
+/// A rectangle in the platform's dictionary format; absent unless it has all four numbers and they
+/// are finite.
 template <ValueView View>
 std::optional<Rect> rectOf(const View& view) {
     const auto x = numberOf(view["X"]);
@@ -30,8 +30,7 @@ WindowListEntry windowListEntry(const View& view) {
     };
 }
 
-/// The window list in its order; an entry of a wrong shape stays, with nothing in it. Absent when
-/// this is no list.
+/// The window list in order; a malformed entry is kept, but empty. Absent if this is not a list.
 template <ValueView View>
 std::optional<std::vector<WindowListEntry>> windowList(const View& view) {
     const auto entries = view.array();
@@ -43,7 +42,7 @@ std::optional<std::vector<WindowListEntry>> windowList(const View& view) {
     return list;
 }
 
-/// Window numbers; what is no number is left out. Absent when this is no list.
+/// Window numbers; what is not a number is skipped. Absent if this is not a list.
 template <ValueView View>
 std::optional<std::vector<WindowId>> windowNumbers(const View& view) {
     const auto entries = view.array();

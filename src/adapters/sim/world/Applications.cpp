@@ -16,7 +16,7 @@ InstalledApp& Applications::install(std::string bundleIdentifier, std::string na
                      .name = name,
                      .path = fmt::format("/Applications/{}.app", name),
                      .icon = std::make_shared<DrawnIcon>(bundleIdentifier)};
-    tellOfInstalled();
+    announceInstalled();
     return world_.installed[std::move(bundleIdentifier)] = std::move(app);
 }
 
@@ -24,12 +24,12 @@ void Applications::uninstall(std::string_view bundleIdentifier) {
     const auto found = world_.installed.find(bundleIdentifier);
     if (found == world_.installed.end()) return;
     world_.installed.erase(found);
-    tellOfInstalled();
+    announceInstalled();
 }
 
-void Applications::tellOfInstalled() {
-    // A Mac keeps it to itself.
-    if (world_.announcesChanges) world_.tell(EventKind::runningApplicationsDidChange);
+void Applications::announceInstalled() {
+    // A Mac sends no notification for it.
+    if (world_.announcesChanges) world_.announce(EventKind::runningApplicationsDidChange);
 }
 
 ProcessId Applications::launch(std::string_view bundleIdentifier, const LaunchOptions& options) {
@@ -50,7 +50,7 @@ ProcessId Applications::launch(std::string_view bundleIdentifier, const LaunchOp
     }
     const ProcessId pid = app.pid;
     world_.apps.push_back(std::move(app));
-    world_.tell(EventKind::runningApplicationsDidChange);
+    world_.announce(EventKind::runningApplicationsDidChange);
     if (options.launchSeconds > 0) {
         launches_[pid] = world_.scheduler.after(
             options.launchSeconds, [this, pid, options] { finishLaunching(pid, options); });
@@ -64,7 +64,7 @@ void Applications::finishLaunching(ProcessId pid, const LaunchOptions& options) 
     App* app = world_.app(pid);
     if (!app) return;
     app->finishedLaunching = true;
-    world_.tell(EventKind::didLaunchApplication, *app);
+    world_.announce(EventKind::didLaunchApplication, *app);
     if (!options.inBackground && options.policy == ActivationPolicy::regular) activate(pid);
     if (options.opensWindow) windows_.open(pid, {.title = app->name});
 }
@@ -74,7 +74,7 @@ bool Applications::open(std::string_view path) {
     if (world_.privacy.open(path)) return true;
     const InstalledApp* bundle = installedAt(path);
     if (!bundle) {
-        // A folder opens in the Finder; addresses are only noted.
+        // A folder opens in the Finder; URLs are only recorded.
         if (path.starts_with('/')) openFolder(path);
         return true;
     }
@@ -132,7 +132,7 @@ ProcessId Applications::launchUsually(const InstalledApp& bundle, bool opensWind
 }
 
 void Applications::bringBack(App& app) {
-    // One that is still launching shows itself when it is there.
+    // An app that is still launching comes forward when it has finished.
     if (!app.finishedLaunching) return;
     const ProcessId pid = app.pid;
     activate(pid);
@@ -165,7 +165,7 @@ void Applications::reportFront() {
     frontReport_.reset();
     world_.reportedFrontmost = world_.frontmost;
     if (const App* app = world_.app(world_.frontmost))
-        world_.tell(EventKind::didActivateApplication, *app);
+        world_.announce(EventKind::didActivateApplication, *app);
 }
 
 void Applications::activate(ProcessId pid) {
@@ -173,7 +173,7 @@ void Applications::activate(ProcessId pid) {
     unhide(pid);
     windows_.raiseAll(pid);
     setFrontmost(pid);
-    // An app whose windows are all on other Spaces is followed to the frontmost of them.
+    // If all windows of the app are on other Spaces, the frontmost one's Space is shown.
     if (windows_.front(pid)) return;
     const auto elsewhere =
         std::find_if(world_.windows.begin(), world_.windows.end(), [pid](const Window& window) {
@@ -186,7 +186,7 @@ void Applications::hide(ProcessId pid) {
     App* app = world_.app(pid);
     if (!app || app->hidden) return;
     app->hidden = true;
-    world_.tell(EventKind::didHideApplication, *app);
+    world_.announce(EventKind::didHideApplication, *app);
     world_.windowsDidChange();
     if (world_.frontmost == pid) settleFrontmost();
 }
@@ -195,7 +195,7 @@ void Applications::unhide(ProcessId pid) {
     App* app = world_.app(pid);
     if (!app || !app->hidden) return;
     app->hidden = false;
-    world_.tell(EventKind::didUnhideApplication, *app);
+    world_.announce(EventKind::didUnhideApplication, *app);
     world_.windowsDidChange();
 }
 
@@ -221,8 +221,8 @@ void Applications::kill(ProcessId pid) {
     world_.apps.erase(found);
     launches_.erase(pid);
     if (!gone.leavesWindows) windows_.closeAll(pid);
-    world_.tell(EventKind::didTerminateApplication, gone);
-    world_.tell(EventKind::runningApplicationsDidChange);
+    world_.announce(EventKind::didTerminateApplication, gone);
+    world_.announce(EventKind::runningApplicationsDidChange);
     if (world_.frontmost == pid) settleFrontmost();
 }
 
@@ -233,7 +233,8 @@ void Applications::settleFrontmost() {
         setFrontmost(owner);
         return;
     }
-    // Nothing on screen: an app without windows keeps the menu bar; else it is the Finder's.
+    // Nothing is on screen: an app without windows keeps the menu bar; otherwise the Finder gets
+    // it.
     if (front && !front->hidden) return;
     const App* finder = world_.appOf(finderIdentifier);
     setFrontmost(finder ? finder->pid : 0);

@@ -13,7 +13,7 @@ namespace {
 
 constexpr std::size_t mostSpaces = 16;
 
-/// The parts between separators, without the blanks around them.
+/// The parts between separators, without the spaces around them.
 std::vector<std::string_view> split(std::string_view text, char separator) {
     std::vector<std::string_view> parts;
     while (true) {
@@ -45,7 +45,7 @@ std::optional<Size> parseSize(std::string_view text) {
 
 Space Displays::makeSpace(int type) {
     const SpaceId id = ++lastSpace_;
-    // The window server knows the very first desktop without a UUID.
+    // The window server lists the very first desktop without a UUID.
     return {id, type, id == 1 ? "" : fmt::format("5FACE000-0000-4000-8000-{:012X}", id)};
 }
 
@@ -121,14 +121,14 @@ void Displays::arrange() {
     world_.windowsDidChange();
 }
 
-/// The windows of a display that went come to the main one.
+/// Moves the windows of a removed display to the main one.
 void Displays::takeIn(const Display& gone) {
     Display& main = world_.displays.front();
     for (Window& window : world_.windows) {
         const auto isItsSpace = [&](const Space& space) { return space.id == window.space; };
         if (std::none_of(gone.spaces.begin(), gone.spaces.end(), isItsSpace)) continue;
         window.space = main.shown().id;
-        // It keeps its place relative to its display, as far as the other one is large enough.
+        // A window keeps its position relative to its display, if the other one is large enough.
         const double right = std::max(0.0, main.bounds.width - window.frame.width);
         const double bottom = std::max(0.0, main.bounds.height - window.frame.height);
         window.frame.x = main.bounds.x + std::clamp(window.frame.x - gone.bounds.x, 0.0, right);
@@ -175,7 +175,7 @@ bool Displays::switchSpace(DisplayId id, std::size_t index) {
     if (!display || index >= display->spaces.size()) return false;
     if (display->current == index) return true;
     display->current = index;
-    world_.tell(WorkspaceEvent::Kind::activeSpaceDidChange);
+    world_.announce(WorkspaceEvent::Kind::activeSpaceDidChange);
     world_.windowsDidChange();
     return true;
 }
@@ -213,7 +213,7 @@ void Displays::removeSpace(SpaceId space) {
     for (Window& window : world_.windows) {
         if (window.space == space) window.space = display->shown().id;
     }
-    if (display->shown().id != shown) world_.tell(WorkspaceEvent::Kind::activeSpaceDidChange);
+    if (display->shown().id != shown) world_.announce(WorkspaceEvent::Kind::activeSpaceDidChange);
     world_.windowsDidChange();
 }
 

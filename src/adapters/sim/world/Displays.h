@@ -6,34 +6,35 @@
 
 namespace larkspan::sim {
 
-/// Plugging displays, and switching and making Spaces on them.
+/// Plugs and unplugs displays, and adds and switches Spaces on them.
 class Displays {
   public:
     explicit Displays(World& world)
         : world_(world) {}
 
-    /// One display per part between commas: a size in points, then any of "spaces=N", "scale=N" and
-    /// "name=TEXT", such as "1920x1080 spaces=2, 1280x720 scale=2". The first is the main display,
-    /// the others stand to its right. Answers false, and changes nothing, when it cannot be read.
+    /// One display for each part between commas: a size in points, then any of "spaces=N",
+    /// "scale=N" and "name=TEXT", such as "1920x1080 spaces=2, 1280x720 scale=2". The first is the
+    /// main display; the others are to its right. Returns false, and changes nothing, if it is
+    /// invalid.
     bool set(std::string_view description);
     bool isReadable(std::string_view description) const;
-    /// Answers the display's identifier, or 0 when the description cannot be read.
+    /// Returns the display's identifier, or 0 if the description is invalid.
     DisplayId add(std::string_view description);
-    /// Its windows and Spaces move to the main display. The next display becomes the main one when
-    /// it was that.
+    /// Its windows and Spaces move to the main display. If it was the main one, the next display
+    /// becomes it.
     void unplug(DisplayId display);
 
-    /// From now on it shows another display's picture: it is no screen of its own, and its windows
-    /// go where those of an unplugged one go.
+    /// From now on it mirrors another display: it is not a separate screen any more, and its
+    /// windows move as if it was unplugged.
     void mirror(DisplayId display);
     void endMirroring();
 
-    /// `index` counts the display's Spaces from 0. Answers false when there is no such Space.
+    /// `index` counts the display's Spaces from 0. Returns false if there is no such Space.
     bool switchSpace(DisplayId display, std::size_t index);
     void showSpace(SpaceId space);
-    /// A new desktop at the end of the display's row.
+    /// Adds a desktop after the display's last one.
     SpaceId addSpace(DisplayId display);
-    /// A new full-screen Space beside the one the display shows.
+    /// Adds a full-screen Space beside the one that the display shows.
     SpaceId addFullScreenSpace(Display& display);
     void removeSpace(SpaceId space);
 
@@ -47,7 +48,7 @@ class Displays {
 
     World& world_;
     std::vector<Display> mirroring_;
-    /// The display that went when no other was left, whose windows wait for the next one.
+    /// The last display, after it was unplugged; its windows wait for the next one.
     std::optional<Display> lastOne_;
     DisplayId lastDisplay_ = 0;
     SpaceId lastSpace_ = 0;

@@ -6,7 +6,7 @@ namespace larkspan::sim {
 
 namespace {
 
-/// The identifier of an entry of the pinned list; empty when it names none.
+/// The identifier of an entry of the pinned list; empty if it has none.
 std::string identifierOf(const PropertyValue& entry) {
     const auto* dictionary = entry.as<PropertyValue::Dictionary>();
     if (!dictionary) return {};

@@ -9,8 +9,8 @@
 
 namespace larkspan::sim {
 
-/// The system Dock: a process that shows the pinned list of its preferences, and comes back when it
-/// ends.
+/// The system Dock: a process that shows the pinned list of its preferences, and that the system
+/// restarts when it ends.
 class DockProcess {
   public:
     static constexpr const char* bundleIdentifier = "com.apple.dock";
@@ -19,14 +19,14 @@ class DockProcess {
         : world_(world)
         , applications_(applications) {}
 
-    /// Unless it runs already.
+    /// No effect if it is running.
     void start();
     bool owns(ProcessId pid) const;
-    /// Ends it; a little later the system starts it again, and it reads its preferences anew. Until
-    /// then no strip is kept free, and what its settings are told it takes when it is back.
+    /// Ends it; a little later the system starts it again, and it reads its preferences again.
+    /// Until then it reserves no strip, and changes of its settings are applied when it is back.
     void restart();
 
-    // What the user does in the Dock itself.
+    // Changes that the user makes in the Dock itself.
     void pin(std::string_view bundleIdentifier);
     void unpin(std::string_view bundleIdentifier);
     void setPinned(const std::vector<std::string>& identifiers);

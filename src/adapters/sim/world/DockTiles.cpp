@@ -10,14 +10,14 @@ namespace larkspan::sim {
 
 namespace {
 
-/// Seconds of one bounce, and its height as a part of the tile's.
+/// Seconds of one bounce, and its height relative to the tile's.
 constexpr double bounceSeconds = 0.8;
 constexpr double bounceHeight = 0.6;
 
-/// Whose tile stands at a place of the row. With neither it is the Trash.
+/// Whose tile has this position. With neither, it is the Trash.
 struct Place {
     const App* app = nullptr;
-    /// Of an app that is kept on the Dock.
+    /// An app that is pinned to the Dock.
     const InstalledApp* kept = nullptr;
 
     std::string key() const {
@@ -64,7 +64,7 @@ std::vector<Place> placesInOrder(const World& world) {
     return places;
 }
 
-/// `lift` is the part of its size by which the tile is in the air.
+/// `lift` is how far the tile is in the air, relative to its size.
 Rect placeOf(const World& world, double number, double size, double lift) {
     const Rect screen = world.displays.empty() ? Rect{} : world.displays.front().bounds;
     const double along = 10 + number * (size + 4);

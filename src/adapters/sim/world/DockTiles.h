@@ -11,11 +11,11 @@ namespace larkspan::sim {
 
 /// A tile on the system Dock, as it is at this moment.
 struct DockTile {
-    /// The same for as long as the tile stands there.
+    /// Does not change while the tile exists.
     std::string key;
     std::string subrole = "AXApplicationDockItem";
     std::string title;
-    /// Empty for a tile that stands for no file.
+    /// Empty for a tile without a file.
     std::string url;
     /// Display coordinates (y downwards).
     Rect frame;
@@ -23,10 +23,10 @@ struct DockTile {
     bool isRunning = false;
 };
 
-/// The tiles in their order: Finder, the pinned apps, the other regular apps that run, the Trash.
-/// Those of apps that are being launched or want attention are in the air part of the time.
+/// The tiles in order: Finder, the pinned apps, the other running regular apps, the Trash. Those of
+/// apps that are launching or want attention are in the air part of the time.
 std::vector<DockTile> dockTiles(const World& world);
-/// Absent when no tile of that key stands there any more.
+/// Absent if there is no tile with that key any more.
 std::optional<DockTile> dockTile(const World& world, std::string_view key);
 
 } // namespace larkspan::sim

@@ -27,12 +27,12 @@ Color fromHue(double hue, double saturation, double value) {
     return {channel(5), channel(3), channel(1)};
 }
 
-/// How much of a pixel lies inside, from the distance of its centre.
+/// How much of a pixel is inside, from the distance of its centre.
 double coverage(double distance, double pixel) {
     return std::clamp(0.5 - distance / pixel, 0.0, 1.0);
 }
 
-/// A square with corners that bend gradually: |x|^5 + |y|^5 = 1. Roughly a distance.
+/// A square with smooth corners: |x|^5 + |y|^5 = 1. Approximates the distance.
 double tile(double x, double y) {
     constexpr double half = 0.86;
     const double radius = std::pow(std::pow(std::abs(x), 5) + std::pow(std::abs(y), 5), 0.2);
@@ -53,7 +53,7 @@ DrawnIcon::DrawnIcon(const std::string& bundleIdentifier)
     : identity_("drawn:" + bundleIdentifier) {
     const std::string name = bundleIdentifier.substr(bundleIdentifier.rfind('.') + 1);
     sign_ = iconSignFor(name);
-    // In the order of the signs: grey for the generic icon, then colours that stand apart.
+    // In the order of the signs: grey for the generic icon, then distinguishable colours.
     constexpr std::array<double, 12> hues{220, 212, 200, 222, 134, 4, 44, 342, 288, 225, 152, 215};
     constexpr std::array<double, 12> saturations{0.12, 0.8,  0.85, 0.75, 0.75, 0.72,
                                                  0.8,  0.75, 0.62, 0.45, 0.7,  0.16};
@@ -79,7 +79,7 @@ Bitmap DrawnIcon::bitmap(int pixels) const {
             const double shadow =
                 0.26 * std::clamp(1 - (tile(x, y - 0.035) + 0.02) / 0.1, 0.0, 1.0);
             Color color = mix(top, bottom, std::clamp((y + 0.86) / 1.72, 0.0, 1.0));
-            // Light along the upper edge.
+            // A highlight along the upper edge.
             const double rim = std::clamp(1 + edge / 0.05, 0.0, 1.0) * std::max(0.0, 0.3 - 0.6 * y);
             color = mix(color, {1, 1, 1}, 0.5 * rim);
             const double below = coverage(iconSignDistance(sign_, x, y - 0.035), 0.09);

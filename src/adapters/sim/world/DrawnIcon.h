@@ -6,9 +6,9 @@
 
 namespace larkspan::sim {
 
-/// An app icon drawn from its bundle identifier: a rounded tile with a gradient and a white sign on
-/// it, the same for the same identifier. The empty identifier draws the generic icon. Needs no
-/// picture library and is sharp at any size.
+/// An app icon drawn from its bundle identifier: a rounded tile with a gradient and a white sign,
+/// always the same for the same identifier. The empty identifier gives the generic icon. Needs no
+/// graphics library and is sharp at any size.
 class DrawnIcon final : public Image {
   public:
     explicit DrawnIcon(const std::string& bundleIdentifier);

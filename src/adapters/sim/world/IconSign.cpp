@@ -40,7 +40,7 @@ double smile(double x, double y) {
 }
 
 double compass(double x, double y) {
-    // A needle that is thick in its middle.
+    // A needle that is thickest in its middle.
     const double along = (x - y) / std::sqrt(2.0);
     const double across = std::abs(x + y) / std::sqrt(2.0);
     const double needle = across - 0.15 * (1 - std::abs(along) / 0.44);

@@ -5,10 +5,10 @@
 
 namespace larkspan::sim {
 
-/// How many signs an icon can bear.
+/// How many signs there are.
 extern const std::size_t iconSignCount;
 
-/// The sign that suits an app's name; any other name gets one of its own choosing.
+/// The sign that suits an app's name; any other name gets one derived from it.
 std::size_t iconSignFor(std::string_view name);
 
 /// The distance of a point from the sign's outline, negative inside. The icon is the square from

@@ -4,27 +4,27 @@
 
 namespace larkspan::sim {
 
-/// Counts what the program does that outlives it — each stored setting, each change of the Dock,
-/// each signal — and can end the program before any of them: from there on it does nothing more to
-/// the system, as a killed process does not.
+/// Counts the program's actions that outlive it — each stored setting, each change of the Dock,
+/// each signal — and can kill the program before any of them: after that it has no effect on the
+/// system any more.
 class KillPoint {
   public:
-    /// The program dies just before it does the `deed`th thing from now, counted from 0.
-    void dieBefore(int deed) { diesAt_ = deeds_ + deed; }
+    /// The program dies just before that action, counted from 0 starting now.
+    void dieBefore(int action) { diesAt_ = actions_ + action; }
     void revive() { diesAt_.reset(); }
 
-    /// Asked before each deed: whether the program still lives to do it.
+    /// Called before each action; returns false if the program is dead.
     bool mayAct() {
         if (isDead()) return false;
-        ++deeds_;
+        ++actions_;
         return true;
     }
-    bool isDead() const { return diesAt_ && deeds_ >= *diesAt_; }
-    /// How much has been done so far.
-    int deeds() const { return deeds_; }
+    bool isDead() const { return diesAt_ && actions_ >= *diesAt_; }
+    /// The number of actions so far.
+    int actions() const { return actions_; }
 
   private:
-    int deeds_ = 0;
+    int actions_ = 0;
     std::optional<int> diesAt_;
 };
 

@@ -5,7 +5,7 @@
 
 namespace larkspan::sim {
 
-/// What only the user can grant.
+/// Only the user can grant these.
 enum class Permission { accessibility, screenRecording };
 
 /// "accessibility" or "screenRecording".
@@ -15,16 +15,16 @@ std::optional<Permission> permissionNamed(std::string_view name);
 /// What the system shows the user about the program's permissions.
 class Privacy {
   public:
-    /// The question that is on the screen.
+    /// The prompt on the screen.
     const std::optional<Permission>& prompt() const { return prompt_; }
-    /// The permission whose list the system's settings show; absent while they are closed.
+    /// The permission whose list the system's settings show; absent if they are closed.
     const std::optional<Permission>& pane() const { return pane_; }
 
-    /// The program asks for it. For Screen Recording the user is asked only once.
+    /// The program requests it. For Screen Recording, the user is prompted only once.
     void ask(Permission permission);
-    /// The user answers the question: has the settings opened, or denies.
+    /// The user's choice in the prompt: open the settings, or deny.
     void answer(bool opensSettings);
-    /// Opens the settings when the address is theirs; answers whether it is.
+    /// Opens the settings if the URL is one of theirs; returns whether it is.
     bool open(std::string_view url);
     void showPane(Permission permission) { pane_ = permission; }
     void closePane() { pane_.reset(); }

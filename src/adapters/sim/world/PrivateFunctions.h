@@ -5,8 +5,7 @@
 
 namespace larkspan::sim {
 
-/// The names of the functions that no header promises, as a Mac knows them: any of them may be
-/// missing on some system.
+/// The names of the functions that no header declares; any of them may be missing on some system.
 inline constexpr std::array<std::string_view, 16> privateFunctions{
     "CoreDockGetTileSize",
     "CoreDockSetTileSize",

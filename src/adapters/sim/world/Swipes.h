@@ -12,25 +12,25 @@
 namespace larkspan::sim {
 
 struct SwipeOptions {
-    /// Where the fingers lift: 1 is a whole Space to the right, -1 one to the left.
+    /// The position at which the fingers lift: 1 is a whole Space to the right, -1 one to the left.
     double progress = 1;
     /// Progress per second at the lift.
     double velocity = 0;
     /// From the first touch to the lift.
     double seconds = 0.25;
-    /// The system takes the gesture for something else after all.
+    /// Whether the system cancels the gesture.
     bool isCancelled = false;
-    /// Whether the neighbouring Space shows in the end; otherwise the Spaces slide back.
+    /// Whether the neighbouring Space is shown in the end; otherwise the Spaces slide back.
     bool switches = true;
 };
 
-/// The fingers on the trackpad: raw events sixty times a second, and what becomes of the Spaces
-/// when they lift.
+/// The fingers on the trackpad: sends raw events sixty times a second, and moves the Spaces when
+/// they lift.
 class Swipes {
   public:
-    /// From the lift until the Spaces stand still, in seconds.
+    /// Seconds from the lift until the Spaces have stopped.
     static constexpr double landingSeconds = 0.4;
-    /// Shows the Space beside the display's current one; to the right for +1, to the left for -1.
+    /// Shows the Space beside the display's current one: the right one for +1, the left one for -1.
     using Move = std::function<void(DisplayId display, int step)>;
 
     Swipes(VirtualScheduler& scheduler, SimEventTaps& taps, Move move)
@@ -46,7 +46,7 @@ class Swipes {
     VirtualScheduler& scheduler_;
     SimEventTaps& taps_;
     Move move_;
-    /// What is still to come of each swipe.
+    /// The pending timers of each swipe.
     std::list<Timers> underWay_;
 };
 

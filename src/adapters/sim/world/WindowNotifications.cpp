@@ -12,8 +12,8 @@ WindowNotifications::WindowNotifications(World& world, Windows& windows)
 Handle WindowNotifications::observe(ProcessId pid, WindowId window, std::string name,
                                     std::function<void()> callback) {
     known_.try_emplace(pid, factsOf(pid));
-    return told_.subscribe([observed = Observer{pid, window, std::move(name)},
-                            callback = std::move(callback)](const Observer& what) {
+    return notifications_.subscribe([observed = Observer{pid, window, std::move(name)},
+                                     callback = std::move(callback)](const Observer& what) {
         const bool isMeant = observed.window == 0 || observed.window == what.window;
         if (observed.pid == what.pid && observed.name == what.name && isMeant) callback();
     });
@@ -28,33 +28,35 @@ WindowNotifications::Facts WindowNotifications::factsOf(ProcessId pid) {
 }
 
 void WindowNotifications::compare() {
-    if (!told_.hasSubscribers()) known_.clear();
+    if (!notifications_.hasSubscribers()) known_.clear();
     for (auto& [pid, facts] : known_) {
         const App* app = world_.app(pid);
         if (!app || app->hung) continue;
         const Facts before = std::exchange(facts, factsOf(pid));
-        tellDifferences(pid, before, facts);
+        announceDifferences(pid, before, facts);
     }
 }
 
-void WindowNotifications::tellDifferences(ProcessId pid, const Facts& before, const Facts& now) {
+void WindowNotifications::announceDifferences(ProcessId pid, const Facts& before,
+                                              const Facts& now) {
     for (const auto& [window, frame] : before.frames) {
         const auto found = now.frames.find(window);
         if (found == now.frames.end()) {
-            tell(pid, window, "AXUIElementDestroyed");
+            announce(pid, window, "AXUIElementDestroyed");
             continue;
         }
         const Rect& after = found->second;
-        if (Point{frame.x, frame.y} != Point{after.x, after.y}) tell(pid, window, "AXWindowMoved");
+        if (Point{frame.x, frame.y} != Point{after.x, after.y})
+            announce(pid, window, "AXWindowMoved");
         if (Size{frame.width, frame.height} != Size{after.width, after.height})
-            tell(pid, window, "AXWindowResized");
+            announce(pid, window, "AXWindowResized");
     }
     if (now.focused != 0 && now.focused != before.focused)
-        tell(pid, now.focused, "AXFocusedWindowChanged");
+        announce(pid, now.focused, "AXFocusedWindowChanged");
 }
 
-void WindowNotifications::tell(ProcessId pid, WindowId window, const char* name) {
-    world_.send([this, what = Observer{pid, window, name}] { told_.emit(what); });
+void WindowNotifications::announce(ProcessId pid, WindowId window, const char* name) {
+    world_.send([this, what = Observer{pid, window, name}] { notifications_.emit(what); });
 }
 
 } // namespace larkspan::sim

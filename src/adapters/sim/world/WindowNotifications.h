@@ -10,8 +10,8 @@
 
 namespace larkspan::sim {
 
-/// What apps tell of their windows to those that observe them through Accessibility. A hung app
-/// tells nothing until it is let go and something changes; one that dies tells nothing any more.
+/// The notifications of apps about their windows to Accessibility observers. A hung app sends none
+/// until it responds again and something changes; a dead one sends none any more.
 class WindowNotifications {
   public:
     WindowNotifications(World& world, Windows& windows);
@@ -22,7 +22,7 @@ class WindowNotifications {
 
   private:
     struct Facts {
-        /// 0 without one.
+        /// 0 if there is none.
         WindowId focused = 0;
         std::map<WindowId, Rect> frames;
     };
@@ -34,14 +34,14 @@ class WindowNotifications {
 
     Facts factsOf(ProcessId pid);
     void compare();
-    void tellDifferences(ProcessId pid, const Facts& before, const Facts& now);
-    void tell(ProcessId pid, WindowId window, const char* name);
+    void announceDifferences(ProcessId pid, const Facts& before, const Facts& now);
+    void announce(ProcessId pid, WindowId window, const char* name);
 
     World& world_;
     Windows& windows_;
-    /// Of the apps that are observed.
+    /// For the observed apps.
     std::map<ProcessId, Facts> known_;
-    Signal<const Observer&> told_;
+    Signal<const Observer&> notifications_;
     Handle changes_;
 };
 

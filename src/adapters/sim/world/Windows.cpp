@@ -14,8 +14,8 @@ Rect Windows::usualFrame(const App& app, const Display& display) const {
     const double room = display.bounds.height - world_.menuBarHeight;
     size.width = std::min(size.width, display.bounds.width);
     size.height = std::min(size.height, room);
-    // Each new window a little further down and to the right, starting over when it would leave the
-    // display.
+    // Each new window is a little further down and to the right, starting again before it would
+    // leave the display.
     const double step = 28 * static_cast<double>(world_.windows.size() % 8);
     const double x = std::min(display.bounds.width / 10 + step, display.bounds.width - size.width);
     const double y = std::min(room / 12 + step, room - size.height);
@@ -47,8 +47,8 @@ WindowId Windows::open(ProcessId pid, const WindowOptions& options) {
     if (!options.everySpace)
         window.space = options.space ? *options.space : world_.shownSpace(*display);
 
-    // In front of everything when its app is; else in front of its app's windows, or of all but the
-    // frontmost app's.
+    // In front of everything if its app is frontmost; else in front of its app's windows, or of all
+    // but the frontmost app's.
     auto place = world_.windows.begin();
     if (pid != world_.frontmost) {
         place = std::find_if(place, world_.windows.end(), [this, pid](const Window& other) {
@@ -117,11 +117,11 @@ void Windows::setTitle(WindowId id, std::string title) {
 void Windows::setMinimized(WindowId id, bool minimized) {
     Window* window = world_.window(id);
     if (!window || window->minimized == minimized || world_.displays.empty()) return;
-    // A window in full screen has no button to minimise it.
+    // A full-screen window has no button to minimise it.
     if (minimized && window->frameBeforeFullScreen) return;
     window->minimized = minimized;
     if (!minimized) {
-        // It comes back on the Space that is shown, in front of the others.
+        // It returns to the shown Space, in front of the others.
         if (window->space) window->space = world_.shownSpace(world_.displayOf(*window));
         raise(id);
     }
@@ -145,7 +145,7 @@ void Windows::leaveFullScreen(WindowId id) {
     if (!window || !window->frameBeforeFullScreen) return;
     window->frame = *std::exchange(window->frameBeforeFullScreen, std::nullopt);
     if (window->space) displays_.removeSpace(*window->space);
-    // Its Space may have gone with its display before.
+    // Its Space may already have been removed with its display.
     world_.windowsDidChange();
 }
 

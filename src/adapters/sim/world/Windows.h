@@ -5,9 +5,9 @@
 
 namespace larkspan::sim {
 
-/// What a new window is like. What is left out is decided as a Mac does.
+/// The properties of a new window. Missing ones are chosen as on a Mac.
 struct WindowOptions {
-    /// Display coordinates (y downwards). By default the app's usual size, placed in cascade.
+    /// Display coordinates (y downwards). By default the app's usual size, cascaded.
     std::optional<Rect> frame;
     std::string title;
     /// By default the main display.
@@ -17,25 +17,25 @@ struct WindowOptions {
     bool everySpace = false;
     std::string subrole = "AXStandardWindow";
     int layer = 0;
-    /// Absent leaves the field out of the window list.
+    /// Absent means that the window list omits the field.
     std::optional<double> alpha = 1.0;
     bool hasNumber = true;
     bool hasName = true;
 };
 
-/// What windows do: they open in front of their app's others, cover each other, and go.
+/// What windows do: open in front of the other windows of their app, cover each other, and close.
 class Windows {
   public:
     Windows(World& world, Displays& displays)
         : world_(world)
         , displays_(displays) {}
 
-    /// Answers 0 when the process does not run or there is no display.
+    /// Returns 0 if the process is not running or there is no display.
     WindowId open(ProcessId pid, const WindowOptions& options);
     void close(WindowId window);
     void closeAll(ProcessId pid);
     void setFrame(WindowId window, const Rect& frame);
-    /// To the shown Space of the display, at the same place of it.
+    /// Moves it to the shown Space of the display, at the same position.
     void moveToDisplay(WindowId window, DisplayId display);
     void moveToSpace(WindowId window, SpaceId space);
     void setTitle(WindowId window, std::string title);
@@ -43,13 +43,13 @@ class Windows {
     void enterFullScreen(WindowId window);
     void leaveFullScreen(WindowId window);
 
-    /// In front of all others.
+    /// Puts it in front of all others.
     void raise(WindowId window);
-    /// All windows of the app in front of all others, their order kept.
+    /// Puts all windows of the app in front of all others, in the same order.
     void raiseAll(ProcessId pid);
-    /// The app's frontmost window that is on screen; nullptr without one.
+    /// The app's frontmost window on screen; nullptr if there is none.
     Window* front(ProcessId pid);
-    /// The process of the frontmost ordinary window on screen; 0 without one.
+    /// The process of the frontmost ordinary window on screen; 0 if there is none.
     ProcessId frontmostOwner() const;
 
   private:

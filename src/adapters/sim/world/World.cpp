@@ -110,7 +110,7 @@ std::vector<Screen> World::screens() const {
         const Rect& bounds = display.bounds;
         const double mainHeight = displays.front().bounds.height;
         const Rect frame{bounds.x, mainHeight - bounds.maxY(), bounds.width, bounds.height};
-        // Only the display with the Dock gives up a strip for it.
+        // Only the display with the Dock has a strip for it.
         const double strip = screens.empty() ? stripHeight() : 0;
         const Rect visible{frame.x, frame.y + strip, frame.width,
                            frame.height - strip - menuBarHeight};
@@ -119,33 +119,34 @@ std::vector<Screen> World::screens() const {
     return screens;
 }
 
-void World::send(std::function<void()> news) {
+void World::send(std::function<void()> notification) {
     if (events.areLost) return;
-    deliver(news);
-    if (events.areDoubled) deliver(std::move(news));
+    deliver(notification);
+    if (events.areDoubled) deliver(std::move(notification));
 }
 
-void World::deliver(std::function<void()> news) {
+void World::deliver(std::function<void()> notification) {
     if (events.lateSeconds <= 0) {
-        scheduler.post(std::move(news));
+        scheduler.post(std::move(notification));
         return;
     }
-    const auto place = lateNews_.emplace(lateNews_.end());
-    *place = scheduler.after(events.lateSeconds, [this, place, news = std::move(news)] {
-        lateNews_.erase(place);
-        news();
-    });
+    const auto place = lateNotifications_.emplace(lateNotifications_.end());
+    *place =
+        scheduler.after(events.lateSeconds, [this, place, notification = std::move(notification)] {
+            lateNotifications_.erase(place);
+            notification();
+        });
 }
 
-void World::tell(WorkspaceEvent::Kind kind, const App& app) {
+void World::announce(WorkspaceEvent::Kind kind, const App& app) {
     send([this, event = WorkspaceEvent{kind, snapshot(app)}] { workspaceEvents.emit(event); });
 }
 
-void World::tell(WorkspaceEvent::Kind kind) {
+void World::announce(WorkspaceEvent::Kind kind) {
     send([this, kind] { workspaceEvents.emit({kind, std::nullopt}); });
 }
 
-void World::tell(InputEventType input, std::uint64_t modifierFlags) {
+void World::announce(InputEventType input, std::uint64_t modifierFlags) {
     send([this, event = InputEvent{input, modifierFlags, pointer}] { inputEvents.emit(event); });
 }
 

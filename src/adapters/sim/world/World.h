@@ -24,7 +24,7 @@
 
 namespace larkspan::sim {
 
-/// An application on the disk.
+/// An installed application.
 struct InstalledApp {
     std::string bundleIdentifier;
     std::string name;
@@ -32,14 +32,14 @@ struct InstalledApp {
     std::string path;
     ImageRef icon;
     ActivationPolicy policy = ActivationPolicy::regular;
-    /// Seconds from being opened to having finished launching.
+    /// Seconds until it has finished launching.
     double launchSeconds = 0.4;
     /// Whether it opens a window when it starts, and when it is opened again without one.
     bool opensWindow = true;
     Size windowSize{760, 480};
 };
 
-/// An app asks for its user: its tile on the Dock bounces once, or until the app comes forward.
+/// An app wants attention: its tile on the Dock bounces once, or until the app comes forward.
 struct AttentionRequest {
     bool isCritical = false;
     /// Uptime, in seconds.
@@ -56,20 +56,20 @@ struct App {
     ActivationPolicy policy = ActivationPolicy::regular;
     bool finishedLaunching = true;
     bool hidden = false;
-    /// The label on its tile; empty for none.
+    /// The label on its tile; empty if there is none.
     std::string badge;
     std::optional<AttentionRequest> attention;
-    /// Answers no call until it is let go: calls to it end with the messaging time-out.
+    /// It does not respond: calls to it time out.
     bool hung = false;
-    /// Answers a request to quit by asking its user, and goes on.
+    /// When it is asked to quit, it asks its user and keeps running.
     bool refusesToQuit = false;
-    /// Its windows stay when it ends.
+    /// Whether its windows stay when it ends.
     bool leavesWindows = false;
     /// Seconds that each Accessibility call to it takes.
     double answerSeconds = 0;
-    /// By how much the frames that it tells through Accessibility are wrong.
+    /// The error of the window positions that it reports through Accessibility.
     Point frameError;
-    /// It dies when it is asked once more than this.
+    /// It dies when it has handled this many more calls.
     std::optional<int> callsUntilDeath;
 };
 
@@ -83,18 +83,18 @@ struct Window {
     int layer = 0;
     std::optional<double> alpha = 1.0;
     bool minimized = false;
-    /// Absent for a window that is on every Space.
+    /// Absent for a window on all Spaces.
     std::optional<SpaceId> space;
-    /// Where it goes back to when it leaves full screen.
+    /// The frame it returns to when it leaves full screen.
     std::optional<Rect> frameBeforeFullScreen;
-    /// The list and Accessibility give its number and its title.
+    /// Whether the window list and Accessibility report its number and its title.
     bool hasNumber = true;
     bool hasName = true;
 };
 
 struct Space {
     SpaceId id = 0;
-    /// 0 a desktop, 4 a full-screen Space.
+    /// 0 for a desktop, 4 for a full-screen Space.
     int type = 0;
     std::string uuid;
 };
@@ -111,92 +111,93 @@ struct Display {
     const Space& shown() const { return spaces[current]; }
 };
 
-/// The system Dock as it is set now.
+/// The current settings of the system Dock.
 struct DockSettings {
-    /// The Dock's own fraction: 0 is 16 pixels, 1 is 128.
+    /// The Dock's own unit: 0 is 16 pixels, 1 is 128.
     float tileSize = 0.4286F;
     bool autoHide = false;
     OrientationAndPinning place;
     bool magnification = false;
 };
 
-/// What goes wrong with the news that the system tells the program.
+/// Faults of the notifications that the system sends to the program.
 struct EventFaults {
     bool areLost = false;
     bool areDoubled = false;
-    /// Seconds by which they come late; 0 is in the next turn.
+    /// Seconds by which they are late; 0 means in the next turn.
     double lateSeconds = 0;
 };
 
-/// Everything that is so on the simulated Mac at this moment, and how a change of it is told. What
-/// apps, windows, displays and the Dock do stands in the classes named after them.
+/// The whole state of the simulated Mac, and how its changes are announced. The behaviour of apps,
+/// windows, displays and the Dock is in the classes named after them.
 struct World {
     World();
 
     VirtualScheduler scheduler;
 
-    /// In their order, the main display first. Never empty unless a fault made it so.
+    /// In order, the main display first. Empty only because of a fault.
     std::vector<Display> displays;
     bool displaysHaveSeparateSpaces = true;
-    /// Points that the menu bar takes at the top of every display.
+    /// The height of the menu bar at the top of every display, in points.
     double menuBarHeight = 25;
 
     std::map<std::string, InstalledApp, std::less<>> installed;
-    /// In the order of their launch.
+    /// In launch order.
     std::vector<App> apps;
     ProcessId frontmost = 0;
-    /// Whom the workspace names as the app in front, and how many seconds after it came there.
+    /// The app that the workspace reports as frontmost, and how many seconds late.
     ProcessId reportedFrontmost = 0;
     double frontReportSeconds = 0;
-    /// Front to back, over all displays and Spaces.
+    /// Front to back, on all displays and Spaces.
     std::vector<Window> windows;
 
     DockSettings dock;
-    /// The domain "com.apple.dock" as it is stored, and the pinned list the Dock shows.
+    /// The stored domain "com.apple.dock", and the pinned list that the Dock shows.
     PropertyValue::Dictionary dockPreferences;
     std::vector<std::string> pinned;
-    /// Points by which the strip differs from what the icon size asks for.
+    /// By how many points the strip is higher than its icons need.
     double stripSurplus = 0;
-    /// The Dock keeps its icon size, whatever it is told.
+    /// Whether the Dock ignores changes of its icon size.
     bool dockRefusesSizes = false;
-    /// Seconds from its end until the system has started the Dock again; absent when it does not.
+    /// Seconds until the system restarts the Dock after it ended; absent if it does not.
     std::optional<double> dockRestartSeconds = 0.5;
 
     Privacy privacy;
     bool trustedForAccessibility = true;
     bool mayRecordScreen = true;
-    /// What the program was told first about recording the screen it is told until it starts anew.
+    /// Whether the first value of the Screen Recording permission is kept until the program starts
+    /// again.
     bool freezesScreenRecording = false;
-    /// The window server, the Trash and the apps themselves tell of changes, as they do on X11.
+    /// Whether the window server, the Trash and the apps announce changes, as on X11.
     bool announcesChanges = false;
     /// Of `privateFunctions`.
     std::set<std::string, std::less<>> missingFunctions;
     EventFaults events;
-    /// The displays there will be as soon as the program has looked at those of now.
+    /// The displays after the program has read the current ones.
     std::optional<std::string> displaysAfterRead;
-    /// The life of the program.
+    /// Whether the program is alive.
     KillPoint killPoint;
-    /// The function that moves windows to another Space does what it says.
+    /// Whether the function that moves windows to another Space works.
     bool movesWindows = true;
-    /// The window server answers when asked for its list.
+    /// Whether the window server returns its list.
     bool windowListAnswers = true;
     /// Seconds that a read of the window list takes.
     double windowListSeconds = 0;
-    /// Seconds until an app that the program asks to come forward is in front.
+    /// Seconds until an app is in front after the program asked it to come forward.
     double activationSeconds = 0;
-    /// Seconds after which an Accessibility call to a hung app gives up.
+    /// Seconds after which an Accessibility call to a hung app times out.
     double messagingTimeout = 6;
 
     std::optional<std::size_t> trashEntries = 0;
     bool trashHoldsDesktopServicesFile = false;
-    /// What was asked to be opened, in order.
+    /// What was opened, in order.
     std::vector<std::string> opened;
     /// What was shown in the file manager, in order.
     std::vector<std::string> revealed;
-    /// What the Dock was told to do, with the app in front at that time.
+    /// The notifications sent to the Dock, with the frontmost app at that time.
     std::vector<std::pair<std::string, ProcessId>> dockNotifications;
 
-    /// Where the pointer is, in screen coordinates.
+    /// The position of the pointer, in screen coordinates.
     Point pointer;
 
     Signal<const WorkspaceEvent&> workspaceEvents;
@@ -206,10 +207,10 @@ struct World {
     Signal<> noticesChanged;
     Signal<> dockPreferencesChanged;
     Signal<const InputEvent&> inputEvents;
-    /// Any change of windows, within the call that makes it; nothing that the program hears.
+    /// Any change of windows, within the call that makes it; not visible to the program.
     Signal<> windowsTouched;
 
-    /// Whether this system has the private function of that name.
+    /// Whether this system has the private function with that name.
     bool has(std::string_view function) const { return !missingFunctions.contains(function); }
 
     App* app(ProcessId pid);
@@ -219,39 +220,39 @@ struct World {
     Window* window(WindowId id);
     const Window* window(WindowId id) const;
     Display* display(DisplayId id);
-    /// The display that holds the Space.
+    /// The display that has the Space.
     Display* displayOfSpace(SpaceId space);
-    /// The display that shows the window's larger part; the main display for one that lies outside.
-    /// There must be a display.
+    /// The display that shows the larger part of the window; the main display if the window is on
+    /// none. There must be a display.
     Display& displayOf(const Window& window);
 
-    /// The Space that windows of the display are on now.
+    /// The Space on which windows of the display are now.
     SpaceId shownSpace(const Display& display) const;
     bool isSpaceShown(SpaceId space) const;
     bool isOnScreen(const Window& window) const;
 
     RunningApplication snapshot(const App& app) const;
     std::vector<Screen> screens() const;
-    /// Points of the strip that the Dock keeps free at the bottom of the main display.
+    /// The height of the strip that the Dock reserves at the bottom of the main display, in points.
     double stripHeight() const;
 
-    // Tell of changes that have been made: in a turn of their own, as the system does.
-    void tell(WorkspaceEvent::Kind kind, const App& app);
-    void tell(WorkspaceEvent::Kind kind);
-    void tell(InputEventType input, std::uint64_t modifierFlags = 0);
+    // Announce changes that have been made: in a separate turn, as the system does.
+    void announce(WorkspaceEvent::Kind kind, const App& app);
+    void announce(WorkspaceEvent::Kind kind);
+    void announce(InputEventType input, std::uint64_t modifierFlags = 0);
     void windowsDidChange();
     void noticesDidChange();
-    /// Silent when no screen differs from the last time.
+    /// No effect if no screen has changed since the last time.
     void screensMayHaveChanged();
 
-    /// Tells news in a turn of its own, unless the world's faults have it otherwise.
-    void send(std::function<void()> news);
+    /// Sends a notification in a separate turn, subject to `events`.
+    void send(std::function<void()> notification);
 
   private:
-    void deliver(std::function<void()> news);
+    void deliver(std::function<void()> notification);
 
     std::vector<Screen> lastScreens_;
-    std::list<Handle> lateNews_;
+    std::list<Handle> lateNotifications_;
     bool windowsChangeIsPosted_ = false;
 };
 

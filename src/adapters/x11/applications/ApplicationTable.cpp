@@ -9,7 +9,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-// Linux numbers processes below 2^22.
+// Linux process numbers are below 2^22.
 constexpr ProcessId firstMadeUpNumber = ProcessId{1} << 30;
 
 } // namespace
@@ -65,8 +65,8 @@ ProcessId ApplicationTable::freeNumber(std::optional<ProcessId> process) {
 void ApplicationTable::update(const std::vector<ClientWindowRef>& windows) {
     for (auto& [number, entry] : entries_) {
         entry.windows.clear();
-        // A process without a window counts only while it is watched: its number may be another's
-        // by now.
+        // A process without a window counts only while it is watched: its number may have been
+        // reused.
         std::erase_if(entry.processes,
                       [&](ProcessId process) { return !entry.exitWatches.contains(process); });
     }
@@ -84,8 +84,8 @@ void ApplicationTable::update(const std::vector<ClientWindowRef>& windows) {
     dropEnded();
 }
 
-// Hidden is what we iconified, for as long as all of it stays so: a window that shows again, by
-// whomever, ends it.
+// An application is hidden as long as all windows that we iconified stay so: if any window is shown
+// again, by any program, the application is not hidden any more.
 void ApplicationTable::updateHiding(Entry& entry) {
     using Hiding = RunningEntry::Hiding;
     if (entry.hiding == Hiding::shown) return;

@@ -16,60 +16,59 @@
 namespace larkspan::x11 {
 
 /// An application as the bar understands it: a desktop entry with all its processes and windows,
-/// or, where there is no entry, the windows of one WM_CLASS; a window that has neither is one by
-/// its process, else by itself.
+/// or, if there is no entry, the windows of one WM_CLASS. A window without a class belongs to its
+/// process; a window without either is an application of its own.
 struct RunningEntry {
     enum class Hiding { shown, asked, hidden };
 
-    /// Stands for the application wherever a process identifier does. It is the process of its
-    /// first window, unless that one is unknown or already stands for another application (several
-    /// classes can live in one process); then it is a made-up number above every real one. It stays
-    /// the same while the application runs, also when that process ends before the others do.
+    /// Used as the process identifier of the application. It is the process of its first window,
+    /// unless that is unknown or already used for another application (several classes can share a
+    /// process); then it is an invented number above all real ones. It stays the same while the
+    /// application runs, even if that process ends before the others.
     ProcessId number = 0;
     /// The desktop entry's id without ".desktop", the file manager's identifier, or "x11:" and the
     /// class.
     std::optional<std::string> bundleIdentifier;
     std::string className;
-    /// The processes known to be its own.
+    /// The processes known to belong to it.
     std::set<ProcessId> processes;
     /// Front to back.
     std::vector<ClientWindowRef> windows;
     Hiding hiding = Hiding::shown;
-    /// The windows that hiding has iconified.
+    /// The windows that were iconified to hide the application.
     std::vector<WindowId> iconified;
-    /// The window to bring forward before others; 0 for the front one.
+    /// The window to bring forward before others; 0 for the frontmost one.
     WindowId mainWindow = 0;
     bool isLaunching = false;
-    /// Larger for those that came later.
+    /// Larger for applications that started later.
     std::uint64_t order = 0;
 
     bool isHidden() const { return hiding == Hiding::hidden; }
 };
 
-/// The applications that run, worked out from the windows and from what was launched. Main thread
-/// only.
+/// The running applications, derived from the windows and from what was launched. Main thread only.
 class ApplicationTable {
   public:
-    /// Calls back once the process has ended, until its handle ends; an empty handle when the
+    /// Calls back once the process has ended, until its handle ends; returns an empty handle if the
     /// process cannot be watched.
     using WatchExit = std::function<Handle(ProcessId process, std::function<void()> ended)>;
     using FindEntry = std::function<std::optional<freedesktop::EntryMatch>(
         const std::string& instance, const std::string& className,
         std::optional<ProcessId> process)>;
 
-    /// A launch counts as under way for so many seconds, unless a window comes before.
+    /// A launch counts as under way for this many seconds, unless a window appears first.
     static constexpr double launchLimit = 15;
-    /// Once the launched process has ended, the wait is no longer than this: it failed, or handed
-    /// over to a running one.
+    /// After the launched process has ended, the wait is at most this long: it failed, or passed
+    /// the request on to a running one.
     static constexpr double handoverLimit = 3;
 
     ApplicationTable(Scheduler& scheduler, FindEntry findEntry, WatchExit watchExit);
 
-    /// The number of the application that owns a window with these facts, made when it is the
-    /// first.
+    /// The number of the application that owns a window with these properties; a new one for its
+    /// first window.
     ProcessId ownerOf(const ClientProperties& facts);
-    /// Takes the windows as they are now, front to back. Applications without any end, unless a
-    /// process of their desktop entry still runs.
+    /// Updates the table with the current windows, front to back. Applications without windows are
+    /// removed, unless a process of their desktop entry is still running.
     void update(const std::vector<ClientWindowRef>& windows);
 
     void noteLaunch(const std::string& bundleIdentifier, std::optional<ProcessId> process);
@@ -77,12 +76,12 @@ class ApplicationTable {
     void noteShowAsked(ProcessId number);
     void setMainWindow(ProcessId number, WindowId window);
 
-    /// In the order of their launches.
+    /// In launch order.
     std::vector<const RunningEntry*> applications() const;
     const RunningEntry* find(ProcessId number) const;
     const RunningEntry* findIdentifier(std::string_view bundleIdentifier) const;
 
-    /// A process ended or a launch ran out of time.
+    /// A process ended or a launch timed out.
     Signal<> changed;
 
   private:

@@ -23,7 +23,7 @@ std::vector<AppNotice> X11AppNotices::read() const {
             byId[*entry->bundleIdentifier].wantsAttention = true;
     }
     for (const auto& [id, launcher] : launchers_.entries()) {
-        // The file manager goes by another name here.
+        // The file manager has another identifier here.
         const auto installed = installed_.find(id);
         auto& notice = byId[installed ? installed_.identifierOf(*installed) : id];
         notice.wantsAttention = notice.wantsAttention || launcher.isUrgent;

@@ -8,7 +8,7 @@
 
 namespace larkspan::x11 {
 
-/// The counts of launchers as badges; applications ask for attention by their launcher or by any of
+/// The counts of launchers as badges. Applications ask for attention by their launcher or by any of
 /// their windows.
 class X11AppNotices : public AppNotices {
   public:
@@ -25,7 +25,7 @@ class X11AppNotices : public AppNotices {
         return changed_.subscribe(std::move(callback));
     }
 
-    /// Looks at the windows and the launchers anew and tells when anything differs.
+    /// Reads the windows and the launchers again, and announces any difference.
     void update();
 
   private:

@@ -15,7 +15,7 @@ bool isAddress(std::string_view url) {
     return url.find(':') < url.find('/');
 }
 
-// Never ourselves, never a group of processes.
+// Never signals ourselves or a process group.
 bool signalProcesses(const std::set<ProcessId>& processes, int signal) {
     bool wasSent = false;
     for (const auto process : processes)
@@ -91,8 +91,8 @@ bool X11ApplicationControl::noteLaunch(const freedesktop::DesktopEntry& entry,
     return true;
 }
 
-// The chosen main window; else the front one that shows here, then one that shows on another
-// desktop, then an iconified one.
+// The chosen main window; else the frontmost one on this desktop, then one on another desktop, then
+// an iconified one.
 ClientWindowRef X11ApplicationControl::windowToActivate(const RunningEntry& entry) const {
     const auto rank = [&](const ClientWindow& window) {
         if (window.id == entry.mainWindow) return 0;
@@ -112,7 +112,7 @@ bool X11ApplicationControl::activate(ProcessId pid) {
     for (const auto hidden : entry->iconified)
         if (hidden != window->id) requests_.restore(hidden);
     requests_.activate(window->id);
-    // It holds for this time only: from now on the window in front is the main one.
+    // Valid only this time: from now on the frontmost window is the main one.
     table_.setMainWindow(pid, 0);
     table_.noteShowAsked(pid);
     return true;
@@ -133,7 +133,7 @@ bool X11ApplicationControl::hide(ProcessId pid) {
 bool X11ApplicationControl::unhide(ProcessId pid) {
     const auto* entry = table_.find(pid);
     if (!entry) return false;
-    // From the back to the front, so that they come to lie as they did.
+    // From back to front, to restore their stacking order.
     for (auto it = entry->iconified.rbegin(); it != entry->iconified.rend(); ++it)
         requests_.restore(*it);
     table_.noteShowAsked(pid);
@@ -153,7 +153,7 @@ bool X11ApplicationControl::forceTerminate(ProcessId pid) {
     const auto* entry = table_.find(pid);
     if (!entry) return false;
     const bool wasSent = signalProcesses(entry->processes, SIGKILL);
-    // Not every window says which process it is of.
+    // Not every window states its process.
     for (const auto& window : entry->windows)
         requests_.kill(window->id);
     return wasSent || !entry->windows.empty();

@@ -10,11 +10,11 @@
 
 namespace larkspan::x11 {
 
-/// Steers applications through their windows, and through signals to their processes. Hiding an
-/// application iconifies its windows; a window manager must run for it.
+/// Controls applications through their windows, and through signals to their processes. Hiding an
+/// application iconifies its windows, which needs a window manager.
 class X11ApplicationControl : public ApplicationControl {
   public:
-    /// `report` takes one line about a launch that failed.
+    /// `report` is called with one line about a launch that failed.
     X11ApplicationControl(ApplicationTable& table,
                           const freedesktop::InstalledApplications& installed,
                           const freedesktop::DefaultApplications& defaults,
@@ -24,7 +24,7 @@ class X11ApplicationControl : public ApplicationControl {
 
     bool open(std::string_view url) override;
     bool openWith(const std::vector<std::string>& urls, std::string_view application) override;
-    /// By the desktop entry's own way to a new window, where it has one.
+    /// Uses the desktop entry's own action for a new window, if it has one.
     bool openNewInstance(std::string_view application) override;
     bool reveal(std::string_view url) override;
     bool activate(ProcessId pid) override;

@@ -17,8 +17,8 @@ const RunningApplication* findIn(const std::vector<RunningApplication>& list, Pr
     return found == list.end() ? nullptr : &*found;
 }
 
-// An application becomes regular with its first ordinary window, and with the last one it ceases to
-// be: for whoever shows the regular ones that is another list.
+// An application becomes regular with its first ordinary window, and stops being regular with its
+// last one. That also changes the list of regular applications.
 bool isSameList(const std::vector<RunningApplication>& a,
                 const std::vector<RunningApplication>& b) {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](const auto& x, const auto& y) {
@@ -33,7 +33,7 @@ bool isAccessory(const RunningEntry& entry) {
            });
 }
 
-// Without a class a main window's title must do, which its dialogs do not change.
+// Without a class, the main window's title is used, which its dialogs do not change.
 std::string nameWithoutEntry(const RunningEntry& entry) {
     if (!entry.className.empty()) return entry.className;
     const auto main =
@@ -130,7 +130,7 @@ void X11Workspace::announceEntries() {
     events_.emit({WorkspaceEvent::Kind::runningApplicationsDidChange, std::nullopt});
 }
 
-// Told from a copy: a subscriber may ask for something that changes the list again.
+// On a copy: a subscriber may cause another change of the list.
 void X11Workspace::announce(const std::vector<RunningApplication>& before, bool isOtherDesktop) {
     const auto now = running_;
     std::vector<WorkspaceEvent> happened;

@@ -12,7 +12,7 @@
 namespace larkspan::x11 {
 
 /// The applications of the table as running applications, with the names and icons of their desktop
-/// entries. An application all of whose windows stay out of task bars is an accessory.
+/// entries. An application whose windows all skip task bars is an accessory.
 class X11Workspace : public Workspace {
   public:
     X11Workspace(X11Connection& connection, const WindowMirror& mirror,
@@ -21,8 +21,8 @@ class X11Workspace : public Workspace {
 
     std::vector<RunningApplication> runningApplications() const override { return running_; }
     std::optional<RunningApplication> frontmostApplication() const override;
-    /// An application keeps its number when the process it is named after ends before the others,
-    /// and has a made-up one when none is known: while it is listed, it runs.
+    /// An application keeps its number even if the process with that number ends first, and has an
+    /// invented one if its process is unknown: as long as it is listed, it runs.
     bool hasProcess(ProcessId pid) const override { return table_.find(pid) != nullptr; }
     std::optional<std::string> urlForApplication(std::string_view bundleIdentifier) const override;
     std::string displayName(std::string_view url) const override;
@@ -32,10 +32,10 @@ class X11Workspace : public Workspace {
         return events_.subscribe(std::move(callback));
     }
 
-    /// Tells that the desktop entries are others than before, as a change of what runs: nothing
-    /// that runs need have changed, but what is known of it may have.
+    /// Announces changed desktop entries as a change of the running applications: the names and
+    /// icons of these may differ, even if the same ones run.
     void announceEntries();
-    /// Reads the table and the mirror anew and tells what changed since the last time.
+    /// Reads the table and the mirror again and announces what changed since the last time.
     void update();
 
   private:
@@ -50,7 +50,7 @@ class X11Workspace : public Workspace {
     const freedesktop::IconTheme& icons_;
     std::vector<RunningApplication> running_;
     std::uint32_t desktop_ = 0;
-    /// Kept per application, so that an unchanged application stays equal.
+    /// Cached for each application, so that an unchanged application compares equal.
     mutable std::map<ProcessId, ImageRef> windowIcons_;
     Signal<const WorkspaceEvent&> events_;
 };

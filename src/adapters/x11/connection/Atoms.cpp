@@ -67,7 +67,7 @@ constexpr NamedAtom namedAtoms[] = {
 
 } // namespace
 
-// All names are asked for before the first answer is awaited: one round trip.
+// All requests are sent before the first reply is read: one round trip.
 Atoms::Atoms(xcb_connection_t* connection) {
     std::array<xcb_intern_atom_cookie_t, std::size(namedAtoms)> cookies{};
     for (std::size_t i = 0; i < std::size(namedAtoms); ++i) {

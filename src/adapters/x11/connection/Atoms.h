@@ -6,12 +6,11 @@
 
 namespace larkspan::x11 {
 
-/// The names this system uses in the X server, each as the server's number for it; 0 when the
-/// server is gone.
+/// The atoms that the program uses; 0 if the connection is broken.
 struct Atoms {
     explicit Atoms(xcb_connection_t* connection);
 
-    // What the window manager tells of the whole desktop, on the root window.
+    // Properties that the window manager sets on the root window.
     xcb_atom_t netSupported = 0;
     xcb_atom_t netSupportingWmCheck = 0;
     xcb_atom_t netClientList = 0;
@@ -22,7 +21,7 @@ struct Atoms {
     xcb_atom_t netCloseWindow = 0;
     xcb_atom_t netRestackWindow = 0;
 
-    // What a window says of itself.
+    // Properties of windows.
     xcb_atom_t netWmName = 0;
     xcb_atom_t netWmPid = 0;
     xcb_atom_t netWmDesktop = 0;
@@ -64,7 +63,7 @@ struct Atoms {
     xcb_atom_t compoundText = 0;
     xcb_atom_t rootPixmap = 0;
     xcb_atom_t esetrootPixmap = 0;
-    /// The selection that a compositor of the default screen owns.
+    /// The selection owned by a compositor of the default screen.
     xcb_atom_t compositor = 0;
 };
 

@@ -8,19 +8,19 @@ namespace larkspan::x11 {
 
 namespace {
 
-// A client that never stops changing may not keep others from being shown.
+// A client that keeps sending events must not prevent others from being shown.
 constexpr int roundsBeforeSettling = 8;
 
 const char* reasonOf(int error) {
     switch (error) {
     case XCB_CONN_CLOSED_PARSE_ERR:
-        return "its name cannot be read";
+        return "invalid display name";
     case XCB_CONN_CLOSED_INVALID_SCREEN:
-        return "it has no such screen";
+        return "no such screen";
     case XCB_CONN_CLOSED_MEM_INSUFFICIENT:
-        return "memory is short";
+        return "out of memory";
     default:
-        return "no X server answers there, or it refuses this user";
+        return "there is no X server, or access was denied";
     }
 }
 
@@ -54,7 +54,7 @@ X11Connection::open(const char* displayName, Scheduler& scheduler) {
     auto screens = xcb_setup_roots_iterator(xcb_get_setup(connection));
     for (int i = 0; i < screenNumber && screens.rem > 1; ++i)
         xcb_screen_next(&screens);
-    if (screens.rem == 0) return fail("it has no screen");
+    if (screens.rem == 0) return fail("it has no screens");
     return std::unique_ptr<X11Connection>(new X11Connection(connection, screens.data, scheduler));
 }
 
@@ -74,7 +74,7 @@ X11Connection::~X11Connection() {
 void X11Connection::start(const Watch& watch) {
     isStarted_ = true;
     watch_ = watch(xcb_get_file_descriptor(connection_), [this] { dispatch(); });
-    // What arrived while the first answers were read is in xcb's queue, where no watch sees it.
+    // Events that arrived with the first replies are in xcb's queue and do not wake the watch.
     dispatch();
 }
 
@@ -112,8 +112,8 @@ void X11Connection::handOut() {
     }
 }
 
-// Awaiting an answer or sending may read events into xcb's own queue. The file descriptor is then
-// no longer readable, so without this they would lie there until the next event.
+// Waiting for a reply or sending may read events into xcb's own queue. The file descriptor is then
+// no longer readable, so they would stay there until the next event.
 void X11Connection::dispatchWhatWasRead() {
     if (!scheduler_.isMainThread()) {
         dispatchSoon();
@@ -140,9 +140,9 @@ void X11Connection::noteTime(const xcb_generic_event_t& event) {
 void X11Connection::checkGone() {
     if (isGone_ || isAlive()) return;
     isGone_ = true;
-    // A closed connection stays readable for ever: watching on would spin.
+    // A closed connection stays readable: watching it further would spin.
     watch_.reset();
-    if (onGone) onGone("larkspan: the X server has gone away");
+    if (onGone) onGone("larkspan: the connection to the X server was lost");
 }
 
 void X11Connection::perform(std::function<void()> requests) {

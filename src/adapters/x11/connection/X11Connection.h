@@ -24,7 +24,7 @@ template <typename T>
 using Reply = std::unique_ptr<T, FreeReply>;
 using Event = Reply<xcb_generic_event_t>;
 
-/// A connection to the X server of its own, apart from the toolkit's. Main thread only, but for
+/// Our own connection to the X server, separate from the toolkit's. Main thread only, except
 /// `reply` and `perform`.
 class X11Connection {
   public:
@@ -32,7 +32,8 @@ class X11Connection {
     /// ends.
     using Watch = std::function<Handle(int descriptor, std::function<void()> callback)>;
 
-    /// The connection, or one line that says why there is none. Without a name: $DISPLAY's.
+    /// Returns the connection, or the error in one line. Without a name, the display is that of
+    /// $DISPLAY.
     static std::variant<std::unique_ptr<X11Connection>, std::string> open(const char* displayName,
                                                                           Scheduler& scheduler);
     ~X11Connection();
@@ -44,16 +45,16 @@ class X11Connection {
     xcb_window_t root() const { return screen_->root; }
     const Atoms& atoms() const { return atoms_; }
     bool isAlive() const { return xcb_connection_has_error(connection_) == 0; }
-    /// The newest time the X server has told of, in its milliseconds; 0 before the first.
+    /// The newest timestamp of the X server, in milliseconds; 0 before the first one.
     xcb_timestamp_t lastTime() const { return lastTime_; }
 
-    /// Begins to hand out events.
+    /// Starts to deliver events.
     void start(const Watch& watch);
     /// Handles everything that has arrived. Called by the watch; a test may call it too.
     void dispatch();
 
-    /// Awaits the answer to a request; nullptr when it failed, such as when the window is gone. Any
-    /// thread.
+    /// Waits for the reply to a request; nullptr if it failed, for example because the window is
+    /// gone. Any thread.
     template <typename Answer, typename Cookie>
     Reply<Answer> reply(Answer* (*function)(xcb_connection_t*, Cookie, xcb_generic_error_t**),
                         Cookie cookie) {
@@ -64,25 +65,24 @@ class X11Connection {
         return answer;
     }
 
-    /// Runs requests that await no answer and sends them at once; from another thread, soon. Any
-    /// thread.
+    /// Runs requests without replies and sends them at once; from another thread, soon. Any thread.
     void perform(std::function<void()> requests);
-    /// Sends a message about a window to the root window, as a window manager expects requests of
-    /// other programs.
+    /// Sends a message about a window to the root window, where window managers expect requests
+    /// from other programs.
     void sendToRoot(xcb_window_t window, xcb_atom_t type, const std::uint32_t (&data)[5]);
     void sendToWindow(xcb_window_t window, xcb_atom_t type, const std::uint32_t (&data)[5]);
     void flush();
-    /// Settles once more after what is under way, though no event may come. Any thread.
+    /// Runs `dispatch` once more in a later turn, even if no event arrives. Any thread.
     void dispatchSoon();
 
     /// Every event, in order.
     Signal<const xcb_generic_event_t&> events;
-    /// The events that had arrived are through: the time to ask the server for what they made
-    /// stale. Further events may follow before `settled`.
+    /// All events that had arrived were delivered: now request what they made stale. More events
+    /// may follow before `settled`.
     Signal<> drained;
-    /// Nothing more has arrived: the time to announce what changed.
+    /// No more events have arrived: now announce what changed.
     Signal<> settled;
-    /// The connection has ended, with one line that says so. Called once.
+    /// The connection was closed; the text is one line about it. Called once.
     std::function<void(const std::string&)> onGone;
 
   private:
@@ -101,9 +101,9 @@ class X11Connection {
     bool isStarted_ = false;
     bool isDispatching_ = false;
     bool isGone_ = false;
-    // Events taken from xcb's own queue outside of `dispatch`.
+    // Events that were read from xcb's queue outside of `dispatch`.
     std::deque<Event> taken_;
-    // Ends with the connection, so that a posted task knows.
+    // Expires with the connection; posted tasks check it.
     std::shared_ptr<int> life_ = std::make_shared<int>();
 };
 

@@ -8,7 +8,7 @@ bool knowsXInput(X11Connection& connection, int minor) {
     auto* raw = connection.raw();
     const auto* extension = xcb_get_extension_data(raw, &xcb_input_id);
     if (!extension || !extension->present) return false;
-    // The same version whoever asks: a server takes it back from a client that asks for less.
+    // The same version for all callers: a later request for an older version would replace it.
     const auto version =
         connection.reply(xcb_input_xi_query_version_reply, xcb_input_xi_query_version(raw, 2, 4));
     return version && version->major_version == 2 && version->minor_version >= minor;
@@ -23,7 +23,7 @@ bool selectXInput(X11Connection& connection, std::uint16_t device, const XInputM
     auto* error = xcb_request_check(
         raw, xcb_input_xi_select_events_checked(raw, connection.root(), 1, &mask.head));
     std::free(error);
-    // Events may have come along with the answer.
+    // Events may have arrived with the reply.
     connection.dispatchSoon();
     return error == nullptr;
 }

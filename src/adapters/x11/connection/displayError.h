@@ -5,8 +5,8 @@
 
 namespace larkspan::x11 {
 
-/// Why the display of $DISPLAY cannot be reached, in one line; absent when it can. To be asked
-/// before the toolkit starts, which aborts the program when there is no display.
+/// Why the display of $DISPLAY cannot be opened, in one line; absent if it can. Call it before the
+/// toolkit starts, which aborts the program without a display.
 std::optional<std::string> displayError();
 
 } // namespace larkspan::x11

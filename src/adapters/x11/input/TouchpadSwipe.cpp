@@ -13,7 +13,7 @@ constexpr std::int64_t began = 1;
 constexpr std::int64_t changed = 2;
 constexpr std::int64_t ended = 4;
 constexpr std::int64_t cancelled = 8;
-/// The speed at the lift is that of the last motions within this many milliseconds.
+/// The velocity at the lift is that of the motions in the last milliseconds.
 constexpr std::uint32_t speedSpan = 100;
 
 } // namespace
@@ -29,9 +29,9 @@ std::vector<SwipeStep> TouchpadSwipe::move(double x, double y, std::uint32_t tim
         motion_ = std::abs(x) >= std::abs(y) ? horizontal : vertical;
         steps.push_back({.phase = began, .motion = motion_});
     }
-    // Fingers that go left pull the right-hand Space in.
+    // Fingers that move left pull in the Space on the right.
     progress_ -= (motion_ == horizontal ? x : y) / unitsPerSpace;
-    // Unsigned, so that it holds when the server's time starts again at 0.
+    // Unsigned, so that it also works when the server's time wraps around.
     std::erase_if(samples_, [time](const Sample& each) { return time - each.time > speedSpan; });
     samples_.push_back({time, progress_});
     steps.push_back({.phase = changed, .motion = motion_, .progress = progress_});
@@ -49,7 +49,7 @@ double TouchpadSwipe::velocity(std::uint32_t time) const {
     const auto first = std::find_if(samples_.begin(), samples_.end(), [time](const Sample& each) {
         return time - each.time <= speedSpan;
     });
-    // Fingers that came to rest, or one single motion at the lift.
+    // The fingers stopped, or there was only one motion, at the lift.
     if (first == samples_.end() || first->time == time) return 0;
     return (progress_ - first->progress) * 1000 / (time - first->time);
 }

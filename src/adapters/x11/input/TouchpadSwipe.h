@@ -6,7 +6,7 @@
 
 namespace larkspan::x11 {
 
-/// One step of a swipe, in the numbers of `TapEvent`.
+/// One step of a swipe, in the units of `TapEvent`.
 struct SwipeStep {
     std::int64_t phase = 0;
     std::int64_t motion = 0;
@@ -16,18 +16,18 @@ struct SwipeStep {
     bool operator==(const SwipeStep&) const = default;
 };
 
-/// Adds up what a touchpad tells of fingers that move together into the steps a Mac tells of: how
-/// far across a Space they are, and how fast when they lift. Times are the X server's milliseconds.
+/// Converts a touchpad's swipe events into the steps that a Mac reports: how far across a Space the
+/// fingers are, and how fast they are when they lift. Times are the X server's milliseconds.
 class TouchpadSwipe {
   public:
-    /// Motion of the touchpad that stands for a whole Space; that of other desktops.
+    /// The motion of the touchpad that counts as one whole Space; the same as on other desktops.
     static constexpr double unitsPerSpace = 400;
 
     void begin();
-    /// None until the fingers move; then the beginning comes with the first motion, which says
+    /// Nothing until the fingers move; the first motion also gives the beginning, since it decides
     /// whether the swipe is horizontal.
     std::vector<SwipeStep> move(double x, double y, std::uint32_t time);
-    /// Absent for fingers that never moved.
+    /// Absent if the fingers never moved.
     std::optional<SwipeStep> lift(bool isCancelled, std::uint32_t time);
 
   private:
@@ -40,7 +40,7 @@ class TouchpadSwipe {
     /// 0 until known.
     std::int64_t motion_ = 0;
     double progress_ = 0;
-    /// The newest, as far back as the speed is taken from.
+    /// The newest ones, as far back as the velocity needs.
     std::vector<Sample> samples_;
 };
 

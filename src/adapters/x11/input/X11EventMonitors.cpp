@@ -11,7 +11,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-/// Seconds without listening after each move that was told.
+/// Seconds without listening after each reported move.
 constexpr double pauseAfterMove = 0.05;
 
 constexpr XInputMask motions{XCB_INPUT_XI_EVENT_MASK_RAW_MOTION, 0};
@@ -29,7 +29,7 @@ Point X11EventMonitors::mouseLocation() const {
     const auto pointer = connection_.reply(
         xcb_query_pointer_reply, xcb_query_pointer(connection_.raw(), connection_.root()));
     const auto screens = screens_.screens();
-    if (!pointer || screens.empty()) return lastTold_;
+    if (!pointer || screens.empty()) return lastReported_;
     return {pointer->root_x / scale_, screens.front().frame.height - pointer->root_y / scale_};
 }
 
@@ -45,27 +45,27 @@ Handle X11EventMonitors::addGlobalMonitor(InputEventMask mask, Callback callback
     });
 }
 
-// For all devices: what is selected for the master devices belongs to the swipes.
+// For all devices: the selection for the master devices belongs to the swipes.
 void X11EventMonitors::listen(bool isWanted) {
     motions_.reset();
     if (!connection_.isAlive()) return;
     selectXInput(connection_, XCB_INPUT_DEVICE_ALL, isWanted ? motions : noEvents);
     if (!isWanted) return;
     motions_ = connection_.events.subscribe([this](const xcb_generic_event_t& event) {
-        if (xInputType(connection_, event) == XCB_INPUT_RAW_MOTION) tellMove();
+        if (xInputType(connection_, event) == XCB_INPUT_RAW_MOTION) reportMove();
     });
 }
 
-void X11EventMonitors::tellMove() {
+void X11EventMonitors::reportMove() {
     listen(false);
     pause_ = scheduler_.after(pauseAfterMove, [this] { listenAgain(); });
-    lastTold_ = mouseLocation();
-    moves_.emit({.type = InputEventType::mouseMoved, .location = lastTold_});
+    lastReported_ = mouseLocation();
+    moves_.emit({.type = InputEventType::mouseMoved, .location = lastReported_});
 }
 
 void X11EventMonitors::listenAgain() {
     listen(true);
-    if (mouseLocation() != lastTold_) tellMove();
+    if (mouseLocation() != lastReported_) reportMove();
 }
 
 } // namespace larkspan::x11

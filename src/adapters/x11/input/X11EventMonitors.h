@@ -7,10 +7,10 @@
 
 namespace larkspan::x11 {
 
-/// Where the pointer is, and its moves; clicks and keys that go to other programs are not heard,
-/// since every change of a window is announced anyway. The X server is asked for moves only while a
-/// monitor wants them, and not again for a moment after each, so that a moving mouse wakes the
-/// program a few times a second.
+/// The pointer's position and its moves. Clicks and keys of other programs are not reported, and
+/// not needed, since every change of a window is announced. Moves are selected only while a monitor
+/// wants them, and not for a moment after each, so that a moving mouse wakes the program only a few
+/// times a second.
 class X11EventMonitors final : public EventMonitors {
   public:
     X11EventMonitors(X11Connection& connection, Scheduler& scheduler, const Screens& screens,
@@ -21,7 +21,7 @@ class X11EventMonitors final : public EventMonitors {
 
   private:
     void listen(bool isWanted);
-    void tellMove();
+    void reportMove();
     void listenAgain();
 
     X11Connection& connection_;
@@ -29,10 +29,10 @@ class X11EventMonitors final : public EventMonitors {
     const Screens& screens_;
     double scale_;
     Signal<const InputEvent&> moves_;
-    /// The events of the connection; only while the server is asked for moves.
+    /// The events of the connection; only while moves are selected.
     Handle motions_;
     Handle pause_;
-    Point lastTold_;
+    Point lastReported_;
 };
 
 } // namespace larkspan::x11

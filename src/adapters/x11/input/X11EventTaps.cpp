@@ -21,7 +21,7 @@ bool selectDeviceEvents(X11Connection& connection, const XInputMask& events) {
     return selectXInput(connection, XCB_INPUT_DEVICE_ALL_MASTER, events);
 }
 
-/// A step of a touchpad's swipe in the shape of a Mac's gesture event.
+/// A step of a touchpad's swipe in the format of a Mac's gesture event.
 class DockSwipe final : public TappedEvent {
   public:
     explicit DockSwipe(const SwipeStep& step)
@@ -55,7 +55,7 @@ double fromFixed(xcb_input_fp1616_t value) {
 
 class X11EventTap final : public EventTap {
   public:
-    /// `isListening` stays true as long as it lives.
+    /// `isListening` is true as long as this exists.
     X11EventTap(X11Connection& connection, EventTaps::Callback callback, bool& isListening)
         : connection_(connection)
         , callback_(std::move(callback))
@@ -68,7 +68,7 @@ class X11EventTap final : public EventTap {
         isListening_ = false;
         if (connection_.isAlive()) selectDeviceEvents(connection_, noEvents);
     }
-    // An X server disables nothing.
+    // An X server never disables it.
     void enable() override {}
 
   private:

@@ -5,16 +5,16 @@
 
 namespace larkspan::x11 {
 
-/// Gestures of touchpads, as X servers tell of them since XInput 2.4, and no other events. They are
-/// selected on the root window and never grabbed: a window beneath the pointer that wants them, and
-/// a program that grabs them, come first. Callbacks run on the main thread.
+/// Touchpad gestures, which X servers report since XInput 2.4, and no other events. They are
+/// selected on the root window and never grabbed: a window under the pointer that wants them, and a
+/// program that grabs them, come first. Callbacks run on the main thread.
 class X11EventTaps final : public EventTaps {
   public:
     explicit X11EventTaps(X11Connection& connection)
         : connection_(connection) {}
 
-    /// Refused where the server knows no gestures, where another program listens to those of the
-    /// root window, which only one may, and while an earlier tap lives.
+    /// Returns nullptr if the server does not support gestures, if another program has selected
+    /// those of the root window, or while an earlier tap exists.
     std::unique_ptr<EventTap> listen(std::uint64_t mask, Callback callback) override;
 
   private:

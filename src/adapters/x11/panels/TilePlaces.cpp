@@ -18,7 +18,7 @@ void TilePlaces::setDesktop(DesktopSnapshotRef desktop) {
 
 void TilePlaces::write() {
     auto before = std::exchange(written_, {});
-    bool isNews = false;
+    bool hasChanged = false;
     for (const auto& window : desktop_->windows) {
         const auto place = placeFor(*window);
         if (!place) continue;
@@ -26,14 +26,14 @@ void TilePlaces::write() {
         const auto known = before.extract(window->id);
         if (known && known.mapped() == *place) continue;
         write(window->id, *place);
-        isNews = true;
+        hasChanged = true;
     }
     for (const auto& [window, place] : before) {
         if (!desktop_->find(window)) continue;
         xcb_delete_property(connection_.raw(), window, connection_.atoms().netWmIconGeometry);
-        isNews = true;
+        hasChanged = true;
     }
-    if (isNews) connection_.flush();
+    if (hasChanged) connection_.flush();
 }
 
 void TilePlaces::write(WindowId window, const Place& place) {

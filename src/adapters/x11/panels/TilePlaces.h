@@ -10,9 +10,9 @@
 
 namespace larkspan::x11 {
 
-/// Writes on each window where its application's tile is (`_NET_WM_ICON_GEOMETRY`), so that the
-/// window manager lets it fly there. A window is written on only when that is another place. Main
-/// thread only.
+/// Stores the position of its application's tile on each window (`_NET_WM_ICON_GEOMETRY`), so that
+/// the window manager can animate minimising. Writes only if the position changed. Main thread
+/// only.
 class TilePlaces {
   public:
     explicit TilePlaces(X11Connection& connection)

@@ -32,7 +32,7 @@ void X11DesktopPicture::watchCompositor() {
     auto* raw = connection_.raw();
     const auto* extension = xcb_get_extension_data(raw, &xcb_xfixes_id);
     if (!extension || !extension->present) return;
-    // The extension answers nothing before it was told a version.
+    // The extension requires the version to be negotiated first.
     const auto version =
         connection_.reply(xcb_xfixes_query_version_reply, xcb_xfixes_query_version(raw, 2, 0));
     if (!version) return;
@@ -79,7 +79,7 @@ xcb_pixmap_t X11DesktopPicture::pixmap() const {
     return XCB_NONE;
 }
 
-// The picture repeats from the root window's top left, where it is smaller than that.
+// A wallpaper smaller than the root window is tiled from its top left.
 std::optional<Bitmap> X11DesktopPicture::under(const Rect& rect) const {
     const auto source = pixmap();
     if (source == XCB_NONE || rect.isEmpty()) return std::nullopt;
@@ -106,8 +106,8 @@ std::optional<Bitmap> X11DesktopPicture::under(const Rect& rect) const {
     return bitmap;
 }
 
-// Pictures of 24 or 32 bits in this machine's byte order, as every desktop of today has; absent for
-// others.
+// Supports images of 24 or 32 bits in this machine's byte order, as all current desktops have;
+// absent for others.
 std::optional<Bitmap> X11DesktopPicture::read(xcb_pixmap_t pixmap, const Area& area) const {
     const auto image = connection_.reply(
         xcb_get_image_reply,

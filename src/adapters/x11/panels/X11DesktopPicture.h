@@ -6,7 +6,7 @@
 
 namespace larkspan::x11 {
 
-/// The wallpaper as desktops leave it on the root window, and whether a compositor runs. Main
+/// The wallpaper that desktops set on the root window, and whether a compositor is running. Main
 /// thread only.
 class X11DesktopPicture : public DesktopPicture {
   public:
@@ -39,7 +39,7 @@ class X11DesktopPicture : public DesktopPicture {
     bool isComposited_ = false;
     bool isCompositorStale_ = false;
     bool hasChanged_ = false;
-    /// Of the selection events; 0 without XFixes.
+    /// The first number of the selection events; 0 without XFixes.
     std::uint8_t firstFixesEvent_ = 0;
     Signal<> changed_;
     Handle eventSubscription_;

@@ -53,7 +53,7 @@ void X11PanelDressing::dress(NativeWindow native) {
     const std::uint32_t desktop[] = {everyDesktop};
     setProperty(connection, window, atoms.netWmDesktop, XCB_ATOM_CARDINAL, desktop);
 
-    // No focus by a click: the window declines it, and does not offer to take it either.
+    // The window neither gets the focus by a click nor offers to take it.
     auto hints = property(connection, window, XCB_ATOM_WM_HINTS, longestHints);
     hints.resize(longestHints);
     hints[0] |= inputHint;
@@ -73,7 +73,7 @@ bool X11PanelDressing::isBottomOuter(const Screen& screen) const {
     });
 }
 
-// A strut counts from the root window's edge, which may lie below the monitor's own.
+// A strut is measured from the root window's edge, which may be below the monitor's own.
 void X11PanelDressing::reserveStrip(NativeWindow window, const Screen& screen, double height) {
     Strut strut;
     if (height > 0 && isBottomOuter(screen)) {

@@ -10,9 +10,9 @@
 
 namespace larkspan::x11 {
 
-/// Makes the toolkit's windows into docks: their type, no focus, every desktop, struts, input area.
-/// The requests go over the toolkit's own connection where there is one, so that they reach the X
-/// server after the window's making and before its mapping.
+/// Turns the toolkit's windows into docks: window type, no focus, all desktops, struts, input
+/// region. Uses the toolkit's own connection if there is one, so that the requests reach the X
+/// server after the window is created and before it is mapped.
 class X11PanelDressing : public PanelDressing {
   public:
     explicit X11PanelDressing(X11Connection& connection)
@@ -27,7 +27,7 @@ class X11PanelDressing : public PanelDressing {
         places_.setTiles(display, tiles);
     }
 
-    /// The strip can only be kept where no other monitor continues below.
+    /// The strip can be reserved only if no other monitor continues below.
     void setDesktop(DesktopSnapshotRef desktop) {
         screens_ = desktop->screens;
         places_.setDesktop(std::move(desktop));

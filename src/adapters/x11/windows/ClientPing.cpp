@@ -28,9 +28,9 @@ void ping(xcb_connection_t* connection, const Atoms& atoms, WindowId window) {
                    reinterpret_cast<const char*>(&event));
 }
 
-/// Takes what has arrived; answers whether one of the windows' answers is among it.
-bool takeAnswer(xcb_connection_t* connection, const Atoms& atoms,
-                const std::vector<WindowId>& windows) {
+/// Reads what has arrived; returns whether one of the windows has replied.
+bool takeReply(xcb_connection_t* connection, const Atoms& atoms,
+               const std::vector<WindowId>& windows) {
     while (const Event event{xcb_poll_for_event(connection)}) {
         if ((event->response_type & 0x7f) != XCB_CLIENT_MESSAGE) continue;
         const auto& message = reinterpret_cast<const xcb_client_message_event_t&>(*event);
@@ -43,7 +43,7 @@ bool takeAnswer(xcb_connection_t* connection, const Atoms& atoms,
 
 } // namespace
 
-bool ClientPing::isAnswered(const std::vector<WindowId>& windows, double seconds) const {
+bool ClientPing::hasReply(const std::vector<WindowId>& windows, double seconds) const {
     if (windows.empty() || scheduler_.isMainThread()) return true;
     const double deadline = scheduler_.uptime() + seconds;
     int screenNumber = 0;
@@ -60,7 +60,7 @@ bool ClientPing::isAnswered(const std::vector<WindowId>& windows, double seconds
     for (const auto window : windows)
         ping(connection.get(), atoms, window);
     xcb_flush(connection.get());
-    while (!takeAnswer(connection.get(), atoms, windows)) {
+    while (!takeReply(connection.get(), atoms, windows)) {
         const double left = deadline - scheduler_.uptime();
         if (left <= 0) return false;
         if (xcb_connection_has_error(connection.get())) return true;

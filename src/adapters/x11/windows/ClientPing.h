@@ -8,20 +8,20 @@
 
 namespace larkspan::x11 {
 
-/// Asks clients whether they still handle their events, by `_NET_WM_PING`. Their answers go to the
-/// root window amid everything that happens there, so each question has a connection of its own,
-/// which lives as long as the wait.
+/// Checks with `_NET_WM_PING` whether clients still handle their events. The replies go to the root
+/// window with many other events, so each check uses its own connection, which lasts as long as the
+/// wait.
 class ClientPing {
   public:
-    /// Without a name: $DISPLAY's.
+    /// Without a name, the display is that of $DISPLAY.
     ClientPing(Scheduler& scheduler, std::string display)
         : scheduler_(scheduler)
         , display_(std::move(display)) {}
 
-    /// Whether one of the windows, which all take part in the protocol, answered in time; true also
-    /// when there is nobody to ask. Waits up to so many seconds: never on the main thread, where it
-    /// answers true at once.
-    bool isAnswered(const std::vector<WindowId>& windows, double seconds) const;
+    /// Whether one of the windows, which must all support the protocol, replied in time; also true
+    /// if there is no window. Waits up to that many seconds. Not for the main thread, where it
+    /// returns true at once.
+    bool hasReply(const std::vector<WindowId>& windows, double seconds) const;
 
   private:
     Scheduler& scheduler_;

@@ -12,15 +12,15 @@ namespace larkspan::x11 {
 
 namespace {
 
-// A title may be a megabyte long; no one reads more of it than this. In 32-bit units.
+// A title may be a megabyte long; only this much is read. In 32-bit units.
 constexpr std::uint32_t longestText = 512;
 constexpr std::uint32_t iconPixmapHint = 1u << 2;
 constexpr std::uint32_t urgencyHint = 1u << 8;
 
-/// The answer to a property request; without a reply, the property is absent.
-class PropertyAnswer {
+/// The reply to a property request; without a reply, the property is absent.
+class PropertyReply {
   public:
-    PropertyAnswer(const xcb_get_property_reply_t* reply, const Atoms& atoms)
+    PropertyReply(const xcb_get_property_reply_t* reply, const Atoms& atoms)
         : reply_(reply)
         , atoms_(atoms) {}
 
@@ -55,18 +55,18 @@ class PropertyAnswer {
     const Atoms& atoms_;
 };
 
-using Take = void (*)(ClientProperties&, const PropertyAnswer&);
+using Take = void (*)(ClientProperties&, const PropertyReply&);
 
 struct Property {
     xcb_atom_t Atoms::*named;
-    /// For a name that the X server knows from birth.
+    /// For an atom that is predefined in the X server.
     xcb_atom_t predefined;
     std::uint32_t length;
     Take take;
 };
 
-// The instance and the class, each ended by a NUL.
-void takeClass(ClientProperties& facts, const PropertyAnswer& answer) {
+// The instance and the class, each terminated by NUL.
+void takeClass(ClientProperties& facts, const PropertyReply& answer) {
     const auto bytes = answer.bytes();
     const auto end = bytes.find('\0');
     facts.instance = textFromLatin1(bytes.substr(0, end));
@@ -74,22 +74,22 @@ void takeClass(ClientProperties& facts, const PropertyAnswer& answer) {
         end == std::string_view::npos ? std::string() : textFromLatin1(bytes.substr(end + 1));
 }
 
-void takePid(ClientProperties& facts, const PropertyAnswer& answer) {
+void takePid(ClientProperties& facts, const PropertyReply& answer) {
     const auto number = answer.number();
     const bool isProcess = number && *number > 0 && *number <= INT32_MAX;
     facts.namedPid = isProcess ? std::optional(static_cast<ProcessId>(*number)) : std::nullopt;
 }
 
-void takeProtocols(ClientProperties& facts, const PropertyAnswer& answer) {
+void takeProtocols(ClientProperties& facts, const PropertyReply& answer) {
     const auto protocols = answer.numbers();
     const auto takesPartIn = [&](xcb_atom_t protocol) {
         return std::ranges::find(protocols, protocol) != protocols.end();
     };
     facts.takesFocusItself = takesPartIn(answer.atoms().wmTakeFocus);
-    facts.answersPings = takesPartIn(answer.atoms().netWmPing);
+    facts.supportsPings = takesPartIn(answer.atoms().netWmPing);
 }
 
-void takeHints(ClientProperties& facts, const PropertyAnswer& answer) {
+void takeHints(ClientProperties& facts, const PropertyReply& answer) {
     const auto numbers = answer.numbers();
     const auto flags = numbers.empty() ? 0 : numbers[0];
     facts.isUrgent = (flags & urgencyHint) != 0;
@@ -97,15 +97,15 @@ void takeHints(ClientProperties& facts, const PropertyAnswer& answer) {
     facts.hasInput = (flags & inputHint) == 0 || numbers.size() < 2 || numbers[1] != 0;
 }
 
-Edges edgesFrom(const PropertyAnswer& answer) {
+Edges edgesFrom(const PropertyReply& answer) {
     const auto numbers = answer.numbers();
     if (numbers.size() < 4) return {};
-    // A frame thicker than any screen is a lie (or a negative number).
+    // A frame thicker than any screen is wrong (or a negative number).
     const auto sane = [&](std::size_t i) { return numbers[i] < 0x8000 ? numbers[i] : 0; };
     return {sane(0), sane(1), sane(2), sane(3)};
 }
 
-void takeStrut(ClientProperties& facts, const PropertyAnswer& answer) {
+void takeStrut(ClientProperties& facts, const PropertyReply& answer) {
     const auto numbers = answer.numbers();
     if (numbers.size() < 4) return;
     facts.strut = {.depth = edgesFrom(answer)};
@@ -116,55 +116,47 @@ void takeStrut(ClientProperties& facts, const PropertyAnswer& answer) {
     facts.strut.bottom = {numbers[10], numbers[11]};
 }
 
-// The older strut comes first in the table, the partial one replaces it.
+// The old strut comes first in the table; the partial one replaces it.
 const Property properties[ClientPropertyReader::propertyCount] = {
     {nullptr, XCB_ATOM_WM_CLASS, longestText, takeClass},
     {&Atoms::netWmName, 0, longestText,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.netName = answer.text(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.netName = answer.text(); }},
     {nullptr, XCB_ATOM_WM_NAME, longestText,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.name = answer.text(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.name = answer.text(); }},
     {&Atoms::netWmPid, 0, 1, takePid},
     {nullptr, XCB_ATOM_WM_CLIENT_MACHINE, longestText,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.machine = answer.text(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.machine = answer.text(); }},
     {&Atoms::netWmWindowType, 0, 32,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.types = answer.list(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.types = answer.list(); }},
     {&Atoms::netWmState, 0, 64,
-     [](ClientProperties& facts, const PropertyAnswer& answer) { facts.states = answer.list(); }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.states = answer.list(); }},
     {nullptr, XCB_ATOM_WM_HINTS, 9, takeHints},
     {&Atoms::wmProtocols, 0, 32, takeProtocols},
     {&Atoms::wmState, 0, 2,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
-         facts.wmState = answer.number();
-     }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.wmState = answer.number(); }},
     {&Atoms::netWmDesktop, 0, 1,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
-         facts.desktop = answer.number();
-     }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.desktop = answer.number(); }},
     {nullptr, XCB_ATOM_WM_TRANSIENT_FOR, 1,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
+     [](ClientProperties& facts, const PropertyReply& answer) {
          facts.transientFor = answer.number().value_or(0);
      }},
     {&Atoms::netWmWindowOpacity, 0, 1,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
-         facts.opacity = answer.number();
-     }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.opacity = answer.number(); }},
     {&Atoms::netFrameExtents, 0, 4,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
-         facts.frame = edgesFrom(answer);
-     }},
+     [](ClientProperties& facts, const PropertyReply& answer) { facts.frame = edgesFrom(answer); }},
     {&Atoms::gtkFrameExtents, 0, 4,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
+     [](ClientProperties& facts, const PropertyReply& answer) {
          facts.shadow = edgesFrom(answer);
      }},
     {&Atoms::netWmStrut, 0, 4,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
+     [](ClientProperties& facts, const PropertyReply& answer) {
          facts.strut = {};
          takeStrut(facts, answer);
      }},
     {&Atoms::netWmStrutPartial, 0, 12, takeStrut},
-    // Of the icon only whether there is one: the pictures are large and seldom needed.
+    // Only whether there is an icon: the images are large and seldom needed.
     {&Atoms::netWmIcon, 0, 0,
-     [](ClientProperties& facts, const PropertyAnswer& answer) {
+     [](ClientProperties& facts, const PropertyReply& answer) {
          facts.hasIcon = answer.hasValue();
      }},
 };
@@ -194,7 +186,7 @@ ClientPropertyReader::Facets ClientPropertyReader::facetsOf(xcb_atom_t name) con
     Facets facets = 0;
     for (std::size_t i = 0; i < propertyCount; ++i)
         if (atomOf(properties[i], atoms) == name) facets |= bit(i);
-    // The two struts are one fact: which of them counts shows only when both are read.
+    // The two struts are one facet: only reading both shows which one counts.
     if (name == atoms.netWmStrut || name == atoms.netWmStrutPartial)
         for (std::size_t i = 0; i < propertyCount; ++i)
             if (properties[i].named == &Atoms::netWmStrut ||
@@ -212,22 +204,22 @@ ClientPropertyReader::Pending ClientPropertyReader::request(WindowId window, Fac
             xcb_get_property(raw, 0, window, atomOf(properties[i], connection_.atoms()),
                              XCB_GET_PROPERTY_TYPE_ANY, 0, properties[i].length);
     }
-    // Always asked for, since the answer tells whether the window still is.
+    // Always requested, since the reply shows whether the window still exists.
     pending.geometry = xcb_get_geometry(raw, window);
     if (facets & geometryFacet)
         pending.origin = xcb_translate_coordinates(raw, window, connection_.root(), 0, 0);
     return pending;
 }
 
-// Every answer is taken even when the window is gone: an answer left behind stays in memory.
+// All replies are read even if the window is gone: xcb keeps unread ones in memory.
 bool ClientPropertyReader::collect(const Pending& pending, ClientProperties& facts) const {
     for (std::size_t i = 0; i < propertyCount; ++i) {
         if ((pending.facets & bit(i)) == 0) continue;
         const auto reply = connection_.reply(xcb_get_property_reply, pending.properties[i]);
         properties[i].take(facts, {reply.get(), connection_.atoms()});
     }
-    // A process number means something only on its own machine. A client from elsewhere has to name
-    // that.
+    // A process number is valid only on its own machine. A client on another one must state its
+    // name.
     const bool isFromHere = facts.machine.empty() || facts.machine == machine_;
     facts.pid = isFromHere ? facts.namedPid : std::nullopt;
 

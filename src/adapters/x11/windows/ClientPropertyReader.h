@@ -9,11 +9,11 @@
 
 namespace larkspan::x11 {
 
-/// Reads what a window's properties say, in two steps, so that the requests about many windows are
-/// all under way before the first answer is awaited.
+/// Reads a window's properties in two steps, so that the requests for many windows are sent before
+/// the first reply is read.
 class ClientPropertyReader {
   public:
-    /// A set of facts, one bit each.
+    /// A set of facets of a window, one bit each.
     using Facets = std::uint32_t;
     static constexpr Facets allFacets = UINT32_MAX;
     static constexpr Facets geometryFacet = Facets{1} << 31;
@@ -28,10 +28,10 @@ class ClientPropertyReader {
 
     explicit ClientPropertyReader(X11Connection& connection);
 
-    /// The facets that the property carries; 0 when none.
+    /// The facets that the property affects; 0 if none.
     Facets facetsOf(xcb_atom_t property) const;
     Pending request(WindowId window, Facets facets) const;
-    /// Takes the answers into the facts; false when the window is gone.
+    /// Reads the replies into `facts`; returns false if the window is gone.
     bool collect(const Pending& pending, ClientProperties& facts) const;
 
   private:

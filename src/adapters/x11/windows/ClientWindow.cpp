@@ -10,7 +10,7 @@ bool has(const std::vector<xcb_atom_t>& list, xcb_atom_t atom) {
     return std::find(list.begin(), list.end(), atom) != list.end();
 }
 
-// The first type that is known here wins, as the window lists them by preference.
+// The first known type counts, since windows list them in order of preference.
 ClientWindow::Kind kindOf(const ClientProperties& facts, const Atoms& atoms) {
     using Kind = ClientWindow::Kind;
     for (const auto type : facts.types) {
@@ -24,14 +24,14 @@ ClientWindow::Kind kindOf(const ClientProperties& facts, const Atoms& atoms) {
             return type == atoms.typeDialog ? Kind::dialog : Kind::normal;
         }
     }
-    // Without a known type: other types are short-lived surfaces, none at all is the oldest
+    // Without a known type: windows of other types are short-lived; those with none are old
     // clients.
     if (!facts.types.empty() || has(facts.states, atoms.stateSkipTaskbar)) return Kind::floating;
     return facts.transientFor != 0 ? Kind::dialog : Kind::normal;
 }
 
-// WM_STATE alone does not tell: some window managers make it iconic on other desktops too. A shaded
-// window may be called hidden although its title bar shows.
+// WM_STATE is not enough: some window managers also make windows of other desktops iconic. A shaded
+// window may be marked as hidden although its title bar is visible.
 bool isMinimized(const ClientProperties& facts, const Atoms& atoms) {
     if (!has(facts.states, atoms.stateHidden)) return false;
     return !has(facts.states, atoms.stateShaded) || facts.wmState == iconicState;
@@ -63,7 +63,7 @@ ClientWindow describe(const ClientProperties& facts, const Atoms& atoms, double 
     window.isFullScreen = has(facts.states, atoms.stateFullscreen);
     window.demandsAttention = facts.isUrgent || has(facts.states, atoms.stateDemandsAttention);
     window.hasIcon = facts.hasIcon || facts.hasHintIcon;
-    window.answersPings = facts.answersPings;
+    window.supportsPings = facts.supportsPings;
     if (facts.desktop != everyDesktop) window.desktop = facts.desktop;
     window.isDesktopKnown = facts.desktop.has_value();
     window.bounds = boundsOf(facts, window.isFullScreen, scale);

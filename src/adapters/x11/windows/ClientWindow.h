@@ -21,8 +21,8 @@ struct Edges {
     bool operator==(const Edges&) const = default;
 };
 
-/// Space that a panel keeps free at the edges of the root window, in pixels. Each edge is kept from
-/// a start to an end along that edge.
+/// Space that a panel reserves at the edges of the root window, in pixels. At each edge it reaches
+/// from a start to an end along that edge.
 struct Strut {
     struct Range {
         std::uint32_t start = 0;
@@ -34,34 +34,34 @@ struct Strut {
     bool operator==(const Strut&) const = default;
 };
 
-/// What a managed window's properties say, as they were read.
+/// A managed window's properties, as read.
 struct ClientProperties {
     WindowId id = 0;
     std::string instance;
     std::string className;
     std::string netName;
     std::string name;
-    /// On the machine that it names.
+    /// On the machine that the window names.
     std::optional<ProcessId> namedPid;
     std::string machine;
-    /// Absent for a process of another machine.
+    /// Absent for a process on another machine.
     std::optional<ProcessId> pid;
     std::vector<xcb_atom_t> types;
     std::vector<xcb_atom_t> states;
     bool isUrgent = false;
-    /// Its hints name a picture.
+    /// Whether its hints name an icon.
     bool hasHintIcon = false;
-    /// The window wants the keyboard given to it.
+    /// Whether the window wants to be given the keyboard focus.
     bool hasInput = true;
-    /// It takes the keyboard itself when it is told to.
+    /// Whether it takes the keyboard focus itself when asked to.
     bool takesFocusItself = false;
-    bool answersPings = false;
+    bool supportsPings = false;
     std::optional<std::uint32_t> wmState;
     std::optional<std::uint32_t> desktop;
     WindowId transientFor = 0;
     std::optional<std::uint32_t> opacity;
     Edges frame;
-    /// The invisible border that a client draws its own shadow on.
+    /// The invisible border on which a client draws its own shadow.
     Edges shadow;
     /// The client's own area on the root window, in pixels.
     Rect area;
@@ -76,13 +76,13 @@ struct ClientWindow {
     enum class Kind { normal, dialog, floating, dock, desktop };
 
     WindowId id = 0;
-    /// The number of the application that owns it; 0 for a window of no application.
+    /// The number of the application that owns it; 0 if none does.
     ProcessId owner = 0;
-    /// Of this machine.
+    /// On this machine.
     std::optional<ProcessId> process;
     Kind kind = Kind::normal;
     std::string title;
-    /// Display coordinates, points, the frame included.
+    /// Display coordinates in points, with the frame.
     Rect bounds;
     /// 0...1.
     double alpha = 1;
@@ -90,11 +90,11 @@ struct ClientWindow {
     bool isFullScreen = false;
     bool demandsAttention = false;
     bool hasIcon = false;
-    /// The client has promised to answer when it is asked whether it still is there.
-    bool answersPings = false;
-    /// Absent: on every desktop.
+    /// Whether the client supports pings.
+    bool supportsPings = false;
+    /// Absent if it is on all desktops.
     std::optional<std::uint32_t> desktop;
-    /// False in the moment between a window's appearance and its manager's word on its desktop.
+    /// False for a moment after a window appears, until the window manager sets its desktop.
     bool isDesktopKnown = false;
     Strut strut;
 
@@ -104,7 +104,7 @@ struct ClientWindow {
 
 using ClientWindowRef = std::shared_ptr<const ClientWindow>;
 
-/// What the facts mean; `owner` is left to the caller. `scale` is pixels per point.
+/// Interprets the properties; the caller sets `owner`. `scale` is pixels per point.
 ClientWindow describe(const ClientProperties& facts, const Atoms& atoms, double scale);
 
 } // namespace larkspan::x11

@@ -11,7 +11,7 @@
 
 namespace larkspan::x11 {
 
-/// The desktop at one moment. Immutable once posted, so that any thread may keep reading it.
+/// The desktop at one moment. Immutable once published, so any thread may read it.
 struct DesktopSnapshot {
     /// Front to back.
     std::vector<ClientWindowRef> windows;
@@ -20,17 +20,17 @@ struct DesktopSnapshot {
     std::uint32_t currentDesktop = 0;
     std::uint32_t desktopCount = 1;
 
-    /// nullptr when there is no such window.
+    /// nullptr if there is no such window.
     ClientWindowRef find(WindowId window) const;
     /// Front to back.
     std::vector<ClientWindowRef> windowsOf(ProcessId owner) const;
-    /// The display that shows most of the window; the main one for a window outside of all.
+    /// The display that shows most of the window; the main one for a window that is on none.
     DisplayId displayOf(const ClientWindow& window) const;
 
   private:
     void makeIndex() const;
 
-    // Most snapshots are replaced before anyone looks for a single window.
+    // Made on demand: most snapshots are replaced before a single window is looked up.
     mutable std::once_flag indexMade_;
     mutable std::unordered_map<WindowId, ClientWindowRef> byNumber_;
     mutable std::unordered_map<ProcessId, std::vector<ClientWindowRef>> byOwner_;
@@ -38,7 +38,7 @@ struct DesktopSnapshot {
 
 using DesktopSnapshotRef = std::shared_ptr<const DesktopSnapshot>;
 
-/// Where the newest snapshot is left for the readers. Any thread.
+/// Holds the newest snapshot for its readers. Any thread.
 class SnapshotBoard {
   public:
     DesktopSnapshotRef newest() const {
@@ -47,7 +47,7 @@ class SnapshotBoard {
     }
     void post(DesktopSnapshotRef snapshot) {
         const std::lock_guard lock(mutex_);
-        // The older one ends with the argument, outside of the lock.
+        // The old one is destroyed with the argument, after the lock is released.
         std::swap(snapshot_, snapshot);
     }
 

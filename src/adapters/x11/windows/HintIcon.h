@@ -6,8 +6,8 @@
 
 namespace larkspan::x11 {
 
-/// The icon that an old program names in its `WM_HINTS`: a pixmap of the X server's, and what of it
-/// is to be seen. One of two colours is black on white. Empty when there is none. Any thread.
+/// The icon that an old program names in its `WM_HINTS`: a pixmap of the X server, and its mask. A
+/// two-colour one is drawn black on white. Empty if there is none. Any thread.
 Bitmap hintIcon(X11Connection& connection, WindowId window);
 
 } // namespace larkspan::x11

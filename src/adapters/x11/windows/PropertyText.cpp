@@ -24,7 +24,7 @@ void appendLatin1(std::string& text, unsigned char character) {
     }
 }
 
-// The length of the well-formed sequence at the start of the bytes; 0 when there is none.
+// The length of the well-formed sequence at the start of the bytes; 0 if there is none.
 std::size_t sequenceLength(std::string_view bytes) {
     const auto at = [&](std::size_t i) { return static_cast<unsigned char>(bytes[i]); };
     const unsigned char lead = at(0);

@@ -12,7 +12,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-// Several pictures of up to 1024 × 1024 pixels, in 32-bit units.
+// Several images of up to 1024 × 1024 pixels, in 32-bit units.
 constexpr std::uint32_t longestIcon = 4u << 20;
 constexpr std::uint32_t largestSide = 1024;
 
@@ -24,7 +24,8 @@ struct OfferedIcon {
     int side() const { return std::max(width, height); }
 };
 
-// Width, height and that many pixels, again and again; what does not add up ends the list.
+// A sequence of images, each with width, height and that many pixels; an incomplete one ends the
+// list.
 std::vector<OfferedIcon> offeredIcons(std::span<const std::uint32_t> numbers) {
     std::vector<OfferedIcon> offered;
     while (numbers.size() > 2) {

@@ -9,8 +9,8 @@
 
 namespace larkspan::x11 {
 
-/// The icon that a window carries itself. Asked of the X server when it is first drawn; what was
-/// drawn then is kept, since the window may be gone the next time. Must not outlive the connection.
+/// The icon of the window itself. Requested from the X server when it is first drawn, and cached,
+/// since the window may be gone the next time. Must not outlive the connection.
 class WindowIcon : public Image {
   public:
     WindowIcon(X11Connection& connection, WindowId window);
@@ -25,7 +25,7 @@ class WindowIcon : public Image {
     WindowId window_;
     std::string identity_;
     mutable std::mutex mutex_;
-    /// The size that was chosen of those the window offers.
+    /// The size that was chosen from those of the window.
     mutable Bitmap kept_;
     mutable int keptFor_ = 0;
 };

@@ -13,7 +13,7 @@ namespace {
 constexpr std::uint32_t longestList = 1u << 16;
 constexpr std::uint32_t mostDesktops = 1024;
 
-// In which frame a window is, which no property tells.
+// The frame around the window, which no property names.
 constexpr auto frameFacet = ClientPropertyReader::Facets{1} << 30;
 
 xcb_get_property_cookie_t askRoot(X11Connection& connection, xcb_atom_t property,
@@ -29,7 +29,7 @@ std::vector<std::uint32_t> numbers(X11Connection& connection, xcb_get_property_c
     return {first, first + reply->value_len};
 }
 
-// Of the monitors' arrangement a change of the root window's shape may be all that is told.
+// A change of the root window's size may be the only event when the monitors change.
 constexpr std::uint32_t rootEvents =
     XCB_EVENT_MASK_PROPERTY_CHANGE | XCB_EVENT_MASK_STRUCTURE_NOTIFY;
 
@@ -41,7 +41,7 @@ void selectEvents(X11Connection& connection, xcb_window_t window, std::uint32_t 
     xcb_change_window_attributes(connection.raw(), window, XCB_CW_EVENT_MASK, &mask);
 }
 
-// Panels and the desktop's own background are no application's windows.
+// Panels and the desktop's own background belong to no application.
 bool isOfDesktopItself(ClientWindow::Kind kind) {
     return kind == ClientWindow::Kind::dock || kind == ClientWindow::Kind::desktop;
 }
@@ -60,7 +60,7 @@ WindowMirror::WindowMirror(X11Connection& connection, double scale, FindOwner fi
     , eventSubscription_(
           connection.events.subscribe([this](const xcb_generic_event_t& event) { handle(event); }))
     , drainedSubscription_(connection.drained.subscribe([this] { refresh(); })) {
-    // Selected before the first read, so that nothing can change unseen in between.
+    // Selected before the first read, so that no change in between is missed.
     selectEvents(connection_, connection_.root(), rootEvents);
     refresh();
 }
@@ -98,7 +98,7 @@ void WindowMirror::handle(const xcb_generic_event_t& event) {
     case XCB_UNMAP_NOTIFY:
     case XCB_CREATE_NOTIFY:
     case XCB_CIRCULATE_NOTIFY:
-        // The window manager's list tells of these, where there is one.
+        // With a window manager, its list is used instead.
         if (manager_ == 0) stale_.windows = true;
         break;
     default:
@@ -128,8 +128,8 @@ void WindowMirror::makeStale(WindowId window, ClientPropertyReader::Facets facet
     found->second.stale |= facets;
 }
 
-// The answer to a read counts and not the event: the X server's own counts from the frame. A window
-// in a frame moves with it, and not every window manager tells the window of each move.
+// The values come from a read and not from the event, whose coordinates are relative to the frame.
+// A window moves with its frame, and not every window manager sends it an event for that.
 void WindowMirror::handleConfigure(const xcb_configure_notify_event_t& event) {
     if (manager_ == 0) stale_.windows = true;
     makeStale(event.window, ClientPropertyReader::geometryFacet);
@@ -150,7 +150,7 @@ void WindowMirror::refresh() {
     if (std::exchange(active_, front) != front) hasChanged_ = true;
 }
 
-// The manager's window names itself; a window left over from a manager that died does not count.
+// The manager's window names itself; a window left by a dead manager does not count.
 void WindowMirror::readManager() {
     const auto check = connection_.atoms().netSupportingWmCheck;
     const auto named = numberOr(0, numbers(connection_, askRoot(connection_, check)));
@@ -203,7 +203,7 @@ void WindowMirror::takeActive(WindowId window) {
     if (std::exchange(activeForManager_, window) != window && window != 0) activatedHere_ = 0;
 }
 
-// Without a window manager: what shows on the root window and is not a menu or a tooltip.
+// Without a window manager: visible windows on the root window that are not menus or tooltips.
 std::vector<WindowId> WindowMirror::topLevelWindows() {
     const auto tree = connection_.reply(xcb_query_tree_reply,
                                         xcb_query_tree(connection_.raw(), connection_.root()));
@@ -226,8 +226,8 @@ std::vector<WindowId> WindowMirror::topLevelWindows() {
 
 void WindowMirror::takeStacking(std::vector<WindowId> bottomToTop) {
     const std::unordered_set<WindowId> listed(bottomToTop.begin(), bottomToTop.end());
-    // One that was gone when it was read and is listed still may be a new window by now: the X
-    // server gives numbers out again.
+    // A window that was gone when it was read but is still listed may be a new one: the X server
+    // reuses numbers.
     std::erase_if(clients_, [&](const auto& entry) {
         return !listed.contains(entry.first) || entry.second.isGone;
     });
@@ -246,8 +246,8 @@ void WindowMirror::adopt(WindowId window) {
     staleClients_.push_back(window);
 }
 
-// Level by level, the requests about all windows at once. Before the places are read, so that no
-// frame can move unseen in between.
+// Level by level, with one round trip for all windows. Before the positions are read, so that no
+// move of a frame in between is missed.
 void WindowMirror::findFrames() {
     struct Climb {
         WindowId client = 0;
@@ -270,7 +270,7 @@ void WindowMirror::findFrames() {
                 return false;
             }
             if (climb.at == climb.client) return true;
-            // Of a managed window with another in it more is selected already.
+            // If a managed window contains another one, more events are already selected on it.
             if (!clients_.contains(climb.at))
                 selectEvents(connection_, climb.at, XCB_EVENT_MASK_STRUCTURE_NOTIFY);
             framed_[climb.at] = climb.client;
@@ -299,8 +299,8 @@ void WindowMirror::refreshClients() {
     }
 }
 
-// Facts alone do not show that the window was there when its events were asked for: its number may
-// have gone to a new window in between, of whose changes nothing would be heard.
+// The properties alone do not prove that the window existed when its events were selected: its
+// number may have been given to a new window in between, whose changes would then be missed.
 bool WindowMirror::collect(Client& client, const ClientPropertyReader::Pending& read) {
     const bool isThere = reader_.collect(read, client.facts);
     if (!client.selection) return isThere;
@@ -317,7 +317,7 @@ void WindowMirror::show(Client& client, ProcessId owner) {
     needsPublishing_ = true;
 }
 
-// A dialog that does not say whose it is belongs to the window it stands before.
+// A dialog that does not name its application belongs to the window it is transient for.
 ProcessId WindowMirror::ownerOf(const Client& client) const {
     const auto& facts = client.facts;
     const auto kind = describe(facts, connection_.atoms(), scale_).kind;

@@ -11,41 +11,41 @@
 
 namespace larkspan::x11 {
 
-/// The managed windows as they are now, kept up to date by the X server's events: reading them asks
-/// nobody. Without a window manager the mapped top-level windows stand in for the managed ones.
-/// Main thread only.
+/// The current managed windows, kept up to date by the X server's events: reading them sends no
+/// request. Without a window manager, the mapped top-level windows are used instead. Main thread
+/// only.
 class WindowMirror {
   public:
-    /// Names the application that owns a window; 0 when it belongs to none that is shown.
+    /// Returns the application that owns a window; 0 if it belongs to none that is shown.
     using FindOwner = std::function<ProcessId(const ClientProperties&)>;
 
     /// Reads everything once. `scale` is pixels per point.
     WindowMirror(X11Connection& connection, double scale, FindOwner findOwner);
 
-    /// Front to back. Windows of this program are left out.
+    /// Front to back. Windows of this program are excluded.
     const std::vector<ClientWindowRef>& windows() const { return windows_; }
-    /// 0 when none is active.
+    /// 0 if none is active.
     WindowId activeWindow() const { return active_; }
     std::uint32_t currentDesktop() const { return currentDesktop_; }
     std::uint32_t desktopCount() const { return desktopCount_; }
     bool hasWindowManager() const { return manager_ != 0; }
-    /// Whether the window manager understands the request, such as `_NET_RESTACK_WINDOW`.
+    /// Whether the window manager supports the request, such as `_NET_RESTACK_WINDOW`.
     bool isSupported(xcb_atom_t request) const;
 
-    /// Whether anything differs from when this was last asked.
+    /// Whether anything changed since the last call.
     bool takeChanged() { return std::exchange(hasChanged_, false); }
-    /// Finds the owners anew, after the installed applications changed.
+    /// Determines the owners again, after the installed applications changed.
     void findOwnersAgain();
-    /// Says that this program has asked for the window to be active. Where no window manager calls
-    /// it so, since none runs or the window declines the keyboard, it is taken for the active one
-    /// while it stands before all others, until another is.
+    /// Call it when this program has asked for the window to become active. If no window manager
+    /// reports it as active, because none runs or because the window declines the focus, it counts
+    /// as active while it is in front of all others, until another window becomes active.
     void noteActivated(WindowId window);
 
   private:
     struct Client {
         ClientProperties facts;
         ClientWindowRef window;
-        /// Asks for the window's events; its answer is awaited with the first facts.
+        /// Selects the window's events; checked together with its first properties.
         std::optional<xcb_void_cookie_t> selection;
         ClientPropertyReader::Facets stale = ClientPropertyReader::allFacets;
         bool isGone = false;
@@ -83,7 +83,7 @@ class WindowMirror {
     ClientPropertyReader reader_;
     double scale_;
     FindOwner findOwner_;
-    /// The facts that decide whose a window is.
+    /// The properties that decide which application owns a window.
     ClientPropertyReader::Facets identityFacets_;
     Handle eventSubscription_;
     Handle drainedSubscription_;
@@ -92,17 +92,17 @@ class WindowMirror {
     xcb_window_t manager_ = 0;
     std::vector<xcb_atom_t> supported_;
     WindowId active_ = 0;
-    /// As the window manager says.
+    /// As reported by the window manager.
     WindowId activeForManager_ = 0;
-    /// What this program made active and the window manager does not call so; 0 when there is none.
+    /// What this program made active and the window manager does not report as such; 0 if none.
     WindowId activatedHere_ = 0;
     std::uint32_t currentDesktop_ = 0;
     std::uint32_t desktopCount_ = 1;
 
     std::unordered_map<WindowId, Client> clients_;
-    /// By the window manager's frame, the window in it.
+    /// The managed window in each of the window manager's frames.
     std::unordered_map<xcb_window_t, WindowId> framed_;
-    /// Of the windows in `clients_`, those with something stale.
+    /// The windows in `clients_` that have something stale.
     std::vector<WindowId> staleClients_;
     /// Bottom to top, as the window manager lists them.
     std::vector<WindowId> stacking_;

@@ -4,8 +4,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-// The window manager lets a pager do what it would refuse an application that pushes itself
-// forward.
+// Window managers accept requests from a pager that they would refuse from an application.
 constexpr std::uint32_t fromPager = 2;
 constexpr std::uint32_t normalState = 1;
 
@@ -44,9 +43,9 @@ void WindowRequests::iconify(WindowId window) {
     });
 }
 
-// Mapping an iconified window is how a client itself asks for it; every window manager obeys. But a
-// window manager may call a window iconified a moment before it unmaps it, and to map it then asks
-// for nothing. Who understands the message puts it back in that case too.
+// Mapping an iconified window is the client's own way to restore it, and every window manager
+// supports it. But a window manager may mark a window as iconified a moment before it unmaps it,
+// and mapping it then has no effect. Those that support the message restore it in that case too.
 void WindowRequests::restore(WindowId window) {
     connection_.perform([this, window] {
         xcb_map_window(connection_.raw(), window);

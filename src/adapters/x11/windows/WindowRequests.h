@@ -5,26 +5,26 @@
 
 namespace larkspan::x11 {
 
-/// What a bar may ask about windows: requests to the window manager, which decides. Without one the
-/// windows are changed directly where that is possible. Nothing is awaited. Any thread.
+/// What a bar can request for windows. The requests go to the window manager, which decides;
+/// without one, the windows are changed directly if possible. Does not wait. Any thread.
 class WindowRequests {
   public:
     WindowRequests(X11Connection& connection, WindowMirror& mirror)
         : connection_(connection)
         , mirror_(mirror) {}
 
-    /// Shows the window wherever it is, in front and with the keyboard's focus.
+    /// Shows the window on whichever desktop it is, in front and with the focus.
     void activate(WindowId window);
     /// In front of the others, without the focus.
     void raise(WindowId window);
     void iconify(WindowId window);
-    /// Shows an iconified window, without the focus as far as the window manager keeps to that.
+    /// Shows an iconified window, without the focus if the window manager supports that.
     void restore(WindowId window);
-    /// False without a window manager: only it knows of desktops. Main thread only.
+    /// Returns false without a window manager, since there are no desktops then. Main thread only.
     bool moveToDesktop(WindowId window, std::uint32_t desktop);
-    /// As the close button does: the client may ask its user first.
+    /// Like the close button: the client may ask its user first.
     void close(WindowId window);
-    /// Ends the client's connection to the X server, and with it all its windows.
+    /// Closes the client's connection to the X server, and with it all its windows.
     void kill(WindowId window);
 
   private:

@@ -15,7 +15,7 @@ class Element : public AXElement {
         , number(elementNumber) {}
 
     const Role role;
-    /// Of the application or the window.
+    /// The number of the application or the window.
     const std::uint32_t number;
 };
 
@@ -94,7 +94,7 @@ AXAttribute X11Accessibility::applicationAttribute(ProcessId pid, std::string_vi
     const auto desktop = board_.newest();
     if (name == "AXWindows") {
         const auto windows = desktop->windowsOf(pid);
-        if (!isAnswering(windows)) return failed(AXError::cannotComplete);
+        if (!isResponding(windows)) return failed(AXError::cannotComplete);
         std::vector<AXElementRef> elements;
         for (const auto& window : windows)
             elements.push_back(makeElement(Element::Role::window, window->id));
@@ -108,14 +108,14 @@ AXAttribute X11Accessibility::applicationAttribute(ProcessId pid, std::string_vi
     return failed(AXError::attributeUnsupported);
 }
 
-/// The processes of one application are one to its user: it answers when any of its windows does.
-bool X11Accessibility::isAnswering(const std::vector<ClientWindowRef>& windows) const {
+/// For the user, the processes of one application are one: it responds if any of its windows does.
+bool X11Accessibility::isResponding(const std::vector<ClientWindowRef>& windows) const {
     std::vector<WindowId> asked;
     for (const auto& window : windows)
-        if (window->answersPings) asked.push_back(window->id);
-    // A window that cannot be asked may well be of a process that answers.
+        if (window->supportsPings) asked.push_back(window->id);
+    // A window that cannot be pinged may belong to a process that responds.
     if (asked.size() < windows.size()) return true;
-    return ping_.isAnswered(asked, messagingTimeout_);
+    return ping_.hasReply(asked, messagingTimeout_);
 }
 
 AXAttribute X11Accessibility::windowAttribute(const ClientWindow& window,
@@ -198,20 +198,20 @@ bool X11Accessibility::exists(const AXElementRef& reference) const {
 Handle X11Accessibility::observe(const AXElementRef& reference, std::string_view notification,
                                  std::function<void()> callback) const {
     if (!exists(reference)) return {};
-    auto tellIfMeant = [name = std::string(notification), pid = pid(reference),
-                        only = window(reference),
-                        callback = std::move(callback)](const News& news) {
-        if (news.notification == name && news.pid == pid && (!only || news.window == only))
-            callback();
+    auto notifyIfMatching = [name = std::string(notification), pid = pid(reference),
+                             only = window(reference),
+                             callback = std::move(callback)](const Notification& sent) {
+        if (sent.name == name && sent.pid == pid && (!only || sent.window == only)) callback();
     };
-    // Begun on the main thread, which may be after the handle has ended there.
+    // Created on the main thread, maybe after the handle has ended there.
     struct Observation {
         Handle subscription;
         bool hasEnded = false;
     };
     auto observation = std::make_shared<Observation>();
-    connection_.perform([this, observation, tellIfMeant = std::move(tellIfMeant)] {
-        if (!observation->hasEnded) observation->subscription = news_.subscribe(tellIfMeant);
+    connection_.perform([this, observation, notifyIfMatching = std::move(notifyIfMatching)] {
+        if (!observation->hasEnded)
+            observation->subscription = notifications_.subscribe(notifyIfMatching);
     });
     return Handle([observation] {
         observation->hasEnded = true;
@@ -220,24 +220,24 @@ Handle X11Accessibility::observe(const AXElementRef& reference, std::string_view
 }
 
 void X11Accessibility::announceSince(const DesktopSnapshot& before) {
-    if (!news_.hasSubscribers()) return;
+    if (!notifications_.hasSubscribers()) return;
     const auto now = board_.newest();
-    const auto tell = [this](const ClientWindow& window, std::string_view notification) {
-        news_.emit({notification, window.owner, window.id});
+    const auto announce = [this](const ClientWindow& window, std::string_view notification) {
+        notifications_.emit({notification, window.owner, window.id});
     };
     for (const auto& was : before.windows) {
         const auto is = now->find(was->id);
         if (is == was) continue;
         if (!is) {
-            tell(*was, "AXUIElementDestroyed");
+            announce(*was, "AXUIElementDestroyed");
             continue;
         }
         const Rect &from = was->bounds, &to = is->bounds;
-        if (from.x != to.x || from.y != to.y) tell(*is, "AXWindowMoved");
-        if (from.width != to.width || from.height != to.height) tell(*is, "AXWindowResized");
+        if (from.x != to.x || from.y != to.y) announce(*is, "AXWindowMoved");
+        if (from.width != to.width || from.height != to.height) announce(*is, "AXWindowResized");
     }
     const auto active = now->find(now->activeWindow);
-    if (active && active->id != before.activeWindow) tell(*active, "AXFocusedWindowChanged");
+    if (active && active->id != before.activeWindow) announce(*active, "AXFocusedWindowChanged");
 }
 
 } // namespace larkspan::x11

@@ -13,16 +13,16 @@
 namespace larkspan::x11 {
 
 /// The managed windows as a Mac's Accessibility tree: applications, their windows on every desktop,
-/// each window's close button. Answers come from the newest snapshot; requests go to the window
-/// manager. Only the windows of an application are asked of itself, by a ping that is awaited up to
-/// the messaging time-out, and only off the main thread. No permission is needed. Observers are
-/// told what differs from one snapshot to the next: AXFocusedWindowChanged (also when the app comes
-/// forward, since an app behind has no focused window here), AXWindowMoved, AXWindowResized and
-/// AXUIElementDestroyed.
+/// each window's close button. Values come from the newest snapshot; requests go to the window
+/// manager. Only reading the windows of an application involves the application: it is pinged, for
+/// up to the messaging time-out, and only off the main thread. No permission is needed. Observers
+/// are notified of the differences between snapshots: AXFocusedWindowChanged (also when the app
+/// comes forward, since an app behind has no focused window here), AXWindowMoved, AXWindowResized
+/// and AXUIElementDestroyed.
 class X11Accessibility : public Accessibility {
   public:
-    /// `setMainWindow` remembers which window of its application comes forward first; it is called
-    /// on the main thread.
+    /// `setMainWindow` stores which window of its application comes forward first; it is called on
+    /// the main thread.
     X11Accessibility(X11Connection& connection, const SnapshotBoard& board,
                      WindowRequests& requests, const ClientPing& ping,
                      std::function<void(ProcessId, WindowId)> setMainWindow);
@@ -44,14 +44,14 @@ class X11Accessibility : public Accessibility {
     Handle observe(const AXElementRef& element, std::string_view notification,
                    std::function<void()> callback) const override;
 
-    /// Tells what differs between the snapshot and the newest. Main thread only.
+    /// Announces the differences between the snapshot and the newest one. Main thread only.
     void announceSince(const DesktopSnapshot& before);
 
   private:
     static constexpr float defaultMessagingTimeout = 6;
 
-    struct News {
-        std::string_view notification;
+    struct Notification {
+        std::string_view name;
         ProcessId pid = 0;
         WindowId window = 0;
     };
@@ -59,7 +59,7 @@ class X11Accessibility : public Accessibility {
     bool exists(const AXElementRef& element) const;
     AXAttribute applicationAttribute(ProcessId pid, std::string_view name) const;
     AXAttribute windowAttribute(const ClientWindow& window, std::string_view name) const;
-    bool isAnswering(const std::vector<ClientWindowRef>& windows) const;
+    bool isResponding(const std::vector<ClientWindowRef>& windows) const;
     void makeMain(const ClientWindow& window) const;
 
     X11Connection& connection_;
@@ -70,7 +70,7 @@ class X11Accessibility : public Accessibility {
     mutable std::atomic<float> messagingTimeout_ = defaultMessagingTimeout;
     std::function<void(ProcessId, WindowId)> setMainWindow_;
     /// Main thread only.
-    mutable Signal<const News&> news_;
+    mutable Signal<const Notification&> notifications_;
 };
 
 } // namespace larkspan::x11

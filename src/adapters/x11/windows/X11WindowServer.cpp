@@ -6,7 +6,7 @@ namespace larkspan::x11 {
 
 namespace {
 
-// The layers on which a Mac has windows of these kinds; only layer 0 holds ordinary ones.
+// The layers of such windows on a Mac; only layer 0 has ordinary ones.
 int layerOf(ClientWindow::Kind kind) {
     switch (kind) {
     case ClientWindow::Kind::normal:
@@ -39,13 +39,13 @@ SpaceId spaceOf(DisplayId display, std::uint32_t desktop) {
 }
 
 ManagedSpace managedSpace(DisplayId display, std::uint32_t desktop) {
-    // The first desktop of a display has no identifier on a Mac either.
+    // On a Mac, the first desktop of a display has no identifier either.
     return {.id64 = spaceOf(display, desktop),
             .type = 0,
             .uuid = desktop == 0 ? std::string() : fmt::format("{}-{}", display, desktop + 1)};
 }
 
-/// The desktop that a Space of the display stands for.
+/// The desktop number of a Space.
 std::uint32_t desktopOf(SpaceId space) {
     return static_cast<std::uint32_t>(space) - 1;
 }
@@ -54,7 +54,8 @@ DisplayId displayOf(SpaceId space) {
     return static_cast<DisplayId>(space >> 32);
 }
 
-/// Calls with each window that the option asks for, front to back, and whether it is on screen.
+/// Calls `visit` with each window that the option selects, front to back, and whether it is on
+/// screen.
 template <typename Visit>
 void visitListed(const DesktopSnapshot& desktop, std::uint32_t option, Visit visit) {
     for (const auto& window : desktop.windows) {

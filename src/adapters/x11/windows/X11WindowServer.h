@@ -8,8 +8,8 @@
 namespace larkspan::x11 {
 
 /// The managed windows as a Mac's window list, and each desktop of the window manager as one Space
-/// on every display. A Space's identifier is display × 2³² + desktop + 1. Windows of
-/// other desktops are not on screen, yet stay on their Space; iconified ones are on none.
+/// on every display. A Space's identifier is display × 2³² + desktop + 1. Windows of other desktops
+/// are not on screen, but they are on their Space; iconified ones are on no Space.
 class X11WindowServer : public WindowServer {
   public:
     X11WindowServer(const SnapshotBoard& board, WindowRequests& requests)
@@ -23,7 +23,7 @@ class X11WindowServer : public WindowServer {
     std::optional<std::vector<WindowId>> windowNumbers(std::uint32_t option) const override;
     std::optional<std::vector<ManagedDisplay>> managedDisplaySpaces() const override;
     std::optional<std::vector<WindowId>> windowsOfSpace(SpaceId space) const override;
-    /// Moves no window to another display: there is no such request.
+    /// Cannot move a window to another display: there is no such request.
     bool moveWindows(const std::vector<WindowId>& windows, SpaceId space) override;
     Handle subscribe(std::function<void()> callback) override {
         return changed_.subscribe(std::move(callback));

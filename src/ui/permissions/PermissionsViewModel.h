@@ -1,6 +1,6 @@
 #pragma once
 
-#include "app/PermissionsWindow.h"
+#include "app/PermissionsModel.h"
 #include "ui/parts/Appearance.h"
 
 #include <QObject>
@@ -10,8 +10,8 @@
 
 namespace larkspan::ui {
 
-/// What the view of the permissions window shows and asks for. Main thread only.
-class PermissionsScene : public QObject {
+/// Exposes the permissions to the view of the permissions window. Main thread only.
+class PermissionsViewModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the window")
@@ -20,7 +20,7 @@ class PermissionsScene : public QObject {
     Q_PROPERTY(larkspan::ui::Appearance* appearance READ appearance CONSTANT)
 
   public:
-    PermissionsScene(PermissionsWindow& permissions, Appearance& appearance);
+    PermissionsViewModel(PermissionsModel& permissions, Appearance& appearance);
 
     bool hasAccessibility() const { return *permissions_.hasAccessibility; }
     bool hasScreenRecording() const { return *permissions_.hasScreenRecording; }
@@ -34,7 +34,7 @@ class PermissionsScene : public QObject {
     void changed();
 
   private:
-    PermissionsWindow& permissions_;
+    PermissionsModel& permissions_;
     Appearance& appearance_;
     std::vector<Handle> observations_;
 };

@@ -1,7 +1,7 @@
 #pragma once
 
 #include "ui/parts/Views.h"
-#include "ui/permissions/PermissionsScene.h"
+#include "ui/permissions/PermissionsViewModel.h"
 
 #include <QObject>
 #include <QQuickWindow>
@@ -10,16 +10,16 @@
 
 namespace larkspan::ui {
 
-/// The permissions window on the desktop. Made when it is first to be shown and kept from then on;
-/// closing it hides it. Main thread only.
-class PermissionsPanel final : public QObject {
+/// The permissions window on the desktop. Created when it is first shown, and then kept; closing it
+/// hides it. Main thread only.
+class PermissionsWindow final : public QObject {
     Q_OBJECT
 
   public:
-    PermissionsPanel(PermissionsWindow& permissions, Views& views, Appearance& appearance);
-    ~PermissionsPanel() override;
+    PermissionsWindow(PermissionsModel& permissions, Views& views, Appearance& appearance);
+    ~PermissionsWindow() override;
 
-    /// Nullptr until it is first shown.
+    /// nullptr until it is first shown.
     QQuickWindow* window() { return window_.get(); }
 
     bool eventFilter(QObject* object, QEvent* event) override;
@@ -28,9 +28,9 @@ class PermissionsPanel final : public QObject {
     void update();
     void makeWindow();
 
-    PermissionsWindow& permissions_;
+    PermissionsModel& permissions_;
     Views& views_;
-    PermissionsScene scene_;
+    PermissionsViewModel viewModel_;
     std::unique_ptr<QQuickWindow> window_;
     std::unique_ptr<QQuickItem> view_;
     Handle observation_;

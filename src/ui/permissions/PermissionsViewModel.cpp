@@ -1,8 +1,8 @@
-#include "ui/permissions/PermissionsScene.h"
+#include "ui/permissions/PermissionsViewModel.h"
 
 namespace larkspan::ui {
 
-PermissionsScene::PermissionsScene(PermissionsWindow& permissions, Appearance& appearance)
+PermissionsViewModel::PermissionsViewModel(PermissionsModel& permissions, Appearance& appearance)
     : permissions_(permissions)
     , appearance_(appearance) {
     for (Observed<bool>* flag : {&permissions.hasAccessibility, &permissions.hasScreenRecording})

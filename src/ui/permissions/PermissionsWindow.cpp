@@ -1,4 +1,4 @@
-#include "ui/permissions/PermissionsPanel.h"
+#include "ui/permissions/PermissionsWindow.h"
 
 #include <QEvent>
 #include <QGuiApplication>
@@ -6,18 +6,18 @@
 
 namespace larkspan::ui {
 
-PermissionsPanel::PermissionsPanel(PermissionsWindow& permissions, Views& views,
-                                   Appearance& appearance)
+PermissionsWindow::PermissionsWindow(PermissionsModel& permissions, Views& views,
+                                     Appearance& appearance)
     : permissions_(permissions)
     , views_(views)
-    , scene_(permissions, appearance)
+    , viewModel_(permissions, appearance)
     , observation_(permissions.isShown.observe([this] { update(); })) {}
 
-PermissionsPanel::~PermissionsPanel() {
+PermissionsWindow::~PermissionsWindow() {
     view_.reset();
 }
 
-void PermissionsPanel::update() {
+void PermissionsWindow::update() {
     if (!*permissions_.isShown) {
         window_->hide();
         return;
@@ -26,8 +26,9 @@ void PermissionsPanel::update() {
     window_->show();
 }
 
-void PermissionsPanel::makeWindow() {
-    view_ = views_.make("permissions/PermissionsView", {{"scene", QVariant::fromValue(&scene_)}});
+void PermissionsWindow::makeWindow() {
+    view_ = views_.make("permissions/PermissionsView",
+                        {{"viewModel", QVariant::fromValue(&viewModel_)}});
     window_ = std::make_unique<QQuickWindow>();
     window_->setTitle("Larkspan");
     window_->setFlags(Qt::Window | Qt::CustomizeWindowHint | Qt::WindowTitleHint |
@@ -43,7 +44,7 @@ void PermissionsPanel::makeWindow() {
     window_->setGeometry(frame);
 }
 
-bool PermissionsPanel::eventFilter(QObject*, QEvent* event) {
+bool PermissionsWindow::eventFilter(QObject*, QEvent* event) {
     if (event->type() != QEvent::Close) return false;
     permissions_.close();
     return true;

@@ -9,27 +9,27 @@
 
 namespace larkspan {
 
-/// What the permissions window shows and does: which of the two permissions the program has, kept
-/// fresh while the window is shown, and the way to grant each. On a desktop that grants everything
-/// it is never asked to show. Main thread only.
-class PermissionsWindow {
+/// The state and the actions of the permissions window: which of the two permissions the program
+/// has, updated while the window is shown, and how to grant each. Never shown on a desktop that
+/// grants everything. Main thread only.
+class PermissionsModel {
   public:
-    PermissionsWindow(Scheduler& scheduler, Accessibility& accessibility,
-                      ScreenCapture& screenCapture, ApplicationControl& applications,
-                      HostApplication& application);
-    PermissionsWindow(const PermissionsWindow&) = delete;
-    PermissionsWindow& operator=(const PermissionsWindow&) = delete;
+    PermissionsModel(Scheduler& scheduler, Accessibility& accessibility,
+                     ScreenCapture& screenCapture, ApplicationControl& applications,
+                     HostApplication& application);
+    PermissionsModel(const PermissionsModel&) = delete;
+    PermissionsModel& operator=(const PermissionsModel&) = delete;
 
     Observed<bool> hasAccessibility;
     Observed<bool> hasScreenRecording;
     Observed<bool> isShown;
 
-    /// Both permissions, asked of the system now.
+    /// Whether the system grants both permissions now.
     bool hasAll() const;
 
     /// Brings the program and its window to the front.
     void show();
-    /// Hides the window; it is kept for the next time.
+    /// Hides the window, which is kept.
     void close();
 
     void grantAccessibility();

@@ -1,4 +1,4 @@
-#include "app/PermissionsWindow.h"
+#include "app/PermissionsModel.h"
 
 #include <string>
 
@@ -6,7 +6,7 @@ namespace larkspan {
 namespace {
 
 constexpr double refreshSeconds = 0.5;
-/// Asking for the screen recording permission is dear, so it is asked more seldom.
+/// Reading the screen recording permission is slow, so it is read less often.
 constexpr double screenReadingSeconds = 1;
 
 std::string privacyPane(const char* pane) {
@@ -15,20 +15,20 @@ std::string privacyPane(const char* pane) {
 
 } // namespace
 
-PermissionsWindow::PermissionsWindow(Scheduler& scheduler, Accessibility& accessibility,
-                                     ScreenCapture& screenCapture, ApplicationControl& applications,
-                                     HostApplication& application)
+PermissionsModel::PermissionsModel(Scheduler& scheduler, Accessibility& accessibility,
+                                   ScreenCapture& screenCapture, ApplicationControl& applications,
+                                   HostApplication& application)
     : scheduler_(scheduler)
     , accessibility_(accessibility)
     , screenCapture_(screenCapture)
     , applications_(applications)
     , application_(application) {}
 
-bool PermissionsWindow::hasAll() const {
+bool PermissionsModel::hasAll() const {
     return accessibility_.isProcessTrusted() && screenCapture_.preflightAccess();
 }
 
-void PermissionsWindow::show() {
+void PermissionsModel::show() {
     if (isShown.set(true)) {
         hasScreenRecording.set(screenCapture_.preflightAccess());
         lastScreenReading_ = scheduler_.uptime();
@@ -38,24 +38,24 @@ void PermissionsWindow::show() {
     application_.activate();
 }
 
-void PermissionsWindow::close() {
+void PermissionsModel::close() {
     refreshing_.reset();
     isShown.set(false);
 }
 
-void PermissionsWindow::refresh() {
+void PermissionsModel::refresh() {
     hasAccessibility.set(accessibility_.isProcessTrusted());
     if (scheduler_.uptime() - lastScreenReading_ <= screenReadingSeconds) return;
     lastScreenReading_ = scheduler_.uptime();
     hasScreenRecording.set(screenCapture_.preflightAccess());
 }
 
-void PermissionsWindow::grantAccessibility() {
+void PermissionsModel::grantAccessibility() {
     accessibility_.requestTrust();
     applications_.open(privacyPane("Privacy_Accessibility"));
 }
 
-void PermissionsWindow::grantScreenRecording() {
+void PermissionsModel::grantScreenRecording() {
     if (!screenCapture_.requestAccess()) applications_.open(privacyPane("Privacy_ScreenCapture"));
 }
 

@@ -1,4 +1,4 @@
-#include "ui/permissions/PermissionsPanel.h"
+#include "ui/permissions/PermissionsWindow.h"
 
 #include "adapters/sim/SimMac.h"
 #include "ui/keepPicture.h"
@@ -14,13 +14,13 @@ namespace larkspan::ui {
 
 namespace {
 
-class PermissionsPanelTest : public testing::Test {
+class PermissionsWindowTest : public testing::Test {
   protected:
-    PermissionsPanelTest() {
+    PermissionsWindowTest() {
         mac.refuseAccessibility();
         mac.refuseScreenRecording();
     }
-    ~PermissionsPanelTest() override { QGuiApplication::setLayoutDirection(Qt::LeftToRight); }
+    ~PermissionsWindowTest() override { QGuiApplication::setLayoutDirection(Qt::LeftToRight); }
 
     /// One item of each row, in the order of the rows.
     template <typename Item>
@@ -31,7 +31,7 @@ class PermissionsPanelTest : public testing::Test {
                 found.push_back(item);
         return found;
     }
-    QQuickItem* view() { return panel.window()->contentItem()->childItems().front(); }
+    QQuickItem* view() { return permissionsWindow.window()->contentItem()->childItems().front(); }
     std::vector<QString> symbols() {
         std::vector<QString> names;
         for (SymbolItem* item : items<SymbolItem>("symbol"))
@@ -39,29 +39,28 @@ class PermissionsPanelTest : public testing::Test {
         return names;
     }
     QImage picture(const char* name) {
-        const QImage picture = panel.window()->grabWindow();
+        const QImage picture = permissionsWindow.window()->grabWindow();
         keepPicture(picture, name);
         return picture;
     }
 
     sim::SimMac mac;
     Platform platform = mac.platform();
-    PermissionsWindow permissions{platform.scheduler, platform.accessibility,
-                                  platform.screenCapture, platform.applications,
-                                  platform.application};
+    PermissionsModel permissions{platform.scheduler, platform.accessibility, platform.screenCapture,
+                                 platform.applications, platform.application};
     Views views;
     Appearance appearance;
-    PermissionsPanel panel{permissions, views, appearance};
+    PermissionsWindow permissionsWindow{permissions, views, appearance};
     const QString check = "checkmark.circle.fill";
     const QString mark = "exclamationmark.circle.fill";
 };
 
 } // namespace
 
-TEST_F(PermissionsPanelTest, TheWindowIsMadeWhenFirstShownAndKept) {
-    EXPECT_EQ(panel.window(), nullptr);
+TEST_F(PermissionsWindowTest, TheWindowIsMadeWhenFirstShownAndKept) {
+    EXPECT_EQ(permissionsWindow.window(), nullptr);
     permissions.show();
-    QQuickWindow* window = panel.window();
+    QQuickWindow* window = permissionsWindow.window();
     ASSERT_NE(window, nullptr);
     EXPECT_EQ(window->size(), QSize(480, 320));
     EXPECT_EQ(window->title(), "Larkspan");
@@ -72,20 +71,20 @@ TEST_F(PermissionsPanelTest, TheWindowIsMadeWhenFirstShownAndKept) {
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_FALSE(window->isVisible());
     permissions.show();
-    EXPECT_EQ(panel.window(), window);
+    EXPECT_EQ(permissionsWindow.window(), window);
     EXPECT_TRUE(window->isVisible());
 }
 
-TEST_F(PermissionsPanelTest, ClosingTheWindowEndsTheReading) {
+TEST_F(PermissionsWindowTest, ClosingTheWindowEndsTheReading) {
     permissions.show();
     EXPECT_GT(mac.scheduler.timerCount(), 0U);
-    panel.window()->close();
-    EXPECT_FALSE(panel.window()->isVisible());
+    permissionsWindow.window()->close();
+    EXPECT_FALSE(permissionsWindow.window()->isVisible());
     EXPECT_FALSE(*permissions.isShown);
     EXPECT_EQ(mac.scheduler.timerCount(), 0U);
 }
 
-TEST_F(PermissionsPanelTest, ARowsSymbolTurnsWithItsPermission) {
+TEST_F(PermissionsWindowTest, ARowsSymbolTurnsWithItsPermission) {
     permissions.show();
     EXPECT_EQ(symbols(), (std::vector{mark, mark}));
     const QImage missing = picture("permissions-missing");
@@ -102,9 +101,9 @@ TEST_F(PermissionsPanelTest, ARowsSymbolTurnsWithItsPermission) {
     EXPECT_GT(qGreen(granted.pixel(disc)), qRed(granted.pixel(disc)) + 50);
 }
 
-TEST_F(PermissionsPanelTest, EachButtonAsksForItsOwnPermissionByPointerAndByKey) {
+TEST_F(PermissionsWindowTest, EachButtonAsksForItsOwnPermissionByPointerAndByKey) {
     permissions.show();
-    QQuickWindow* window = panel.window();
+    QQuickWindow* window = permissionsWindow.window();
     const auto buttons = items<QQuickItem>("grant");
     ASSERT_EQ(buttons.size(), 2U);
     const auto center = [](QQuickItem* item) {
@@ -122,7 +121,7 @@ TEST_F(PermissionsPanelTest, EachButtonAsksForItsOwnPermissionByPointerAndByKey)
     EXPECT_EQ(mac.screenCapture.requests(), 1);
 }
 
-TEST_F(PermissionsPanelTest, FollowsDarkContrastAndDirection) {
+TEST_F(PermissionsWindowTest, FollowsDarkContrastAndDirection) {
     permissions.show();
     mac.refuseScreenRecording(false);
     mac.scheduler.runFor(2);
