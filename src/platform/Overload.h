@@ -9,4 +9,8 @@ struct Overload : Functions... {
     using Functions::operator()...;
 };
 
+// Not every compiler deduces it.
+template <typename... Functions>
+Overload(Functions...) -> Overload<Functions...>;
+
 } // namespace larkspan
