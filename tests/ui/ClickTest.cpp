@@ -160,4 +160,20 @@ TEST(Panel, TilesThatWereRisingComeToRestInACrowdToo) {
     }));
 }
 
+TEST(Panel, APaddleScrollsTowardsItsEnd) {
+    BarOnScreen bar;
+    std::vector<std::string> names;
+    for (int i = 0; i < 70; ++i)
+        names.push_back("App" + std::to_string(i));
+    bar.openApps(names);
+    bar.start();
+    const QRectF glass = bar.model().glass();
+    const auto clickAt = [&bar](double x) {
+        QTest::mouseClick(&bar.panel().window(), Qt::LeftButton, {}, QPoint(qRound(x), 40));
+        return *bar.bar().scrollX;
+    };
+    EXPECT_GT(clickAt(glass.right() - 13), 0);
+    EXPECT_EQ(clickAt(glass.left() + 13), 0);
+}
+
 } // namespace larkspan::ui

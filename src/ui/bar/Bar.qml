@@ -69,14 +69,14 @@ Item {
     Paddle {
         bar: root.bar
         ink: root.ink
-        direction: BarViewModel.ToTheLeft
+        end: BarViewModel.LeftEnd
         anchors.right: view.left
     }
 
     Paddle {
         bar: root.bar
         ink: root.ink
-        direction: BarViewModel.ToTheRight
+        end: BarViewModel.RightEnd
         anchors.left: view.right
     }
 

@@ -128,8 +128,8 @@ void BarViewModel::setPointerInside(bool isInside) {
     Q_EMIT pointerInsideChanged(isInside);
 }
 
-void BarViewModel::scrollPage(Direction direction) {
-    bar_.scrollPage(direction == ToTheRight);
+void BarViewModel::scrollPage(End towards) {
+    bar_.scrollPage(towards == RightEnd);
 }
 
 void BarViewModel::click(int index, Qt::MouseButton button, Qt::KeyboardModifiers keys) {

@@ -55,8 +55,9 @@ class BarViewModel : public QObject {
     Q_PROPERTY(bool hasKeyboard READ hasKeyboard NOTIFY keyboardChanged)
 
   public:
-    enum Direction { ToTheLeft, ToTheRight };
-    Q_ENUM(Direction)
+    /// Of the bar.
+    enum End { LeftEnd, RightEnd };
+    Q_ENUM(End)
 
     /// What lies behind the bar, and how much of it can be seen.
     struct Surface {
@@ -104,7 +105,7 @@ class BarViewModel : public QObject {
     Q_INVOKABLE void setPointerInside(bool isInside);
     Q_INVOKABLE void hover(int index, bool isHovered) { bar_.hover(index, isHovered); }
     Q_INVOKABLE void scrollBy(double points) { bar_.scrollBy(points); }
-    Q_INVOKABLE void scrollPage(larkspan::ui::BarViewModel::Direction direction);
+    Q_INVOKABLE void scrollPage(larkspan::ui::BarViewModel::End towards);
     Q_INVOKABLE void click(int index, Qt::MouseButton button, Qt::KeyboardModifiers keys);
     Q_INVOKABLE void openTileMenu(int index) { bar_.openTileMenu(index); }
     Q_INVOKABLE void openBarMenu(double x) { bar_.openBarMenu(x); }

@@ -7,10 +7,10 @@ Item {
 
     required property BarViewModel bar
     required property color ink
-    /// A BarViewModel.Direction.
-    required property int direction
+    /// A BarViewModel.End, towards which it scrolls.
+    required property int end
 
-    readonly property bool isAtLeft: direction === BarViewModel.ToTheLeft
+    readonly property bool isAtLeft: end === BarViewModel.LeftEnd
     readonly property bool canScroll: isAtLeft ? bar.scrollX > 0 : bar.scrollX < bar.scrollRange
 
     visible: bar.scrolls
@@ -28,10 +28,10 @@ Item {
 
     TapHandler {
         enabled: paddle.canScroll
-        onTapped: paddle.bar.scrollPage(paddle.direction)
+        onTapped: paddle.bar.scrollPage(paddle.end)
     }
 
     Accessible.role: Accessible.Button
     Accessible.name: isAtLeft ? "Scroll left" : "Scroll right"
-    Accessible.onPressAction: bar.scrollPage(direction)
+    Accessible.onPressAction: bar.scrollPage(end)
 }

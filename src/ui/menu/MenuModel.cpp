@@ -7,15 +7,15 @@ namespace {
 MenuModel::Kind viewKind(MenuItem::Kind kind) {
     switch (kind) {
     case MenuItem::Kind::action:
-        return MenuModel::Action;
+        return MenuModel::ActionLine;
     case MenuItem::Kind::separator:
-        return MenuModel::Separator;
+        return MenuModel::SeparatorLine;
     case MenuItem::Kind::heading:
-        return MenuModel::Heading;
+        return MenuModel::HeadingLine;
     case MenuItem::Kind::submenu:
-        return MenuModel::Submenu;
+        return MenuModel::SubmenuLine;
     }
-    return MenuModel::Action;
+    return MenuModel::ActionLine;
 }
 
 MenuModel::Mark viewMark(MenuItem::Mark mark) {
@@ -23,9 +23,9 @@ MenuModel::Mark viewMark(MenuItem::Mark mark) {
     case MenuItem::Mark::none:
         return MenuModel::NoMark;
     case MenuItem::Mark::check:
-        return MenuModel::Check;
+        return MenuModel::CheckMark;
     case MenuItem::Mark::diamond:
-        return MenuModel::Diamond;
+        return MenuModel::DiamondMark;
     }
     return MenuModel::NoMark;
 }

@@ -17,9 +17,9 @@ class MenuModel : public QAbstractListModel {
     QML_UNCREATABLE("belongs to a menu")
 
   public:
-    enum Kind { Action, Separator, Heading, Submenu };
+    enum Kind { ActionLine, SeparatorLine, HeadingLine, SubmenuLine };
     Q_ENUM(Kind)
-    enum Mark { NoMark, Check, Diamond };
+    enum Mark { NoMark, CheckMark, DiamondMark };
     Q_ENUM(Mark)
 
     enum Role {

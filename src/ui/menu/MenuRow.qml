@@ -19,12 +19,12 @@ Item {
     required property int mark
     required property int depth
 
-    readonly property bool isSeparator: kind === MenuModel.Separator
-    readonly property bool isHeading: kind === MenuModel.Heading || kind === MenuModel.Submenu
+    readonly property bool isSeparator: kind === MenuModel.SeparatorLine
+    readonly property bool isHeading: kind === MenuModel.HeadingLine || kind === MenuModel.SubmenuLine
     readonly property bool isCurrent: menu.current === index
 
     // Room above a heading that has lines above it.
-    readonly property int lead: kind === MenuModel.Heading && index > 0 ? 5 : 0
+    readonly property int lead: kind === MenuModel.HeadingLine && index > 0 ? 5 : 0
 
     // A column leaves out what has no width at all.
     implicitWidth: isSeparator ? 1 : Math.min(Math.max(label.implicitWidth, other.implicitWidth), 340) + label.x + 14
@@ -47,9 +47,9 @@ Item {
         visible: row.mark !== MenuModel.NoMark
         anchors.verticalCenter: parent.verticalCenter
         x: 7
-        text: row.mark === MenuModel.Check ? "✓" : "◆"
+        text: row.mark === MenuModel.CheckMark ? "✓" : "◆"
         color: label.color
-        font.pixelSize: row.mark === MenuModel.Check ? 12 : 9
+        font.pixelSize: row.mark === MenuModel.CheckMark ? 12 : 9
         renderType: Text.NativeRendering
     }
 
