@@ -6,22 +6,23 @@ namespace {
 
 class LivePanel final : public BarPanel {
   public:
-    explicit LivePanel(std::vector<const LivePanels::Panel*>& alive)
+    LivePanel(std::vector<const LivePanels::Panel*>& alive, BarInteraction& bar)
         : alive_(alive) {
+        panel_.bar = &bar;
         alive_.push_back(&panel_);
     }
     ~LivePanel() override { std::erase(alive_, &panel_); }
     LivePanel(const LivePanel&) = delete;
     LivePanel& operator=(const LivePanel&) = delete;
 
-    void place(const Screen& screen, double height) override {
+    Size place(const Screen& screen, double height) override {
         panel_.display = screen.display;
         panel_.frame = {screen.frame.x, screen.frame.y, screen.frame.width, height};
+        return {screen.frame.width, height};
     }
     void orderIn() override { panel_.isShown = true; }
     void orderOut() override { panel_.isShown = false; }
     bool takeKeyboard() override { return panel_.isShown; }
-    Rect barFrame() const override { return panel_.frame; }
 
   private:
     std::vector<const LivePanels::Panel*>& alive_;
@@ -30,8 +31,8 @@ class LivePanel final : public BarPanel {
 
 } // namespace
 
-std::unique_ptr<BarPanel> LivePanels::makePanel(const Screen&) {
-    return std::make_unique<LivePanel>(alive_);
+std::unique_ptr<BarPanel> LivePanels::makePanel(const Screen&, BarInteraction& bar) {
+    return std::make_unique<LivePanel>(alive_, bar);
 }
 
 } // namespace larkspan::soak
