@@ -14,13 +14,13 @@ std::optional<Slot> BarTile::slot() const {
 std::string BarTile::id() const {
     return std::visit(Overload{[](const AppTile& tile) { return tile.item.id; },
                                [](const TrashTile&) { return std::string("trash"); }},
-                      content);
+                      payload);
 }
 
 std::string BarTile::name() const {
     return std::visit(Overload{[](const AppTile& tile) { return tile.item.name; },
                                [](const TrashTile&) { return std::string("Trash"); }},
-                      content);
+                      payload);
 }
 
 std::string BarTile::key() const {

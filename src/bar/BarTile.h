@@ -31,10 +31,10 @@ struct BarTile {
     enum class Dot { none, first, gray };
     /// Each kind of tile is one alternative. What depends on the kind visits it, so that a new kind
     /// cannot be forgotten anywhere.
-    using Content = std::variant<AppTile, TrashTile>;
+    using Payload = std::variant<AppTile, TrashTile>;
 
     Section section = Section::pinned;
-    Content content;
+    Payload payload;
     /// The group's Space is not the one shown: drawn quieter, inside a ring.
     bool isRing = false;
     Dot dot = Dot::none;
@@ -47,7 +47,7 @@ struct BarTile {
     bool fliesIn = false;
 
     /// Nullptr for a tile of another kind.
-    const AppTile* app() const { return std::get_if<AppTile>(&content); }
+    const AppTile* app() const { return std::get_if<AppTile>(&payload); }
     /// The group's place; absent for a tile that stands in none.
     std::optional<Slot> slot() const;
     /// By which scripts name it: that of the app's item, or "trash". An app may have several tiles.

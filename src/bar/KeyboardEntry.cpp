@@ -45,6 +45,9 @@ void KeyboardEntry::attempt(double deadline) {
     // Chosen anew each time: bars come and go with their screens.
     const auto* bar = barInUse();
     if (!bar) return;
+    // Before this bar takes it: giving it back afterwards would take it from this one too.
+    for (const auto& other : bars_.bars())
+        if (&other != bar) other.interaction->setKeyboard(false);
     if (bar->panel->takeKeyboard()) return bar->interaction->setKeyboard(true);
     if (scheduler_.uptime() >= deadline) {
         log_.write("bar", "another program holds the keyboard; the bar does without");

@@ -17,7 +17,7 @@ void TileActions::click(const BarTile& tile, const Rect& frame, ClickModifiers m
     std::visit(
         Overload{[&](const AppTile& app) { click_.click(app.item, group(app), frame, modifiers); },
                  [&](const TrashTile&) { trash_.open(); }},
-        tile.content);
+        tile.payload);
 }
 
 Handle TileActions::openMenu(const BarTile& tile, const Rect& frame, Show show) {
@@ -28,14 +28,14 @@ Handle TileActions::openMenu(const BarTile& tile, const Rect& frame, Show show) 
                                    show(trash_.menu());
                                    return Handle();
                                }},
-                      tile.content);
+                      tile.payload);
 }
 
 Menu TileActions::menu(const BarTile& tile, const Rect& frame) const {
     return std::visit(
         Overload{[&](const AppTile& app) { return menu_.menu(app.item, group(app), frame); },
                  [&](const TrashTile&) { return trash_.menu(); }},
-        tile.content);
+        tile.payload);
 }
 
 const DisplayGroup* TileActions::group(const AppTile& tile) const {

@@ -25,7 +25,7 @@ BarTile appTile(const DockStore& store, BarTile::Section section, const DockItem
                 std::optional<Slot> slot = std::nullopt) {
     const auto badge = store.badges()->find(item.id);
     return {.section = section,
-            .content = AppTile{item, slot},
+            .payload = AppTile{item, slot},
             .isLaunching = store.launchingIDs()->contains(item.id),
             .wantsAttention = store.attentionIDs()->contains(item.id),
             .badge = badge == store.badges()->end() ? std::string() : badge->second};
@@ -71,7 +71,7 @@ std::vector<BarTile> barTiles(const DockStore& store, DisplayId display, bool sh
         if (!item.isPinned) tiles.push_back(appTile(store, BarTile::Section::background, item));
     if (showsTrash)
         tiles.push_back(
-            {.section = BarTile::Section::trash, .content = TrashTile{*store.isTrashEmpty()}});
+            {.section = BarTile::Section::trash, .payload = TrashTile{*store.isTrashEmpty()}});
     return tiles;
 }
 

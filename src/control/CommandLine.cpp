@@ -99,7 +99,8 @@ commands:
   mode [bar|systemDock]     print the mode, or change it: the bar, or the system Dock instead
   click ID [--option] [--command] [--new-instance]
                             click the tile with that id, with these keys held
-  menu ID [LINE]            print the items of its menu as JSON, or choose one by title
+  menu ID [LINE]            print the items of its menu as JSON, or choose one by title;
+                            both take --display N and --space N to name its group
   open ID FILE...           open files with the application
   move-window NUMBER SPACE  move a window to another Space; the state lists both
   focus                     use the bar by keyboard: arrows, Return, Escape

@@ -52,7 +52,8 @@ Outcome withTile(Stage& stage, const json& fields, Act act) {
         name.space = stage.mac.spaceAt(display, fields["space"].get<std::size_t>());
     const auto* bars = stage.delegate()->controller().bars();
     const auto found = bars ? findTile(bars->bars(), name) : std::nullopt;
-    if (!found) return fmt::format("no bar has a tile {}{}", name.id,
+    if (!found)
+        return fmt::format("no bar has a tile {}{}", name.id,
                            name.display || name.space ? " in that group" : "");
     if (!found->bar->isShown()) return fmt::format("the bar with {} is not shown", name.id);
     return act(ShownTile{*found->bar, found->tile});

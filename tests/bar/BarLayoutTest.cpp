@@ -12,7 +12,7 @@ std::vector<BarTile> apps(int count) {
     std::vector<BarTile> tiles;
     for (int i = 0; i < count; ++i)
         tiles.push_back({.section = BarTile::Section::windows,
-                         .content = AppTile{{.id = std::to_string(i)}, Slot{1, SpaceId{1}}}});
+                         .payload = AppTile{{.id = std::to_string(i)}, Slot{1, SpaceId{1}}}});
     return tiles;
 }
 
@@ -81,11 +81,11 @@ TEST(BarLayout, InsetLiftsTheIslandAndKeepsItOnThePanel) {
 TEST(BarLayout, ADividerStandsBetweenSectionsAndARingAroundAHiddenDesktop) {
     std::vector<BarTile> tiles = apps(2);
     for (BarTile tile : apps(2)) {
-        std::get<AppTile>(tile.content).slot = Slot{1, SpaceId{2}};
+        std::get<AppTile>(tile.payload).slot = Slot{1, SpaceId{2}};
         tile.isRing = true;
         tiles.push_back(tile);
     }
-    tiles.push_back({.section = BarTile::Section::trash, .content = TrashTile{}});
+    tiles.push_back({.section = BarTile::Section::trash, .payload = TrashTile{}});
     const BarLayout layout = layOutBar(tiles, island);
     ASSERT_EQ(layout.marks.size(), 2U);
     EXPECT_EQ(layout.marks[0],

@@ -48,6 +48,19 @@ TEST_F(KeyboardEntryTest, GoesToTheDisplayThatTheUserWorksOn) {
     }
 }
 
+TEST_F(KeyboardEntryTest, OneBarHasItAtATime) {
+    const auto hasIt = [this](std::size_t bar) {
+        return *bars.bars()[bar].interaction->hasKeyboard;
+    };
+    put(8, {1500, 100, 400, 300});
+    keyboard.begin();
+    EXPECT_TRUE(hasIt(0));
+    store.frontAppChanged(8);
+    keyboard.begin();
+    EXPECT_FALSE(hasIt(0));
+    EXPECT_TRUE(hasIt(1));
+}
+
 TEST_F(KeyboardEntryTest, ACoveredBarDoesNotGetIt) {
     put(7, {0, 0, 1440, 900});
     store.frontAppChanged(7);

@@ -10,7 +10,7 @@ namespace {
 BarTile tile(BarTile::Section section, std::optional<Slot> slot = {}, bool isRing = false) {
     const RunningApplication app{.pid = 7};
     return {.section = section,
-            .content = AppTile{{.id = "notes", .app = app}, slot},
+            .payload = AppTile{{.id = "notes", .app = app}, slot},
             .isRing = isRing};
 }
 
@@ -18,7 +18,7 @@ const std::vector<BarTile> notesTwiceAndTrash = {
     tile(BarTile::Section::pinned),
     tile(BarTile::Section::windows, Slot{1, SpaceId{12}}, true),
     tile(BarTile::Section::windows, Slot{2, SpaceId{21}}),
-    {.section = BarTile::Section::trash, .content = TrashTile{}}};
+    {.section = BarTile::Section::trash, .payload = TrashTile{}}};
 
 TEST(TileName, MeansTheShownGroupBeforeAnotherAndTheNamedOneBeforeAll) {
     using Place = std::optional<std::size_t>;

@@ -44,5 +44,35 @@ TEST(BarTiles, AnAppThatIsPinnedAndInTheBackgroundHasOneTile) {
                                         "background pid:" + std::to_string(copy)}));
 }
 
+TEST(BarTiles, EachBarMarksWhatIsElsewhere) {
+    ModelWorld world("1440x900 spaces=2, 1440x900");
+    const DisplayId left = world.mac.displayAt(0);
+    const DisplayId right = world.mac.displayAt(1);
+    for (const auto* name : {"mail", "music", "notes"})
+        world.mac.install(std::string("com.example.") + name, name);
+    world.start();
+    world.mac.openWindow(world.launch("notes"), {.space = world.mac.spaceAt(left, 1)});
+    world.mac.openWindow(world.launch("music"), {.display = right});
+    world.mac.openWindow(world.launch("mail"));
+    world.settle();
+    world.store.trashChanged(false);
+    world.store.badgesChanged({{"com.example.mail", "3"}});
+    const auto marks = [&](DisplayId display) {
+        std::string text;
+        for (const auto& tile : barTiles(world.store, display, true)) {
+            if (tile.section == BarTile::Section::pinned) continue;
+            const auto* trash = std::get_if<TrashTile>(&tile.payload);
+            text += tile.name() + (tile.isRing ? " ring" : "") +
+                    (tile.dot == BarTile::Dot::gray ? " gray" : "") +
+                    (tile.isFront ? " front" : "") + " " + tile.badge +
+                    (trash && !trash->isEmpty ? "full" : "") + "|";
+        }
+        return text;
+    };
+    EXPECT_EQ(marks(left), "mail front 3|notes ring |music gray |Trash full|");
+    EXPECT_EQ(marks(right), "mail gray front 3|notes ring gray |music |Trash full|");
+    EXPECT_EQ(barTiles(world.store, left, false).back().name(), "music");
+}
+
 } // namespace
 } // namespace larkspan

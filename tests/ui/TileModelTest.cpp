@@ -11,13 +11,13 @@ namespace {
 
 BarTile windowTile(const std::string& id, SpaceId space) {
     return {.section = BarTile::Section::windows,
-            .content = AppTile{{.id = id, .name = id}, Slot{1, space}},
+            .payload = AppTile{{.id = id, .name = id}, Slot{1, space}},
             .dot = BarTile::Dot::first};
 }
 
 BarTile backgroundTile(const std::string& id) {
     return {.section = BarTile::Section::background,
-            .content = AppTile{{.id = id, .name = id}, {}}};
+            .payload = AppTile{{.id = id, .name = id}, {}}};
 }
 
 void show(TileModel& model, const std::vector<BarTile>& tiles) {
@@ -99,7 +99,7 @@ TEST_F(TileModelTest, OnlyWhatDiffersIsTold) {
 
 TEST_F(TileModelTest, AppOpenedFromItsPinnedTileComesFromThere) {
     const BarTile pinned{.section = BarTile::Section::pinned,
-                         .content = AppTile{{.id = "b", .name = "b"}, {}}};
+                         .payload = AppTile{{.id = "b", .name = "b"}, {}}};
     show(model, {pinned, windowTile("a", 1)});
     double flight = 0;
     QObject::connect(&model, &TileModel::rowsInserted, [&](const QModelIndex&, int row) {

@@ -25,7 +25,7 @@ ImageRef imageOf(const BarTile& tile) {
     return std::visit(
         Overload{[](const AppTile& app) { return app.item.icon; },
                  [](const TrashTile& trash) { return trash.isEmpty ? emptyTrash : fullTrash; }},
-        tile.content);
+        tile.payload);
 }
 
 TileModel::Dot dotOf(const BarTile& tile) {

@@ -1,5 +1,6 @@
 #include "ui/demo/DemoBarPanels.h"
 
+#include "scenario/SimBarPanels.h"
 #include "ui/demo/DemoBarPanel.h"
 
 #include <QQuickWindow>
@@ -7,14 +8,18 @@
 namespace larkspan::ui {
 
 DemoBarPanels::DemoBarPanels(BarLook& look, Views& views, Appearance& appearance,
-                             QQuickItem& desktop, sim::SimMac& mac)
+                             QQuickItem& desktop, sim::SimMac& mac, bool hasPopups)
     : look_(look)
     , views_(views)
     , appearance_(appearance)
     , desktop_(desktop)
-    , mac_(mac)
-    , popups_(views, appearance,
-              [this](const Rect& anchor, const Screen& screen) { return locate(anchor, screen); }) {
+    , mac_(mac) {
+    if (hasPopups)
+        popups_ = std::make_unique<PopupWindows>(
+            views, appearance,
+            [this](const Rect& anchor, const Screen& screen) { return locate(anchor, screen); });
+    else
+        popups_ = std::make_unique<sim::UnseenPopups>();
 }
 
 std::unique_ptr<BarPanel> DemoBarPanels::makePanel(const Screen&, BarInteraction& bar) {

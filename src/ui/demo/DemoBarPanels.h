@@ -17,12 +17,13 @@ namespace larkspan::ui {
 class DemoBarPanels final : public BarPanels {
   public:
     /// The bars become children of `desktop`. The pointer of `mac` goes onto a bar and away again
-    /// with the real one.
+    /// with the real one. `hasPopups`: whether somebody sees the label and the menu, which are
+    /// windows of their own.
     DemoBarPanels(BarLook& look, Views& views, Appearance& appearance, QQuickItem& desktop,
-                  sim::SimMac& mac);
+                  sim::SimMac& mac, bool hasPopups);
 
     std::unique_ptr<BarPanel> makePanel(const Screen& screen, BarInteraction& bar) override;
-    BarPopups& popups() override { return popups_; }
+    BarPopups& popups() override { return *popups_; }
 
   private:
     PopupWindows::Place locate(const Rect& anchor, const Screen& screen) const;
@@ -33,7 +34,7 @@ class DemoBarPanels final : public BarPanels {
     QQuickItem& desktop_;
     sim::SimMac& mac_;
     IconCache icons_;
-    PopupWindows popups_;
+    std::unique_ptr<BarPopups> popups_;
 };
 
 } // namespace larkspan::ui

@@ -82,7 +82,7 @@ void DemoWindow::openMenu(const Menu& menu, const QRectF& anchor) {
 
 std::unique_ptr<BarPanels> DemoWindow::makeBarPanels(AppController& controller) {
     return std::make_unique<DemoBarPanels>(controller.look(), views_, appearance_, desktop_,
-                                           stage_.mac);
+                                           stage_.mac, time_ == Time::real);
 }
 
 void DemoWindow::play(sim::Scenario scenario) {
