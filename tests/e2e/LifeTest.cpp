@@ -2,8 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <algorithm>
-
 namespace larkspan::e2e {
 namespace {
 
@@ -12,22 +10,18 @@ class Life : public testing::Test {
     PrivateDesktop desktop;
 };
 
-TEST_F(Life, QuittingReleasesTheStrip) {
+TEST_F(Life, QuittingReleasesTheStripAndATerminationSignalQuits) {
     const auto before = desktop.screen().workArea();
-    RunningBar bar(desktop);
-    EXPECT_TRUE(desktop.screen().eventually([&] {
-        return desktop.screen().workArea().height <= before.height - 36;
-    })) << "the bar reserves no strip";
-    EXPECT_EQ(bar.quit(), 0);
-    EXPECT_TRUE(desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
-}
-
-TEST_F(Life, ATerminationSignalQuitsInOrder) {
-    const auto before = desktop.screen().workArea();
-    RunningBar bar(desktop);
-    bar.process().signal(SIGTERM);
-    EXPECT_EQ(bar.process().waitForExit(10), 0);
-    EXPECT_TRUE(desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
+    for (const bool isSignalled : {false, true}) {
+        RunningBar bar(desktop);
+        EXPECT_TRUE(desktop.screen().eventually([&] {
+            return desktop.screen().workArea().height <= before.height - 36;
+        })) << "the bar reserves no strip";
+        if (isSignalled) bar.process().signal(SIGTERM);
+        EXPECT_EQ(isSignalled ? bar.process().waitForExit(10) : bar.quit(), 0);
+        EXPECT_TRUE(
+            desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
+    }
 }
 
 TEST_F(Life, AKilledBarLeavesNoStripAndStartsAgain) {
@@ -90,7 +84,8 @@ TEST_F(Life, WithoutADisplayItFailsWithOneLine) {
         runCommand({{LARKSPAN_PROGRAM}, environment, desktop.home() / "command.log"});
     EXPECT_GT(result.exitCode, 0);
     EXPECT_LT(result.exitCode, 128) << "it crashed";
-    EXPECT_EQ(std::ranges::count(result.output, '\n'), 1) << result.output;
+    EXPECT_EQ(result.output, "larkspan: cannot open display \":9999\": there is no X server, or "
+                             "access was denied\n");
 }
 
 TEST_F(Life, ALostServerEndsItCleanly) {
