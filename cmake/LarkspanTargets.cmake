@@ -48,7 +48,8 @@ function(larkspan_library folder)
 endfunction()
 
 # larkspan_views(target): compiles what the toolkit generated for the target's views in a target of its own, which is
-# not held to our warnings, and can be a unity build.
+# not held to our warnings, and can be a unity build. Programs link its objects beside the target: if they were sources of
+# the target, newer CMakes would see a cycle, because moc must read the target's headers before the views can be compiled.
 function(larkspan_views target)
     get_target_property(sources ${target} SOURCES)
     set(generated ${sources})
@@ -60,7 +61,7 @@ function(larkspan_views target)
     target_include_directories(${target}_views PRIVATE $<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>)
     target_compile_definitions(${target}_views PRIVATE $<TARGET_PROPERTY:${target},COMPILE_DEFINITIONS>)
     target_link_libraries(${target}_views PRIVATE Qt6::Quick)
-    target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_views>)
+    target_link_libraries(${target} INTERFACE $<TARGET_OBJECTS:${target}_views>)
 endfunction()
 
 # larkspan_test(name folder [DEPENDS targets…] [WHOLE]): one test program of every source directly inside
