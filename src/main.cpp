@@ -174,8 +174,9 @@ class Program {
                                         QString::fromStdString(desktop.appearanceFolder()));
         ui::Views views;
         AppDelegate delegate(desktop.platform(), [&](AppController& controller) {
-            return std::make_unique<ui::QuickBarPanels>(
-                controller, views, appearance, desktop.panelDressing(), desktop.desktopPicture());
+            return std::make_unique<ui::QuickBarPanels>(controller.look(), views, appearance,
+                                                        desktop.panelDressing(),
+                                                        desktop.desktopPicture());
         });
         const ui::PermissionsWindow permissions(delegate.controller().permissions(), views,
                                                 appearance);

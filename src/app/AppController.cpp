@@ -1,5 +1,6 @@
 #include "app/AppController.h"
 
+#include "app/BarMenu.h"
 #include "dock/DockIconSize.h"
 #include "dock/DockProfile.h"
 #include "spaces/WindowPresence.h"
@@ -38,6 +39,9 @@ AppController::AppController(const Platform& platform, MakeBarPanels makeBarPane
     , click_(store_, actions_, platform.scheduler, platform.workspace, platform.applications,
              platform.accessibility, log_)
     , itemMenu_(store_, actions_, platform.scheduler, platform.accessibility)
+    , tileActions_(store_, click_, itemMenu_,
+                   {.open = [this] { platform_.trash.open(); },
+                    .menu = [this] { return trashMenu(platform_.trash); }})
     , slide_(platform.scheduler, switchLog_)
     , swipes_(platform.scheduler, platform.eventTaps, platform.windowServer, platform.screens,
               switchLog_, [this](const SpaceSwipeEvent& step) { slide_.step(step); }) {}
@@ -213,10 +217,14 @@ void AppController::startFitting() {
 BarController& AppController::makeBars() {
     if (!bars_) {
         barPanels_ = makeBarPanels_(*this);
+        overlay_ = std::make_unique<BarOverlay>(tileActions_, refresh_, barPanels_->popups(),
+                                                [this] { return barMenu(*this); });
+        const auto makeInteraction = [this] {
+            return std::make_unique<BarInteraction>(platform_.scheduler, store_, look_, *overlay_);
+        };
         bars_ = std::make_unique<BarController>(platform_.scheduler, store_, platform_.screens,
-                                                platform_.coreDock, *barPanels_, log_,
-                                                wantedBarHeight());
-        bars_->onBarsGone = [this] { refresh_.setPointerOnBar(false); };
+                                                platform_.coreDock, makeInteraction, *barPanels_,
+                                                log_, wantedBarHeight());
         bars_->fullScreenChanged(store_.fullScreen());
         keyboardEntry_ = std::make_unique<KeyboardEntry>(platform_.scheduler, store_, *bars_, log_);
     }

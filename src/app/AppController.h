@@ -2,7 +2,9 @@
 
 #include "app/PermissionsModel.h"
 #include "bar/BarController.h"
+#include "bar/BarOverlay.h"
 #include "bar/KeyboardEntry.h"
+#include "bar/TileActions.h"
 #include "diagnostics/DiagnosticsLog.h"
 #include "diagnostics/LostProcesses.h"
 #include "dock/DockFitting.h"
@@ -108,12 +110,11 @@ class AppController {
     const LostProcesses& lostProcesses() const { return lostProcesses_; }
     WindowRefresh& refresh() { return refresh_; }
     ItemActions& actions() { return actions_; }
-    IconClick& click() { return click_; }
-    ItemMenu& itemMenu() { return itemMenu_; }
+    TileActions& tileActions() { return tileActions_; }
     SpaceSlide& slide() { return slide_; }
-    TrashFolder& trash() { return platform_.trash; }
-    /// nullptr before the first bars are needed.
+    // nullptr before the first bars are needed.
     const BarController* bars() const { return bars_.get(); }
+    BarOverlay* overlay() { return overlay_.get(); }
 
   private:
     double wantedBarHeight() const;
@@ -149,7 +150,9 @@ class AppController {
     ItemActions actions_;
     IconClick click_;
     ItemMenu itemMenu_;
+    TileActions tileActions_;
     std::unique_ptr<BarPanels> barPanels_;
+    std::unique_ptr<BarOverlay> overlay_;
     std::unique_ptr<BarController> bars_;
     std::unique_ptr<KeyboardEntry> keyboardEntry_;
     /// Present only while the system Dock is in use.

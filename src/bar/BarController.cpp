@@ -21,12 +21,13 @@ std::vector<Rect> screenFrames(const std::vector<DockBand>& bands) {
 } // namespace
 
 BarController::BarController(Scheduler& scheduler, DockStore& store, Screens& screens,
-                             const CoreDock& dock, BarPanels& panels, DiagnosticsLog& log,
-                             double height)
+                             const CoreDock& dock, MakeInteraction makeInteraction,
+                             BarPanels& panels, DiagnosticsLog& log, double height)
     : scheduler_(scheduler)
     , store_(store)
     , screens_(screens)
     , dock_(dock)
+    , makeInteraction_(std::move(makeInteraction))
     , panels_(panels)
     , log_(log)
     , height_(height) {
@@ -50,8 +51,22 @@ void BarController::setHeight(double height) {
     if (height == height_) return;
     height_ = height;
     for (auto& bar : bars_)
-        bar.panel->place(bar.screen, height_);
+        place(bar, bar.screen);
     updateBarFrames();
+}
+
+BarController::Bar BarController::makeBar(const Screen& screen) {
+    Bar bar;
+    bar.interaction = makeInteraction_();
+    bar.panel = panels_.makePanel(screen, *bar.interaction);
+    place(bar, screen);
+    bar.observation = bar.interaction->contents.observe([this] { updateBarFrames(); });
+    return bar;
+}
+
+void BarController::place(Bar& bar, const Screen& screen) {
+    bar.screen = screen;
+    bar.interaction->place(screen, bar.panel->place(screen, height_));
 }
 
 void BarController::fullScreenChanged(const FullScreenState& fullScreen) {
@@ -160,20 +175,15 @@ void BarController::moveBars(const std::vector<DockBand>& bands) {
             ordered[i] = std::move(bars_.back());
             bars_.pop_back();
         }
-        ordered[i].screen = bands[i].screen;
-        ordered[i].panel->place(bands[i].screen, height_);
+        place(ordered[i], bands[i].screen);
     }
     bars_ = std::move(ordered);
 }
 
 void BarController::buildBars(const std::vector<DockBand>& bands) {
     bars_.clear();
-    if (onBarsGone) onBarsGone();
-    for (const auto& band : bands) {
-        auto panel = panels_.makePanel(band.screen);
-        panel->place(band.screen, height_);
-        bars_.push_back({std::move(panel), band.screen});
-    }
+    for (const auto& band : bands)
+        bars_.push_back(makeBar(band.screen));
 }
 
 void BarController::updateVisibility() {
@@ -194,19 +204,20 @@ void BarController::updateVisibility() {
 void BarController::setShown(Bar& bar, bool isShown) {
     if (isShown == bar.isShown) return;
     bar.isShown = isShown;
-    if (isShown)
+    if (isShown) {
+        bar.interaction->setShown(true);
         bar.panel->orderIn();
-    else
+    } else {
         bar.panel->orderOut();
+        bar.interaction->setShown(false);
+    }
 }
 
 void BarController::updateBarFrames() {
     std::vector<Rect> frames;
     for (const auto& bar : bars_)
-        if (bar.isShown) frames.push_back(bar.panel->barFrame());
-    const bool areGone = frames.empty();
+        if (bar.isShown) frames.push_back(bar.interaction->frame());
     store_.barFramesChanged(std::move(frames));
-    if (areGone && onBarsGone) onBarsGone();
 }
 
 } // namespace larkspan

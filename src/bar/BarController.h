@@ -1,6 +1,7 @@
 #pragma once
 
 #include "bar/BarCover.h"
+#include "bar/BarInteraction.h"
 #include "bar/BarPanel.h"
 #include "diagnostics/DiagnosticsLog.h"
 #include "dock/DockBand.h"
@@ -24,14 +25,20 @@ namespace larkspan {
 class BarController {
   public:
     struct Bar {
+        /// Before the panel, which goes first.
+        std::unique_ptr<BarInteraction> interaction;
         std::unique_ptr<BarPanel> panel;
         Screen screen;
         bool isShown = false;
+        /// Of the contents, which decide how wide the bar is.
+        Handle observation;
     };
+    using MakeInteraction = std::function<std::unique_ptr<BarInteraction>()>;
 
     /// Makes no bars yet. `height` in points.
     BarController(Scheduler& scheduler, DockStore& store, Screens& screens, const CoreDock& dock,
-                  BarPanels& panels, DiagnosticsLog& log, double height);
+                  MakeInteraction makeInteraction, BarPanels& panels, DiagnosticsLog& log,
+                  double height);
     BarController(const BarController&) = delete;
     BarController& operator=(const BarController&) = delete;
 
@@ -50,10 +57,6 @@ class BarController {
     /// Looks again which bars are shown.
     void updateVisibility();
 
-    /// Told when no bar is left that was on screen until now, so that the pointer is on none: a
-    /// panel that goes from under it does not tell that it left.
-    std::function<void()> onBarsGone;
-
     const std::vector<Bar>& bars() const { return bars_; }
     double height() const { return height_; }
     bool isShown() const { return isShown_; }
@@ -69,6 +72,8 @@ class BarController {
     };
 
     void layout();
+    Bar makeBar(const Screen& screen);
+    void place(Bar& bar, const Screen& screen);
     void moveBars(const std::vector<DockBand>& bands);
     void buildBars(const std::vector<DockBand>& bands);
     Cover coverNow(const Rect& screenFrame) const;
@@ -82,6 +87,7 @@ class BarController {
     DockStore& store_;
     Screens& screens_;
     const CoreDock& dock_;
+    MakeInteraction makeInteraction_;
     BarPanels& panels_;
     DiagnosticsLog& log_;
     double height_;

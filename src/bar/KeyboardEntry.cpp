@@ -44,7 +44,8 @@ const BarController::Bar* KeyboardEntry::barInUse() const {
 void KeyboardEntry::attempt(double deadline) {
     // Chosen anew each time: bars come and go with their screens.
     const auto* bar = barInUse();
-    if (!bar || bar->panel->takeKeyboard()) return;
+    if (!bar) return;
+    if (bar->panel->takeKeyboard()) return bar->interaction->setKeyboard(true);
     if (scheduler_.uptime() >= deadline) {
         log_.write("bar", "another program holds the keyboard; the bar does without");
         return;

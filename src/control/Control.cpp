@@ -1,5 +1,7 @@
 #include "control/Control.h"
 
+#include "bar/TileName.h"
+#include "bar/barTiles.h"
 #include "control/DiagnosticsReport.h"
 #include "control/MenuReport.h"
 #include "control/SettingsReport.h"
@@ -11,7 +13,9 @@
 #include <fmt/format.h>
 #include <nlohmann/json.hpp>
 #include <optional>
+#include <type_traits>
 #include <utility>
+#include <variant>
 
 namespace larkspan {
 namespace {
@@ -19,42 +23,30 @@ namespace {
 using nlohmann::json;
 using Words = std::vector<std::string>;
 
-/// A tile as a click means it: the item and, for a window app, the group it stands in.
-struct Tile {
-    const DockItem* item = nullptr;
-    const DisplayGroup* group = nullptr;
+/// A tile as it was found, with its frame on the screen; empty where it cannot be seen. A copy: a
+/// click may change the very lists that it was found in.
+struct FoundTile {
+    BarTile tile;
+    Rect frame;
 };
 
-const DockItem* find(const std::vector<DockItem>& items, const std::string& id) {
-    const auto found =
-        std::find_if(items.begin(), items.end(), [&](const auto& item) { return item.id == id; });
-    return found == items.end() ? nullptr : &*found;
+/// Before the first bars are needed: one of the tiles that the main display's bar would have.
+std::optional<FoundTile> findWithoutBars(AppController& controller, const TileName& name) {
+    const auto screens = controller.screens();
+    const DisplayId main = screens.empty() ? 0 : screens.front().display;
+    auto tiles = barTiles(controller.store(), main, *controller.look().showsTrash);
+    const auto place = name.bestOf(tiles, main);
+    return place ? std::optional(FoundTile{std::move(tiles[*place]), {}}) : std::nullopt;
 }
 
-Tile findInGroups(const DockStore& store, const std::string& id) {
-    Tile tile;
-    for (const auto& group : *store.windowAppGroups()) {
-        const auto* item = find(group.items, id);
-        // A group on a shown Space counts before one that is elsewhere.
-        if (item && (!tile.item || (tile.group->isRing && !group.isRing))) tile = {item, &group};
-    }
-    return tile;
-}
-
-Tile findTile(const DockStore& store, const std::string& id) {
-    if (const auto tile = findInGroups(store, id); tile.item) return tile;
-    if (const auto* item = find(*store.pinnedItems(), id)) return {item};
-    return {find(*store.backgroundItems(), id)};
-}
-
-/// Where the tile stands, as far as is known here: the bar of its display.
-Rect barFrame(const BarController* bars, const DisplayGroup* group) {
-    if (!bars || bars->bars().empty()) return {};
-    const auto& all = bars->bars();
-    const auto own = std::find_if(all.begin(), all.end(), [&](const auto& bar) {
-        return group && group->display == bar.screen.display;
-    });
-    return (own == all.end() ? all.front() : *own).panel->barFrame();
+std::optional<FoundTile> findTile(AppController& controller, const TileName& name) {
+    const auto* bars = controller.bars();
+    if (!bars || bars->bars().empty()) return findWithoutBars(controller, name);
+    const auto found = findTile(bars->bars(), name);
+    if (!found) return std::nullopt;
+    const auto& bar = *found->bar;
+    return FoundTile{bar.tiles()[static_cast<std::size_t>(found->tile)],
+                     bar.isShown() ? bar.frameOfTile(found->tile) : Rect{}};
 }
 
 /// Returns false if the word is not a modifier.
@@ -65,8 +57,10 @@ bool addModifier(ClickModifiers& modifiers, std::string_view word) {
     return false;
 }
 
-ControlAnswer noSuchItem(const std::string& id) {
-    return {ExitCode::rejected, fmt::format("there is no item {} on the bar", id)};
+ControlAnswer noSuchItem(const TileName& name) {
+    const bool isPlaced = name.display || name.space;
+    return {ExitCode::rejected, fmt::format("there is no item {} {}", name.id,
+                                            isPlaced ? "in such a group" : "on the bar")};
 }
 
 /// The setting that a person may see and change under that key; nullptr when there is none.
@@ -88,6 +82,24 @@ std::optional<Number> wholeNumber(std::string_view text) {
     const auto* end = text.data() + text.size();
     const auto [rest, error] = std::from_chars(text.data(), end, number, isHexadecimal ? 16 : 10);
     return error == std::errc() && rest == end ? std::optional(number) : std::nullopt;
+}
+
+/// The tile that the words name, without those that were needed for it; what is wrong with them
+/// instead where they cannot be read.
+std::variant<TileName, std::string> takeTileName(Words& words) {
+    TileName name{.id = words[0]};
+    words.erase(words.begin());
+    const auto take = [&words](const char* option, auto& number) {
+        const auto found = std::ranges::find(words, option);
+        if (found == words.end()) return true;
+        if (found + 1 == words.end()) return false;
+        number = wholeNumber<typename std::decay_t<decltype(number)>::value_type>(*(found + 1));
+        words.erase(found, found + 2);
+        return number.has_value();
+    };
+    if (!take("--display", name.display)) return "--display takes the number of a display";
+    if (!take("--space", name.space)) return "--space takes the number of a Space";
+    return name;
 }
 
 /// Why the window cannot be moved to the Space; absent if it can be tried. A window in full screen
@@ -156,8 +168,9 @@ const std::vector<Control::Command>& Control::commands() {
     static const std::vector<Command> all{
         {"state", "", 0, 0, &Control::state},
         {"mode", "[bar|systemDock]", 0, 1, &Control::mode},
-        {"click", "ID [--option] [--command] [--new-instance]", 1, 4, &Control::click},
-        {"menu", "ID [LINE]", 1, 2, &Control::menu},
+        {"click", "ID [--option] [--command] [--new-instance] [--display N] [--space N]", 1, 8,
+         &Control::click},
+        {"menu", "ID [LINE] [--display N] [--space N]", 1, 6, &Control::menu},
         {"open", "ID FILE...", 2, 1000, &Control::open},
         {"move-window", "NUMBER SPACE", 2, 2, &Control::moveWindow},
         {"focus", "", 0, 0, &Control::focus},
@@ -229,30 +242,36 @@ void Control::mode(const Words& words, const Reply& reply) {
 }
 
 void Control::click(const Words& words, const Reply& reply) {
-    const auto tile = findTile(controller_.store(), words[0]);
-    if (!tile.item) return reply(noSuchItem(words[0]));
+    Words options = words;
+    const auto named = takeTileName(options);
+    if (const auto* error = std::get_if<std::string>(&named))
+        return reply({ExitCode::rejected, *error});
+    const auto& name = std::get<TileName>(named);
+    const auto found = findTile(controller_, name);
+    if (!found) return reply(noSuchItem(name));
     ClickModifiers modifiers;
-    for (const auto& word : Words(words.begin() + 1, words.end()))
+    for (const auto& word : options)
         if (!addModifier(modifiers, word))
             return reply({ExitCode::rejected, fmt::format("a click has no option {}", word)});
-    // Copies: the click may regroup the very lists it was found in.
-    const DockItem item = *tile.item;
-    const auto group = tile.group ? std::optional(*tile.group) : std::nullopt;
-    const auto frame = barFrame(controller_.bars(), tile.group);
-    controller_.click().click(item, group ? &*group : nullptr, frame, modifiers);
+    controller_.tileActions().click(found->tile, found->frame, modifiers);
     reply({});
 }
 
 void Control::menu(const Words& words, const Reply& reply) {
-    const auto tile = findTile(controller_.store(), words[0]);
-    if (!tile.item) return reply(noSuchItem(words[0]));
-    const auto frame = barFrame(controller_.bars(), tile.group);
-    const Menu menu = controller_.itemMenu().menu(*tile.item, tile.group, frame);
-    if (words.size() == 1) return reply({ExitCode::succeeded, dump(menuReport(menu), 2)});
-    const auto* line = findLine(menu, words[1]);
-    if (!line) return reply({ExitCode::rejected, fmt::format("the menu has no \"{}\"", words[1])});
+    Words lines = words;
+    const auto named = takeTileName(lines);
+    if (const auto* error = std::get_if<std::string>(&named))
+        return reply({ExitCode::rejected, *error});
+    const auto& name = std::get<TileName>(named);
+    const auto found = findTile(controller_, name);
+    if (!found) return reply(noSuchItem(name));
+    if (lines.size() > 1) return reply({ExitCode::rejected, "a menu has one line of a title"});
+    const Menu menu = controller_.tileActions().menu(found->tile, found->frame);
+    if (lines.empty()) return reply({ExitCode::succeeded, dump(menuReport(menu), 2)});
+    const auto* line = findLine(menu, lines[0]);
+    if (!line) return reply({ExitCode::rejected, fmt::format("the menu has no \"{}\"", lines[0])});
     if (!line->isEnabled || !line->action)
-        return reply({ExitCode::rejected, fmt::format("\"{}\" is not enabled", words[1])});
+        return reply({ExitCode::rejected, fmt::format("\"{}\" is not enabled", lines[0])});
     line->action();
     reply({});
 }

@@ -22,13 +22,70 @@ json frameJson(const Rect& frame) {
     return {frame.x, frame.y, frame.width, frame.height};
 }
 
+json textOrNull(const std::string& text) {
+    return text.empty() ? json(nullptr) : json(text);
+}
+
+const char* nameOf(BarTile::Section section) {
+    switch (section) {
+    case BarTile::Section::pinned:
+        return "pinned";
+    case BarTile::Section::windows:
+        return "windows";
+    case BarTile::Section::background:
+        return "background";
+    case BarTile::Section::trash:
+        return "trash";
+    }
+    return "";
+}
+
+json dotJson(BarTile::Dot dot) {
+    switch (dot) {
+    case BarTile::Dot::first:
+        return "first";
+    case BarTile::Dot::gray:
+        return "gray";
+    case BarTile::Dot::none:
+        break;
+    }
+    return nullptr;
+}
+
+json tileJson(const BarTile& tile, const Rect& frame) {
+    const auto slot = tile.slot();
+    return {{"id", tile.id()},
+            {"name", tile.name()},
+            {"section", nameOf(tile.section)},
+            {"display", slot ? json(slot->display) : json(nullptr)},
+            {"space", slot ? orNull(slot->space) : json(nullptr)},
+            {"frame", frameJson(frame)},
+            {"dot", dotJson(tile.dot)},
+            {"ring", tile.isRing},
+            {"front", tile.isFront},
+            {"badge", textOrNull(tile.badge)},
+            {"launching", tile.isLaunching},
+            {"attention", tile.wantsAttention}};
+}
+
+json tilesJson(const BarInteraction& bar) {
+    json list = json::array();
+    for (std::size_t i = 0; i < bar.tiles().size(); ++i)
+        list.push_back(tileJson(bar.tiles()[i], bar.frameOfTile(static_cast<int>(i))));
+    return list;
+}
+
 json barsJson(const BarController* bars) {
     json list = json::array();
     if (!bars) return list;
-    for (const auto& bar : bars->bars())
+    for (const auto& bar : bars->bars()) {
+        bar.interaction->catchUp();
         list.push_back({{"display", bar.screen.display},
-                        {"frame", frameJson(bar.panel->barFrame())},
-                        {"shown", bar.isShown}});
+                        {"frame", frameJson(bar.interaction->frame())},
+                        {"shown", bar.isShown},
+                        {"label", textOrNull(bar.interaction->label())},
+                        {"tiles", tilesJson(*bar.interaction)}});
+    }
     return list;
 }
 

@@ -3,6 +3,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace larkspan {
@@ -26,5 +27,9 @@ struct MenuItem {
 };
 
 using Menu = std::vector<MenuItem>;
+
+/// The first line of that title, in submenus and among those of the Option key too; nullptr when
+/// there is none.
+const MenuItem* findLine(const Menu& menu, std::string_view title);
 
 } // namespace larkspan

@@ -1,27 +1,25 @@
 #include "scenario/SimBarPanels.h"
 
+#include <cmath>
+
 namespace larkspan::sim {
 
 namespace {
 
-class Panel final : public BarPanel {
+class UnseenPanel final : public BarPanel {
   public:
-    void place(const Screen& screen, double height) override {
-        frame_ = {screen.frame.x, screen.frame.y, screen.frame.width, height};
+    Size place(const Screen& screen, double height) override {
+        return {screen.frame.width, std::round(height)};
     }
     void orderIn() override {}
     void orderOut() override {}
     bool takeKeyboard() override { return true; }
-    Rect barFrame() const override { return frame_; }
-
-  private:
-    Rect frame_;
 };
 
 } // namespace
 
-std::unique_ptr<BarPanel> SimBarPanels::makePanel(const Screen&) {
-    return std::make_unique<Panel>();
+std::unique_ptr<BarPanel> SimBarPanels::makePanel(const Screen&, BarInteraction&) {
+    return std::make_unique<UnseenPanel>();
 }
 
 } // namespace larkspan::sim

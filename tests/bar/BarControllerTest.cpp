@@ -1,7 +1,6 @@
 #include "bar/BarController.h"
 
-#include "bar/RecordingPanels.h"
-#include "model/ModelOnMac.h"
+#include "bar/BarWorld.h"
 
 #include <gmock/gmock.h>
 
@@ -37,8 +36,13 @@ Screen screen(DisplayId display, Rect frame, double strip = 70) {
 const Rect left{0, 0, 1440, 900};
 const Rect right{1440, 0, 1280, 720};
 
-class BarControllerTest : public testing::Test, protected ModelOnMac {
+class BarControllerTest : public testing::Test, protected BarWorld {
   protected:
+    BarControllerTest() {
+        start();
+        // As wide as the screen, whatever stands on it.
+        look.style.set(BarStyle::bar);
+    }
     /// What was logged since the last time.
     std::vector<std::string> takeLog() {
         std::vector<std::string> lines;
@@ -50,8 +54,9 @@ class BarControllerTest : public testing::Test, protected ModelOnMac {
     }
 
     StripScreens screens;
-    RecordingPanels panels;
-    BarController bars{mac.scheduler, store, screens, platform.coreDock, panels, log, 72};
+    BarController bars{
+        mac.scheduler, store, screens, platform.coreDock, [this] { return makeInteraction(); },
+        panels,        log,   72};
 
   private:
     std::size_t logged_ = 0;
@@ -98,18 +103,39 @@ TEST_F(BarControllerTest, AnotherNumberOfScreensBuildsTheBarsAgain) {
                                           "place 2 at 1440,0 1280x72", "in 1", "in 2"));
 }
 
-TEST_F(BarControllerTest, TellsThatThePointerIsOnNoneOfItsBars) {
-    int told = 0;
-    bars.onBarsGone = [&told] { ++told; };
+TEST_F(BarControllerTest, ABarThatGoesFromUnderThePointerHoldsNoTiles) {
+    screens.list = {screen(1, left), screen(2, right)};
+    bars.show();
+    const auto putPointerOn = [this](std::size_t bar) {
+        bars.bars()[bar].interaction->setPointerInside(true);
+        return store.isPointerOnBar();
+    };
+    EXPECT_TRUE(putPointerOn(0));
+    bars.fullScreenChanged({.spaces = {right}, .windows = {}});
+    EXPECT_TRUE(store.isPointerOnBar()) << "that was the other bar";
+    bars.fullScreenChanged({.spaces = {left}, .windows = {}});
+    EXPECT_FALSE(store.isPointerOnBar());
+    EXPECT_TRUE(putPointerOn(1));
+    screens.set({screen(1, left)});
+    EXPECT_FALSE(store.isPointerOnBar()) << "others were built in its place";
+    EXPECT_FALSE(putPointerOn(0)) << "it is covered";
+    bars.fullScreenChanged({});
+    EXPECT_TRUE(putPointerOn(0));
+    bars.hide();
+    EXPECT_FALSE(store.isPointerOnBar());
+}
+
+TEST_F(BarControllerTest, TheFrameOfAnIslandGrowsWithItsTiles) {
+    look.style.set(BarStyle::island);
     screens.list = {screen(1, left)};
     bars.show();
-    told = 0;
-    screens.set({screen(1, left, 50)});
-    EXPECT_EQ(told, 0) << "the same bar stays";
-    screens.set({screen(1, left), screen(2, right)});
-    EXPECT_EQ(told, 1) << "others were built in its place";
-    bars.hide();
-    EXPECT_EQ(told, 2);
+    const Rect before = store.barFrames().front();
+    mac.install("com.example.mail", "Mail");
+    mac.openWindow(launch("mail"));
+    settle();
+    const Rect after = store.barFrames().front();
+    EXPECT_GT(after.width, before.width);
+    EXPECT_LT(after.x, before.x);
 }
 
 TEST_F(BarControllerTest, AStripThatVanishesWithoutReasonLeavesTheBars) {

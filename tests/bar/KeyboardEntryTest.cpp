@@ -1,8 +1,7 @@
 #include "bar/KeyboardEntry.h"
 
-#include "bar/RecordingPanels.h"
+#include "bar/BarWorld.h"
 #include "dock/FixedScreens.h"
-#include "model/ModelOnMac.h"
 
 #include <gmock/gmock.h>
 
@@ -12,9 +11,10 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 
-class KeyboardEntryTest : public testing::Test, protected ModelOnMac {
+class KeyboardEntryTest : public testing::Test, protected BarWorld {
   protected:
     KeyboardEntryTest() {
+        start();
         screens.add(1, {0, 0, 1440, 900}, 72);
         screens.add(2, {1440, 0, 1280, 900}, 72);
         for (auto& screen : screens.list)
@@ -29,8 +29,9 @@ class KeyboardEntryTest : public testing::Test, protected ModelOnMac {
 
     std::vector<WindowInfo> windows;
     FixedScreens screens;
-    RecordingPanels panels;
-    BarController bars{mac.scheduler, store, screens, platform.coreDock, panels, log, 72};
+    BarController bars{
+        mac.scheduler, store, screens, platform.coreDock, [this] { return makeInteraction(); },
+        panels,        log,   72};
     KeyboardEntry keyboard{platform.scheduler, store, bars, log};
 };
 

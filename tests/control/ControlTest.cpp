@@ -58,12 +58,86 @@ TEST_F(ControlTest, StateTellsWhatShows) {
     EXPECT_EQ(group["items"][0]["windows"], 2);
     EXPECT_EQ(report["background"], json({finder}));
     EXPECT_EQ(report["frontmost"], json({{"pid", notes}, {"id", "com.example.notes"}}));
-    EXPECT_EQ(report["bars"],
-              json({{{"display", 1}, {"frame", {0, 0, 1440, 72}}, {"shown", true}}}));
     EXPECT_EQ(report["trashEmpty"], false);
     EXPECT_EQ(report["mode"], "vantrel");
     EXPECT_EQ(report["settings"]["style"], "island");
     EXPECT_EQ(report["settings"]["barHeight"], nullptr);
+}
+
+TEST_F(ControlTest, StateTellsWhatStandsOnABarAndWhere) {
+    mac.openWindow(mac.launch("com.example.notes"));
+    launch();
+    const auto bar = state()["bars"][0];
+    EXPECT_EQ(bar["display"], 1);
+    EXPECT_EQ(bar["shown"], true);
+    const auto space = mac.spaceAt(mac.displayAt(0), 0);
+    const struct {
+        const char* id;
+        const char* section;
+        json space;
+        json dot;
+        bool isFront;
+    } tiles[] = {{"com.apple.finder", "pinned", nullptr, "first", false},
+                 {"com.example.chess", "pinned", nullptr, nullptr, false},
+                 {"com.example.notes", "windows", space, "first", true},
+                 {"trash", "trash", nullptr, nullptr, false}};
+    ASSERT_EQ(bar["tiles"].size(), std::size(tiles));
+    double end = bar["frame"][0];
+    for (std::size_t i = 0; i < std::size(tiles); ++i) {
+        const auto& tile = bar["tiles"][i];
+        EXPECT_EQ(tile["id"], tiles[i].id);
+        EXPECT_EQ(tile["section"], tiles[i].section) << tiles[i].id;
+        EXPECT_EQ(tile["space"], tiles[i].space) << tiles[i].id;
+        EXPECT_EQ(tile["dot"], tiles[i].dot) << tiles[i].id;
+        EXPECT_EQ(tile["front"], tiles[i].isFront) << tiles[i].id;
+        EXPECT_GE(tile["frame"][0], end);
+        EXPECT_EQ(tile["frame"][1], bar["frame"][1]);
+        end = tile["frame"][0].get<double>() + tile["frame"][2].get<double>();
+    }
+    EXPECT_LT(end, bar["frame"][0].get<double>() + bar["frame"][2].get<double>());
+}
+
+TEST_F(ControlTest, TheTrashIsClickedAndHasItsMenu) {
+    launch();
+    EXPECT_EQ(answer({"click", "trash"}), ControlAnswer{});
+    EXPECT_EQ(answer({"menu", "trash", "Open"}), ControlAnswer{});
+    EXPECT_THAT(mac.world().opened, testing::ElementsAre("/Trash", "/Trash"));
+    EXPECT_EQ(answer({"set", "showsTrash", "false"}), ControlAnswer{});
+    EXPECT_EQ(answer({"click", "trash"}).code, ExitCode::rejected);
+}
+
+TEST_F(ControlTest, AClickMeansTheTileOfTheGroupThatIsNamed) {
+    const auto display = mac.displayAt(0);
+    mac.addSpace(display);
+    const auto notes = mac.launch("com.example.notes");
+    mac.openWindow(notes, {.title = "Here"});
+    mac.openWindow(notes, {.title = "There", .space = mac.spaceAt(display, 1)});
+    launch();
+    const auto title = [&](std::size_t space) {
+        const auto id = std::to_string(mac.spaceAt(display, space));
+        return json::parse(answer({"menu", "com.example.notes", "--space", id}).text)[0]["title"];
+    };
+    EXPECT_EQ(title(0), "Here");
+    EXPECT_EQ(title(1), "There");
+    const auto isHiddenByClick = [&](std::size_t space) {
+        const auto id = std::to_string(mac.spaceAt(display, space));
+        EXPECT_EQ(answer({"click", "com.example.notes", "--display", "1", "--space", id}),
+                  ControlAnswer{});
+        mac.scheduler.runFor(1);
+        return mac.world().app(notes)->hidden;
+    };
+    EXPECT_FALSE(isHiddenByClick(1)) << "its windows there are not in front";
+    EXPECT_TRUE(isHiddenByClick(0));
+}
+
+TEST_F(ControlTest, WhereTheDockIsInUseAClickStillFindsItsTile) {
+    launch();
+    answer({"mode", "systemDock"});
+    launch();
+    EXPECT_EQ(state()["bars"], json::array());
+    EXPECT_EQ(answer({"click", "com.example.chess"}), ControlAnswer{});
+    mac.scheduler.runFor(5);
+    EXPECT_EQ(state()["frontmost"]["id"], "com.example.chess");
 }
 
 TEST_F(ControlTest, StateCountsAllWindowsOfAnAppAndHungOnesCostLittle) {
@@ -178,6 +252,11 @@ TEST_F(ControlTest, WhatMakesNoSenseChangesNothing) {
         {"menu", "com.example.nowhere"},
         {"menu", "com.apple.finder", "Dance"},
         {"menu", "com.apple.finder", "Options"},
+        {"menu", "com.apple.finder", "Dance", "Sing"},
+        {"click", "com.apple.finder", "--space"},
+        {"click", "com.apple.finder", "--space", "first"},
+        {"click", "com.apple.finder", "--space", "1"},
+        {"click", "com.apple.finder", "--display", "7"},
         {"open", "com.apple.finder"},
         {"open", "com.example.nowhere", "/tmp/letter"},
         {"open", "com.example.notes", "letter"},

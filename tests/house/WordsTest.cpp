@@ -29,7 +29,7 @@ const Word words[] = {
 
 /// This file, and the folders whose wording is still to be revised.
 const std::vector<std::string> exceptions = {
-    "tests/house/WordsTest.cpp", "docs/architecture.md", "src/bar/", "src/ui/", "tests/ui/",
+    "tests/house/WordsTest.cpp", "src/bar/", "src/ui/", "tests/ui/",
 };
 
 std::vector<std::string> filesToCheck() {

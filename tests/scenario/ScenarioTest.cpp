@@ -182,7 +182,7 @@ TEST(ScenarioTest, ReportsFailedExpectations) {
         {R"({"at": 0, "do": "hide", "app": "org.example.maps"})",
          "org.example.maps is not running"},
         {R"({"at": 0, "do": "switchSpace", "space": 3})", "there is no such Space"},
-        {R"({"at": 0, "do": "click", "app": "org.example.maps"})", "no item org.example.maps"},
+        {R"({"at": 0, "do": "click", "app": "org.example.maps"})", "no bar has a tile org.example.maps"},
         {R"({"at": 0, "do": "launch", "app": "org.example.fly"})", "fly is not installed"},
         {R"({"at": 0, "do": "hide", "app": "com.apple.finder#2"})",
          "com.apple.finder#2 is not running"},

@@ -2,16 +2,19 @@
 
 #include <QCoreApplication>
 
+#include <algorithm>
+
 namespace larkspan::ui {
 
 BarOnScreen::Panels::Panels(AppController& app, BarOnScreen& stage)
-    : views(app, stage.views, stage.appearance, stage.dressing, stage.desktop) {
+    : views(app.look(), stage.views, stage.appearance, stage.dressing, stage.desktop) {
     // A picture is taken of what has come to rest, and nothing waits for it.
     stage.appearance.set({.reducesMotion = true});
 }
 
-std::unique_ptr<BarPanel> BarOnScreen::Panels::makePanel(const Screen& screen) {
-    auto panel = views.makePanel(screen);
+std::unique_ptr<BarPanel> BarOnScreen::Panels::makePanel(const Screen& screen,
+                                                         BarInteraction& bar) {
+    auto panel = views.makePanel(screen, bar);
     made.push_back(static_cast<QuickBarPanel*>(panel.get()));
     return panel;
 }
@@ -48,6 +51,12 @@ void BarOnScreen::settle() {
     // Icons that were drawn from another size first are made one a turn.
     for (int turn = 0; turn < 200; ++turn)
         QCoreApplication::processEvents();
+}
+
+int BarOnScreen::tileOf(const std::string& name) {
+    const auto& tiles = bar().tiles();
+    const auto found = std::ranges::find(tiles, name, &BarTile::name);
+    return found == tiles.end() ? -1 : static_cast<int>(found - tiles.begin());
 }
 
 QImage BarOnScreen::picture() {

@@ -3,6 +3,7 @@
 #include "adapters/sim/SimMac.h"
 #include "app/AppController.h"
 #include "ui/DesktopFakes.h"
+#include "ui/bar/QuickBarPanel.h"
 #include "ui/bar/QuickBarPanels.h"
 
 #include <QImage>
@@ -28,8 +29,10 @@ class BarOnScreen {
     void settle();
     QImage picture();
     QuickBarPanel& panel() { return *panels_->made.front(); }
-    QuickBarPanels& panels() { return panels_->views; }
-    BarScene& scene() { return panel().scene(); }
+    BarViewModel& model() { return panel().model(); }
+    BarInteraction& bar() { return model().bar(); }
+    /// The first tile of that name, or -1.
+    int tileOf(const std::string& name);
 
     Appearance appearance;
     Views views;
@@ -41,7 +44,8 @@ class BarOnScreen {
   private:
     struct Panels : BarPanels {
         Panels(AppController& app, BarOnScreen& stage);
-        std::unique_ptr<BarPanel> makePanel(const Screen& screen) override;
+        std::unique_ptr<BarPanel> makePanel(const Screen& screen, BarInteraction& bar) override;
+        BarPopups& popups() override { return views.popups(); }
 
         QuickBarPanels views;
         std::vector<QuickBarPanel*> made;

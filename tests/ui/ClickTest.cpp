@@ -1,8 +1,8 @@
 #include "ui/BarOnScreen.h"
 #include "ui/bar/TileItem.h"
+#include "ui/bar/clickModifiers.h"
 
 #include <QGuiApplication>
-#include <QSignalSpy>
 #include <QTest>
 
 #include <gtest/gtest.h>
@@ -13,11 +13,9 @@ namespace larkspan::ui {
 
 namespace {
 
-int tileOf(BarOnScreen& bar, const std::string& name) {
-    TileModel& tiles = *bar.scene().tiles();
-    for (int i = 0; i < tiles.rowCount(); ++i)
-        if (tiles.row(i).item.name == name) return i;
-    return -1;
+QPoint placeOf(BarOnScreen& bar, int tile) {
+    const Rect frame = bar.bar().frameOfTile(tile);
+    return QPointF(frame.x + frame.width / 2, 72 - frame.y - frame.height / 2).toPoint();
 }
 
 std::vector<TileItem*> tileItems(const QQuickItem& item) {
@@ -32,8 +30,7 @@ std::vector<TileItem*> tileItems(const QQuickItem& item) {
 
 void click(BarOnScreen& bar, const std::string& name, Qt::MouseButton button = Qt::LeftButton,
            Qt::KeyboardModifiers keys = {}) {
-    const QPointF place = bar.scene().tileFrame(tileOf(bar, name)).center();
-    QTest::mouseClick(&bar.panel().window(), button, keys, place.toPoint());
+    QTest::mouseClick(&bar.panel().window(), button, keys, placeOf(bar, bar.tileOf(name)));
     bar.settle();
 }
 
@@ -45,7 +42,6 @@ TEST(Click, BringsAnAppForwardAndSendsItAway) {
     bar.start();
     click(bar, "Mail");
     EXPECT_EQ(bar.mac.frontmost(), bar.mac.pidOf("com.example.Mail"));
-    EXPECT_TRUE(bar.scene().row(tileOf(bar, "Mail")).isFront);
     click(bar, "Mail");
     EXPECT_NE(bar.mac.frontmost(), bar.mac.pidOf("com.example.Mail"));
 }
@@ -65,18 +61,9 @@ TEST(Click, TakesTheKeysAndButtonsThatStandForAMacs) {
         {Qt::LeftButton, Qt::ShiftModifier, {.newInstance = true}},
         {Qt::MiddleButton, {}, {.newInstance = true}},
     };
-    BarOnScreen bar;
-    bar.openApps({"Mail"});
-    bar.start();
-    std::vector<ClickModifiers> clicked;
-    QObject::connect(&bar.scene(), &BarScene::tileClicked, &bar.scene(),
-                     [&](int, ClickModifiers modifiers) { clicked.push_back(modifiers); });
-    for (const Case& each : cases) {
-        click(bar, "Mail", each.button, each.keys);
-        ASSERT_FALSE(clicked.empty());
-        EXPECT_EQ(clicked.back(), each.modifiers) << clicked.size();
-    }
-    EXPECT_EQ(clicked.size(), std::size(cases));
+    for (const Case& each : cases)
+        EXPECT_EQ(clickModifiers(each.button, each.keys), each.modifiers)
+            << each.button << " " << each.keys.toInt();
 }
 
 TEST(Click, WithOptionHidesTheAppLeftBehind) {
@@ -86,6 +73,15 @@ TEST(Click, WithOptionHidesTheAppLeftBehind) {
     click(bar, "Mail", Qt::LeftButton, Qt::MetaModifier);
     EXPECT_EQ(bar.mac.frontmost(), bar.mac.pidOf("com.example.Mail"));
     EXPECT_TRUE(bar.mac.world().app(bar.mac.pidOf("com.example.Notes"))->hidden);
+}
+
+TEST(Click, OfTheMiddleButtonOpensAnotherInstance) {
+    BarOnScreen bar;
+    bar.openApps({"Mail"});
+    bar.start();
+    const auto processes = bar.mac.world().apps.size();
+    click(bar, "Mail", Qt::MiddleButton);
+    EXPECT_EQ(bar.mac.world().apps.size(), processes + 1);
 }
 
 TEST(Click, NextToTheTilesDoesNothing) {
@@ -101,42 +97,39 @@ TEST(Click, OfTheOtherButtonBesideTheTilesOpensTheBarsMenu) {
     BarOnScreen bar;
     bar.openApps({"Mail"});
     bar.start();
-    BarScene& scene = bar.scene();
-    QSignalSpy barMenu(&scene, &BarScene::barMenuRequested);
-    QSignalSpy tileMenu(&scene, &BarScene::menuRequested);
-    const auto click = [&bar](double x) {
+    BarViewModel& model = bar.model();
+    const auto menuAt = [&bar](double x) {
         QTest::mouseClick(&bar.panel().window(), Qt::RightButton, {}, QPoint(qRound(x), 40));
+        bar.settle();
+        const Menu& menu = bar.app.overlay()->menu();
+        const std::string first = menu.empty() ? "" : menu.front().title;
+        bar.app.overlay()->closeMenu();
+        return first;
     };
-    const double divider =
-        scene.viewX() +
-        scene.marks()->data(scene.marks()->index(0), MarkModel::SlotXRole).toDouble();
-    click(divider);
-    click(scene.glass().left() + 4);
-    EXPECT_EQ(barMenu.count(), 2);
-    EXPECT_EQ(tileMenu.count(), 0);
-    EXPECT_EQ(barMenu.at(0).at(0).toDouble(), qRound(divider));
-    click(scene.tileFrame(0).center().x());
-    click(scene.glass().left() - 40);
-    EXPECT_EQ(barMenu.count(), 2);
-    EXPECT_EQ(tileMenu.count(), 1);
+    const double divider = model.viewX() + bar.bar().layout().marks.front().x;
+    EXPECT_EQ(menuAt(divider), "Style");
+    EXPECT_EQ(menuAt(model.glass().left() + 4), "Style");
+    EXPECT_EQ(menuAt(placeOf(bar, bar.tileOf("Mail")).x()), "Mail");
+    EXPECT_EQ(menuAt(placeOf(bar, bar.tileOf("Trash")).x()), "Open");
+    EXPECT_EQ(menuAt(model.glass().left() - 40), "");
 }
 
-TEST(Keyboard, WalksOverTheTilesAndOpensOne) {
+TEST(Keyboard, KeysGoToTheBarThatHasIt) {
     BarOnScreen bar;
     bar.openApps({"Mail", "Notes"});
     bar.start();
-    BarScene& scene = bar.scene();
-    EXPECT_FALSE(scene.pressKey(Qt::Key_Right, {}));
-    scene.setKeyboard(true);
-    EXPECT_EQ(scene.litTile(), 0);
-    scene.pressKey(Qt::Key_Left, {});
-    EXPECT_EQ(scene.row(scene.litTile()).section, TileRow::Section::trash);
-    scene.pressKey(Qt::Key_M, "m");
-    EXPECT_EQ(scene.litTile(), tileOf(bar, "Mail"));
-    scene.pressKey(Qt::Key_Return, "\r");
+    const auto press = [&bar](Qt::Key key) { QTest::keyClick(&bar.panel().window(), key); };
+    press(Qt::Key_Right);
+    EXPECT_EQ(*bar.bar().litTile, -1);
+    bar.bar().setKeyboard(true);
+    press(Qt::Key_Left);
+    EXPECT_EQ(*bar.bar().litTile, bar.tileOf("Trash"));
+    press(Qt::Key_M);
+    EXPECT_EQ(*bar.bar().litTile, bar.tileOf("Mail"));
+    press(Qt::Key_Return);
     bar.settle();
     EXPECT_EQ(bar.mac.frontmost(), bar.mac.pidOf("com.example.Mail"));
-    EXPECT_FALSE(scene.hasKeyboard());
+    EXPECT_FALSE(*bar.bar().hasKeyboard);
 }
 
 TEST(Panel, HoldsItsStripWhileItShows) {
@@ -154,34 +147,17 @@ TEST(Panel, TilesThatWereRisingComeToRestInACrowdToo) {
     bar.appearance.set({});
     bar.openApps({"Mail", "Notes"});
     bar.mac.scheduler.runFor(3);
-    bar.scene().refresh();
     std::vector<std::string> names;
     for (int i = 0; i < 50; ++i)
         names.push_back("App" + std::to_string(i));
     bar.openApps(names);
     bar.mac.scheduler.runFor(3);
-    bar.scene().refresh();
     ASSERT_GT(tileItems(*bar.panel().window().contentItem()).size(), 50U);
     EXPECT_TRUE(QTest::qWaitFor([&bar] {
         const auto tiles = tileItems(*bar.panel().window().contentItem());
         return std::all_of(tiles.begin(), tiles.end(),
                            [](const TileItem* tile) { return tile->y() == 0; });
     }));
-}
-
-TEST(Panel, ManyAppsScrollAndCanAllBeReached) {
-    BarOnScreen bar;
-    std::vector<std::string> names;
-    for (int i = 0; i < 70; ++i)
-        names.push_back("App" + std::to_string(i));
-    bar.openApps(names);
-    bar.start();
-    BarScene& scene = bar.scene();
-    ASSERT_TRUE(scene.scrolls());
-    scene.scrollBy(100000);
-    const QRectF last = scene.tileFrame(scene.tiles()->rowCount() - 1);
-    EXPECT_LE(last.right(), scene.viewX() + scene.viewWidth());
-    EXPECT_GE(last.left(), scene.viewX());
 }
 
 } // namespace larkspan::ui

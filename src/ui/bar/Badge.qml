@@ -5,18 +5,18 @@ import Larkspan
 Rectangle {
     id: badge
 
-    required property BarScene scene
+    required property BarViewModel bar
     required property string text
 
     readonly property int pad: Math.round(height * 0.3)
 
     visible: text !== ""
-    height: Math.max(12, Math.round(scene.iconSize * 0.36))
+    height: Math.max(12, Math.round(bar.iconSize * 0.36))
     width: Math.max(height, label.width + 2 * pad)
     radius: height / 2
     // Over the corner of the icon, as far as the tile has room for it.
-    x: Math.round(Math.min(parent.width - width, (parent.width + scene.iconSize) / 2 + 3 - width))
-    y: Math.max(scene.glass.y + 1, scene.iconTop - 3)
+    x: Math.round(Math.min(parent.width - width, (parent.width + bar.iconSize) / 2 + 3 - width))
+    y: Math.max(bar.glass.y + 1, bar.iconTop - 3)
     color: "#d92b2b"
     border.width: 1
     border.color: Qt.rgba(1, 1, 1, 0.35)
@@ -26,7 +26,7 @@ Rectangle {
         id: label
 
         anchors.centerIn: parent
-        width: Math.min(implicitWidth, badge.scene.tileWidth - 2 * badge.pad)
+        width: Math.min(implicitWidth, badge.bar.tileWidth - 2 * badge.pad)
         text: badge.text
         textFormat: Text.PlainText
         elide: Text.ElideRight

@@ -3,91 +3,91 @@ import Larkspan
 
 /// The bar of one screen: the glass, the tiles on it, and the paddles of a bar that scrolls.
 Item {
-    id: bar
+    id: root
 
-    required property BarScene scene
+    required property BarViewModel bar
 
-    readonly property bool isDark: scene.appearance.isDark
+    readonly property bool isDark: bar.appearance.isDark
     readonly property color ink: isDark ? "#ffffff" : "#10141c"
 
     Glass {
-        scene: bar.scene
+        bar: root.bar
     }
 
     MouseArea {
         id: emptyGlass
 
-        x: bar.scene.glass.x
-        width: bar.scene.glass.width
-        height: bar.height
+        x: root.bar.glass.x
+        width: root.bar.glass.width
+        height: root.height
         acceptedButtons: Qt.RightButton
-        onPressed: event => bar.scene.barMenuRequested(emptyGlass.x + event.x)
+        onPressed: event => root.bar.openBarMenu(emptyGlass.x + event.x)
     }
 
     Item {
         id: view
 
-        x: bar.scene.viewX
-        width: bar.scene.viewWidth
-        height: bar.height
-        clip: bar.scene.scrolls
+        x: root.bar.viewX
+        width: root.bar.viewWidth
+        height: root.height
+        clip: root.bar.scrolls
 
         Behavior on x {
-            enabled: bar.scene.travels
-            Travel { scene: bar.scene }
+            enabled: root.bar.travels
+            Travel { bar: root.bar }
         }
 
         Item {
             id: content
 
-            x: -bar.scene.scrollX
+            x: -root.bar.scrollX
             height: parent.height
 
             Behavior on x {
-                enabled: bar.scene.scrolls && !bar.scene.appearance.reducesMotion
+                enabled: root.bar.scrolls && !root.bar.appearance.reducesMotion
                 NumberAnimation { duration: 180; easing.type: Easing.OutCubic }
             }
 
             Repeater {
-                model: bar.scene.marks
+                model: root.bar.marks
                 delegate: GroupMark {
-                    scene: bar.scene
-                    ink: bar.ink
+                    bar: root.bar
+                    ink: root.ink
                 }
             }
 
             Repeater {
-                model: bar.scene.tiles
+                model: root.bar.tiles
                 delegate: Tile {
-                    scene: bar.scene
-                    ink: bar.ink
+                    bar: root.bar
+                    ink: root.ink
                 }
             }
         }
     }
 
     Paddle {
-        scene: bar.scene
-        ink: bar.ink
-        direction: -1
+        bar: root.bar
+        ink: root.ink
+        direction: BarViewModel.ToTheLeft
         anchors.right: view.left
     }
 
     Paddle {
-        scene: bar.scene
-        ink: bar.ink
-        direction: 1
+        bar: root.bar
+        ink: root.ink
+        direction: BarViewModel.ToTheRight
         anchors.left: view.right
     }
 
     WheelHandler {
         acceptedDevices: PointerDevice.Mouse | PointerDevice.TouchPad
-        enabled: bar.scene.scrolls
-        onWheel: event => bar.scene.scrollBy(-(event.angleDelta.y + event.angleDelta.x) / 2)
+        enabled: root.bar.scrolls
+        onWheel: event => root.bar.scrollBy(-(event.angleDelta.y + event.angleDelta.x) / 2)
     }
 
     HoverHandler {
-        onHoveredChanged: bar.scene.setPointerInside(hovered)
+        onHoveredChanged: root.bar.setPointerInside(hovered)
     }
 
     Accessible.role: Accessible.ToolBar

@@ -5,9 +5,9 @@ import Larkspan
 GlassItem {
     id: glass
 
-    required property BarScene scene
+    required property BarViewModel bar
 
-    readonly property rect pane: scene.glass
+    readonly property rect pane: bar.glass
     property int paneX: pane.x
     property int paneWidth: pane.width
 
@@ -15,24 +15,24 @@ GlassItem {
     y: pane.y
     width: paneWidth + 2 * margin
     height: pane.height + margin
-    margin: scene.isBand || scene.cutsCorners ? 0 : 4
-    radius: scene.radius
-    isBand: scene.isBand
-    isDark: scene.appearance.isDark
-    isFrosted: scene.isFrosted
-    isOpaque: scene.appearance.increasesContrast || scene.cutsCorners
-    hasStrongEdges: scene.appearance.increasesContrast
-    fillsCorners: scene.cutsCorners
-    backdrop: scene.backdrop
-    surroundings: scene.surroundings
+    margin: bar.isBand || bar.cutsCorners ? 0 : 4
+    radius: bar.radius
+    isBand: bar.isBand
+    isDark: bar.appearance.isDark
+    isFrosted: bar.isFrosted
+    isOpaque: bar.appearance.increasesContrast || bar.cutsCorners
+    hasStrongEdges: bar.appearance.increasesContrast
+    fillsCorners: bar.cutsCorners
+    backdrop: bar.backdrop
+    surroundings: bar.surroundings
 
     Behavior on paneX {
-        enabled: glass.scene.travels
-        Travel { scene: glass.scene }
+        enabled: glass.bar.travels
+        Travel { bar: glass.bar }
     }
 
     Behavior on paneWidth {
-        enabled: glass.scene.travels
-        Travel { scene: glass.scene }
+        enabled: glass.bar.travels
+        Travel { bar: glass.bar }
     }
 }

@@ -5,7 +5,7 @@ import Larkspan
 Rectangle {
     id: mark
 
-    required property BarScene scene
+    required property BarViewModel bar
     required property color ink
     required property bool isRing
     required property int slotX
@@ -15,9 +15,9 @@ Rectangle {
     property int travelWidth: slotWidth
 
     x: travelX
-    y: isRing ? scene.iconTop - 4 : scene.iconTop + scene.iconSize * 0.08
+    y: isRing ? bar.iconTop - 4 : bar.iconTop + bar.iconSize * 0.08
     width: travelWidth
-    height: isRing ? scene.iconSize + 8 : scene.iconSize * 0.84
+    height: isRing ? bar.iconSize + 8 : bar.iconSize * 0.84
     radius: isRing ? 10 : 0
     color: isRing ? Qt.rgba(ink.r, ink.g, ink.b, 0.05) : Qt.rgba(ink.r, ink.g, ink.b, 0.2)
     border.width: isRing ? 1 : 0
@@ -25,12 +25,12 @@ Rectangle {
     antialiasing: isRing
 
     Behavior on travelX {
-        enabled: mark.scene.travels
-        Travel { scene: mark.scene }
+        enabled: mark.bar.travels
+        Travel { bar: mark.bar }
     }
 
     Behavior on travelWidth {
-        enabled: mark.scene.travels
-        Travel { scene: mark.scene }
+        enabled: mark.bar.travels
+        Travel { bar: mark.bar }
     }
 }

@@ -1,6 +1,6 @@
 #pragma once
 
-#include "ui/bar/BarLayout.h"
+#include "bar/BarLayout.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>

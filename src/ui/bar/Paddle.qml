@@ -5,21 +5,21 @@ import Larkspan
 Item {
     id: paddle
 
-    required property BarScene scene
+    required property BarViewModel bar
     required property color ink
-    /// -1 scrolls towards the left end, 1 towards the right.
+    /// A BarViewModel.Direction.
     required property int direction
 
-    readonly property bool canScroll: direction < 0 ? scene.scrollX > 0
-                                                    : scene.scrollX < scene.scrollRange
+    readonly property bool isAtLeft: direction === BarViewModel.ToTheLeft
+    readonly property bool canScroll: isAtLeft ? bar.scrollX > 0 : bar.scrollX < bar.scrollRange
 
-    visible: scene.scrolls
+    visible: bar.scrolls
     width: 26
     height: parent.height
 
     Text {
         anchors.centerIn: parent
-        text: paddle.direction < 0 ? "‹" : "›"
+        text: paddle.isAtLeft ? "‹" : "›"
         color: paddle.ink
         opacity: paddle.canScroll ? 0.8 : 0.2
         font.pixelSize: 24
@@ -28,10 +28,10 @@ Item {
 
     TapHandler {
         enabled: paddle.canScroll
-        onTapped: paddle.scene.scrollPage(paddle.direction)
+        onTapped: paddle.bar.scrollPage(paddle.direction)
     }
 
     Accessible.role: Accessible.Button
-    Accessible.name: direction < 0 ? "Scroll left" : "Scroll right"
-    Accessible.onPressAction: scene.scrollPage(direction)
+    Accessible.name: isAtLeft ? "Scroll left" : "Scroll right"
+    Accessible.onPressAction: bar.scrollPage(direction)
 }

@@ -5,23 +5,23 @@ import Larkspan
 Rectangle {
     id: dot
 
-    required property BarScene scene
-    /// Which of the two colors it takes: 1 or 2.
+    required property BarViewModel bar
+    /// A TileModel.Dot.
     required property int kind
     required property bool isFront
     required property bool wantsAttention
 
     anchors.horizontalCenter: parent.horizontalCenter
-    y: scene.iconTop + scene.iconSize + Math.max(2, Math.round((scene.glass.y + scene.glass.height
-       - scene.iconTop - scene.iconSize - height) / 2) - 1)
+    y: bar.iconTop + bar.iconSize + Math.max(2, Math.round((bar.glass.y + bar.glass.height
+       - bar.iconTop - bar.iconSize - height) / 2) - 1)
     width: isFront ? 14 : wantsAttention ? 8 : 4
     height: 4
     radius: 2
     antialiasing: true
-    color: wantsAttention ? "#ff8a1f" : kind === 2 ? scene.dotGray : scene.dotColor
+    color: wantsAttention ? "#ff8a1f" : kind === TileModel.GrayDot ? bar.dotGray : bar.dotColor
 
     Behavior on width {
-        enabled: dot.scene.travels
+        enabled: dot.bar.travels
         NumberAnimation { duration: 160; easing.type: Easing.OutCubic }
     }
 }

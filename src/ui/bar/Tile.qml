@@ -5,7 +5,7 @@ import Larkspan
 TileItem {
     id: tile
 
-    required property BarScene scene
+    required property BarViewModel bar
     required property color ink
     required property int index
     required property string status
@@ -21,7 +21,7 @@ TileItem {
     required image
     required name
 
-    readonly property bool isLit: scene.litTile === index
+    readonly property bool isLit: bar.litTile === index
     /// Goes up and down while the app is being opened.
     property real breath: 1
     property int travelX: slotX
@@ -33,41 +33,41 @@ TileItem {
     x: travelX + Math.round(flight)
     z: flight !== 0 ? 1 : 0
     y: rise
-    width: scene.tileWidth
+    width: bar.tileWidth
     height: parent.height
-    icons: scene.icons
-    iconSize: scene.iconSize
-    iconTop: scene.iconTop
+    icons: bar.icons
+    iconSize: bar.iconSize
+    iconTop: bar.iconTop
     opacity: (pressed ? 0.6 : isQuiet && !isLit ? 0.55 : 1) * breath
 
-    onHoveredChanged: scene.hover(index, hovered)
-    onClicked: (button, keys) => scene.clickTile(index, button, keys)
-    onMenuRequested: scene.menuRequested(index)
+    onHoveredChanged: bar.hover(index, hovered)
+    onClicked: (button, keys) => bar.click(index, button, keys)
+    onMenuRequested: bar.openTileMenu(index)
 
     TileHighlight {
         tile: tile
         ink: tile.ink
-        hasKeyboard: tile.scene.hasKeyboard
-        focusColor: tile.scene.dotColor
+        hasKeyboard: tile.bar.hasKeyboard
+        focusColor: tile.bar.dotColor
         visible: tile.isLit
     }
 
     RunningDot {
-        scene: tile.scene
+        bar: tile.bar
         kind: tile.dot
         isFront: tile.isFront
         wantsAttention: tile.wantsAttention
-        visible: tile.dot !== 0 || tile.wantsAttention
+        visible: tile.dot !== TileModel.NoDot || tile.wantsAttention
     }
 
     Badge {
-        scene: tile.scene
+        bar: tile.bar
         text: tile.badge
     }
 
     Behavior on travelX {
-        enabled: tile.scene.travels
-        Travel { scene: tile.scene }
+        enabled: tile.bar.travels
+        Travel { bar: tile.bar }
     }
 
     NumberAnimation {
@@ -84,7 +84,7 @@ TileItem {
     Travel {
         id: flying
 
-        scene: tile.scene
+        bar: tile.bar
         target: tile
         property: "flight"
         from: tile.flightX
@@ -92,12 +92,12 @@ TileItem {
     }
 
     LaunchPulse on breath {
-        running: tile.isLaunching && !tile.scene.appearance.reducesMotion
+        running: tile.isLaunching && !tile.bar.appearance.reducesMotion
     }
 
-    // Started once: bound to the scene it would be stopped half-way when tiles cease to travel.
+    // Started once: bound to the bar it would be stopped half-way when tiles cease to travel.
     Component.onCompleted: {
-        if (!scene.travels) return;
+        if (!bar.travels) return;
         if (flightX !== 0)
             flying.start();
         else
@@ -108,5 +108,5 @@ TileItem {
     Accessible.name: name
     Accessible.description: status
     Accessible.focusable: true
-    Accessible.onPressAction: scene.clickTile(index, Qt.LeftButton, Qt.NoModifier)
+    Accessible.onPressAction: bar.click(index, Qt.LeftButton, Qt.NoModifier)
 }

@@ -103,9 +103,7 @@ void TileItem::mouseReleaseEvent(QMouseEvent* event) {
     if (event->button() != pressedButton_) return;
     const bool isClick = isPressed_ && contains(event->position());
     setPressed(false);
-    if (isClick)
-        Q_EMIT clicked(static_cast<int>(event->button()),
-                       static_cast<int>(event->modifiers().toInt()));
+    if (isClick) Q_EMIT clicked(event->button(), event->modifiers());
 }
 
 void TileItem::mouseUngrabEvent() {

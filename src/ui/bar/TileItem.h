@@ -40,8 +40,7 @@ class TileItem : public QQuickItem {
     void iconChanged();
     void hoveredChanged();
     void pressedChanged();
-    /// With a Qt::MouseButton and Qt::KeyboardModifiers.
-    void clicked(int button, int keys);
+    void clicked(Qt::MouseButton button, Qt::KeyboardModifiers keys);
     void menuRequested();
 
   protected:

@@ -1,6 +1,8 @@
 #include "ui/bar/TileModel.h"
 
+#include "platform/Overload.h"
 #include "ui/bar/TileItem.h"
+#include "ui/bar/TrashImage.h"
 
 #include <QStringList>
 
@@ -16,64 +18,91 @@ namespace {
 
 using Sources = std::vector<std::optional<std::size_t>>;
 
-bool isRunningSection(const TileRow& row) {
-    return row.section == TileRow::Section::windows || row.section == TileRow::Section::background;
+/// What shows on the tile.
+ImageRef imageOf(const BarTile& tile) {
+    static const ImageRef emptyTrash = std::make_shared<TrashImage>(true);
+    static const ImageRef fullTrash = std::make_shared<TrashImage>(false);
+    return std::visit(
+        Overload{[](const AppTile& app) { return app.item.icon; },
+                 [](const TrashTile& trash) { return trash.isEmpty ? emptyTrash : fullTrash; }},
+        tile.content);
 }
 
-/// For each new row the old row that it continues: the same tile, or else a running app's tile
+TileModel::Dot dotOf(const BarTile& tile) {
+    switch (tile.dot) {
+    case BarTile::Dot::none:
+        return TileModel::NoDot;
+    case BarTile::Dot::first:
+        return TileModel::FirstDot;
+    case BarTile::Dot::gray:
+        return TileModel::GrayDot;
+    }
+    return TileModel::NoDot;
+}
+
+bool isRunningSection(const BarTile& tile) {
+    return tile.section == BarTile::Section::windows ||
+           tile.section == BarTile::Section::background;
+}
+
+/// For each new tile the old row that it continues: the same tile, or else a running app's tile
 /// that left its group for another or for the background.
-Sources continuedRows(const std::vector<TileModel::Tile>& oldTiles,
-                      const std::vector<TileRow>& newRows) {
+Sources continuedRows(const std::vector<TileModel::Row>& oldRows,
+                      const std::vector<BarTile>& newTiles) {
     std::map<std::string, std::size_t> left;
-    for (std::size_t i = 0; i < oldTiles.size(); ++i)
-        left.emplace(oldTiles[i].row.key(), i);
-    Sources sources(newRows.size());
-    for (std::size_t i = 0; i < newRows.size(); ++i) {
-        if (const auto old = left.extract(newRows[i].key())) sources[i] = old.mapped();
+    for (std::size_t i = 0; i < oldRows.size(); ++i)
+        left.emplace(oldRows[i].tile.key(), i);
+    Sources sources(newTiles.size());
+    for (std::size_t i = 0; i < newTiles.size(); ++i) {
+        if (const auto old = left.extract(newTiles[i].key())) sources[i] = old.mapped();
     }
     std::multimap<std::string, std::size_t> moved;
     for (const auto& [key, i] : left)
-        if (isRunningSection(oldTiles[i].row)) moved.emplace(oldTiles[i].row.item.id, i);
-    for (std::size_t i = 0; i < newRows.size(); ++i) {
-        if (sources[i] || !isRunningSection(newRows[i])) continue;
-        if (const auto old = moved.extract(newRows[i].item.id)) sources[i] = old.mapped();
+        if (isRunningSection(oldRows[i].tile)) moved.emplace(oldRows[i].tile.id(), i);
+    for (std::size_t i = 0; i < newTiles.size(); ++i) {
+        if (sources[i] || !isRunningSection(newTiles[i])) continue;
+        if (const auto old = moved.extract(newTiles[i].id())) sources[i] = old.mapped();
     }
     return sources;
 }
 
 /// Only these are told to the view: telling all would bind every property of every tile anew.
-QList<int> changedRoles(const TileModel::Tile& before, const TileModel::Tile& after) {
+QList<int> changedRoles(const TileModel::Row& before, const TileModel::Row& after) {
     QList<int> roles;
     const auto compare = [&](bool differs, int role) {
         if (differs) roles << role;
     };
+    const BarTile& old = before.tile;
+    const BarTile& tile = after.tile;
     compare(before.x != after.x, TileModel::SlotXRole);
-    compare(before.row.item.icon != after.row.item.icon, TileModel::ImageRole);
-    compare(before.row.item.name != after.row.item.name, TileModel::NameRole);
-    compare(before.row.dot != after.row.dot, TileModel::DotRole);
-    compare(before.row.isFront != after.row.isFront, TileModel::FrontRole);
-    compare(before.row.isRing != after.row.isRing, TileModel::QuietRole);
-    compare(before.row.isLaunching != after.row.isLaunching, TileModel::LaunchingRole);
-    compare(before.row.wantsAttention != after.row.wantsAttention, TileModel::AttentionRole);
-    compare(before.row.badge != after.row.badge, TileModel::BadgeRole);
-    compare(statusText(before.row) != statusText(after.row), TileModel::StatusRole);
+    compare(imageOf(old) != imageOf(tile), TileModel::ImageRole);
+    compare(old.name() != tile.name(), TileModel::NameRole);
+    compare(old.dot != tile.dot, TileModel::DotRole);
+    compare(old.isFront != tile.isFront, TileModel::FrontRole);
+    compare(old.isRing != tile.isRing, TileModel::QuietRole);
+    compare(old.isLaunching != tile.isLaunching, TileModel::LaunchingRole);
+    compare(old.wantsAttention != tile.wantsAttention, TileModel::AttentionRole);
+    compare(old.badge != tile.badge, TileModel::BadgeRole);
+    compare(statusText(old) != statusText(tile), TileModel::StatusRole);
     return roles;
 }
 
 } // namespace
 
-QString statusText(const TileRow& row) {
+QString statusText(const BarTile& tile) {
+    static const DockItem none;
+    const DockItem& item = tile.app() ? tile.app()->item : none;
     QStringList parts;
-    if (row.isLaunching)
+    if (tile.isLaunching)
         parts << "opening";
-    else if (row.item.app)
+    else if (item.app)
         parts << "running";
-    if (row.isFront) parts << "in front";
-    if (row.item.app && row.item.app->isHidden) parts << "hidden";
-    if (row.wantsAttention) parts << "wants attention";
-    if (!row.badge.empty()) parts << "badge " + QString::fromStdString(row.badge);
-    if (row.isRing) parts << "on another desktop";
-    if (row.item.isPinned) parts << "pinned";
+    if (tile.isFront) parts << "in front";
+    if (item.app && item.app->isHidden) parts << "hidden";
+    if (tile.wantsAttention) parts << "wants attention";
+    if (!tile.badge.empty()) parts << "badge " + QString::fromStdString(tile.badge);
+    if (tile.isRing) parts << "on another desktop";
+    if (item.isPinned) parts << "pinned";
     return parts.join(", ");
 }
 
@@ -87,37 +116,37 @@ QString badgeText(const std::string& badge) {
 }
 
 int TileModel::rowCount(const QModelIndex& parent) const {
-    return parent.isValid() ? 0 : static_cast<int>(tiles_.size());
+    return parent.isValid() ? 0 : static_cast<int>(rows_.size());
 }
 
 QVariant TileModel::data(const QModelIndex& index, int role) const {
     if (!index.isValid() || index.row() >= rowCount()) return {};
-    const Tile& tile = tiles_[static_cast<std::size_t>(index.row())];
-    const auto& [row, x] = tile;
+    const Row& row = rows_[static_cast<std::size_t>(index.row())];
+    const auto& [tile, x] = row;
     switch (role) {
     case ImageRole:
-        return QVariant::fromValue(row.item.icon);
+        return QVariant::fromValue(imageOf(tile));
     case Qt::DisplayRole:
     case NameRole:
-        return QString::fromStdString(row.item.name);
+        return QString::fromStdString(tile.name());
     case StatusRole:
-        return statusText(row);
+        return statusText(tile);
     case SlotXRole:
         return x;
     case DotRole:
-        return static_cast<int>(row.dot);
+        return dotOf(tile);
     case FrontRole:
-        return row.isFront;
+        return tile.isFront;
     case QuietRole:
-        return row.isRing;
+        return tile.isRing;
     case LaunchingRole:
-        return row.isLaunching;
+        return tile.isLaunching;
     case AttentionRole:
-        return row.wantsAttention;
+        return tile.wantsAttention;
     case BadgeRole:
-        return badgeText(row.badge);
+        return badgeText(tile.badge);
     case FlightXRole:
-        return flightX(tile);
+        return flightX(row);
     default:
         return {};
     }
@@ -125,20 +154,12 @@ QVariant TileModel::data(const QModelIndex& index, int role) const {
 
 /// How far from its place a tile starts that flies in: on its pinned tile, which stands elsewhere
 /// by now when the bar has become wider, and on every bar at its own place.
-double TileModel::flightX(const Tile& tile) const {
-    if (!tile.row.fliesIn) return 0;
-    const auto pinned = std::find_if(tiles_.begin(), tiles_.end(), [&](const Tile& other) {
-        return other.row.section == TileRow::Section::pinned &&
-               other.row.item.id == tile.row.item.id;
+double TileModel::flightX(const Row& row) const {
+    if (!row.tile.fliesIn) return 0;
+    const auto pinned = std::ranges::find_if(rows_, [&](const Row& other) {
+        return other.tile.section == BarTile::Section::pinned && other.tile.id() == row.tile.id();
     });
-    return pinned == tiles_.end() ? 0 : pinned->x - tile.x;
-}
-
-int TileModel::indexOf(const std::string& key) const {
-    const auto tile = std::find_if(tiles_.begin(), tiles_.end(), [&](const Tile& candidate) {
-        return candidate.row.key() == key;
-    });
-    return tile == tiles_.end() ? -1 : static_cast<int>(tile - tiles_.begin());
+    return pinned == rows_.end() ? 0 : pinned->x - row.x;
 }
 
 QHash<int, QByteArray> TileModel::roleNames() const {
@@ -155,46 +176,46 @@ QHash<int, QByteArray> TileModel::roleNames() const {
             {FlightXRole, "flightX"}};
 }
 
-void TileModel::setRows(std::vector<TileRow> rows, const std::vector<double>& tileX) {
-    const auto sources = continuedRows(tiles_, rows);
-    std::vector<Tile> target;
-    for (std::size_t i = 0; i < rows.size(); ++i)
-        target.push_back({std::move(rows[i]), tileX[i]});
-    for (const ListChange& change : listChanges(tiles_.size(), sources))
+void TileModel::setTiles(const std::vector<BarTile>& tiles, const std::vector<double>& tileX) {
+    const auto sources = continuedRows(rows_, tiles);
+    std::vector<Row> target;
+    for (std::size_t i = 0; i < tiles.size(); ++i)
+        target.push_back({tiles[i], tileX[i]});
+    for (const ListChange& change : listChanges(rows_.size(), sources))
         apply(change, target);
     takeContents(std::move(target));
 }
 
-void TileModel::apply(const ListChange& change, const std::vector<Tile>& target) {
+void TileModel::apply(const ListChange& change, const std::vector<Row>& target) {
     const auto from = static_cast<int>(change.from);
     const auto to = static_cast<int>(change.to);
     switch (change.kind) {
     case ListChange::Kind::remove:
         beginRemoveRows({}, from, from);
-        tiles_.erase(tiles_.begin() + from);
+        rows_.erase(rows_.begin() + from);
         endRemoveRows();
         return;
     case ListChange::Kind::insert:
         beginInsertRows({}, to, to);
-        tiles_.insert(tiles_.begin() + to, target[change.element]);
+        rows_.insert(rows_.begin() + to, target[change.element]);
         endInsertRows();
         return;
     case ListChange::Kind::move:
         // The toolkit names the row before which the moved one goes, with it still in its place.
         beginMoveRows({}, from, from, {}, to > from ? to + 1 : to);
-        Tile tile = std::move(tiles_[change.from]);
-        tiles_.erase(tiles_.begin() + from);
-        tiles_.insert(tiles_.begin() + to, std::move(tile));
+        Row row = std::move(rows_[change.from]);
+        rows_.erase(rows_.begin() + from);
+        rows_.insert(rows_.begin() + to, std::move(row));
         endMoveRows();
         return;
     }
 }
 
-void TileModel::takeContents(std::vector<Tile> target) {
+void TileModel::takeContents(std::vector<Row> target) {
     for (std::size_t i = 0; i < target.size(); ++i) {
-        if (target[i] == tiles_[i]) continue;
-        QList<int> roles = changedRoles(tiles_[i], target[i]);
-        tiles_[i] = std::move(target[i]);
+        if (target[i] == rows_[i]) continue;
+        QList<int> roles = changedRoles(rows_[i], target[i]);
+        rows_[i] = std::move(target[i]);
         const QModelIndex place = index(static_cast<int>(i));
         if (!roles.isEmpty()) Q_EMIT dataChanged(place, place, roles);
     }

@@ -1,7 +1,7 @@
 #pragma once
 
+#include "bar/BarTile.h"
 #include "ui/bar/ListChanges.h"
-#include "ui/bar/TileRow.h"
 
 #include <QAbstractListModel>
 #include <QtQml/qqmlregistration.h>
@@ -15,9 +15,14 @@ namespace larkspan::ui {
 /// that tiles travel instead of blinking.
 class TileModel : public QAbstractListModel {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("belongs to a bar")
 
   public:
+    /// Below the icon, and which of the two colors it takes.
+    enum Dot { NoDot, FirstDot, GrayDot };
+    Q_ENUM(Dot)
+
     enum Role {
         ImageRole = Qt::UserRole,
         NameRole,
@@ -36,28 +41,25 @@ class TileModel : public QAbstractListModel {
     QVariant data(const QModelIndex& index, int role) const override;
     QHash<int, QByteArray> roleNames() const override;
 
-    /// `tileX` has the left edge of each row's tile.
-    void setRows(std::vector<TileRow> rows, const std::vector<double>& tileX);
-    const TileRow& row(int index) const { return tiles_[static_cast<std::size_t>(index)].row; }
-    /// The row of that key, or -1.
-    int indexOf(const std::string& key) const;
+    /// `tileX` has the left edge of each tile.
+    void setTiles(const std::vector<BarTile>& tiles, const std::vector<double>& tileX);
 
-    struct Tile {
-        TileRow row;
+    struct Row {
+        BarTile tile;
         double x = 0;
-        bool operator==(const Tile&) const = default;
+        bool operator==(const Row&) const = default;
     };
 
   private:
-    double flightX(const Tile& tile) const;
-    void apply(const ListChange& change, const std::vector<Tile>& target);
-    void takeContents(std::vector<Tile> target);
+    double flightX(const Row& row) const;
+    void apply(const ListChange& change, const std::vector<Row>& target);
+    void takeContents(std::vector<Row> target);
 
-    std::vector<Tile> tiles_;
+    std::vector<Row> rows_;
 };
 
 /// What assistive technology reads out after the tile's name.
-QString statusText(const TileRow& row);
+QString statusText(const BarTile& tile);
 
 /// What a badge has room for: a number over 99 is "99+". The view shortens other texts.
 QString badgeText(const std::string& badge);

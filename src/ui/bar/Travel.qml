@@ -3,9 +3,9 @@ import Larkspan
 
 /// How things on the bar go to their new places: the spring that came with the change.
 NumberAnimation {
-    required property BarScene scene
+    required property BarViewModel bar
 
-    duration: scene.travelTime
+    duration: bar.travelTime
     easing.type: Easing.BezierSpline
-    easing.bezierCurve: scene.travelCurve
+    easing.bezierCurve: bar.travelCurve
 }

@@ -11,11 +11,11 @@
 
 namespace larkspan::ui {
 
-DemoBarPanel::DemoBarPanel(Views& views, QQuickItem& desktop, std::unique_ptr<BarScene> scene,
+DemoBarPanel::DemoBarPanel(Views& views, QQuickItem& desktop, std::unique_ptr<BarViewModel> model,
                            BarLook& look)
     : look_(look)
-    , scene_(std::move(scene))
-    , root_(views.make("bar/Bar", {{"scene", QVariant::fromValue(scene_.get())}})) {
+    , model_(std::move(model))
+    , root_(views.make("bar/Bar", {{"bar", QVariant::fromValue(model_.get())}})) {
     root_->setParentItem(&desktop);
     root_->setZ(DemoLayer::bars);
     root_->setVisible(false);
@@ -27,17 +27,17 @@ DemoBarPanel::~DemoBarPanel() {
     root_.reset();
 }
 
-void DemoBarPanel::place(const Screen& screen, double height) {
+Size DemoBarPanel::place(const Screen& screen, double height) {
     screen_ = screen;
     height_ = std::round(height);
+    const Size size{screen.bounds.width, height_};
     root_->setPosition(QPointF(screen.bounds.x, screen.bounds.maxY() - height_));
-    root_->setSize(QSizeF(screen.bounds.width, height_));
+    root_->setSize(QSizeF(size.width, size.height));
     updateSurface();
-    scene_->place(screen.display, {screen.bounds.width, height_});
+    return size;
 }
 
 void DemoBarPanel::orderIn() {
-    scene_->refresh();
     root_->setVisible(true);
 }
 
@@ -50,27 +50,6 @@ bool DemoBarPanel::takeKeyboard() {
     return false;
 }
 
-Rect DemoBarPanel::barFrame() const {
-    const QRectF glass = scene_->glass();
-    return {screen_.frame.x + glass.x(), screen_.frame.y + height_ - glass.bottom(), glass.width(),
-            glass.height()};
-}
-
-Rect DemoBarPanel::tileOnScreen(int index) const {
-    const QRectF tile = scene_->tileFrame(index);
-    return {screen_.frame.x + tile.x(), screen_.frame.y + height_ - tile.bottom(), tile.width(),
-            tile.height()};
-}
-
-QRectF DemoBarPanel::tileOnDesktop(int index) const {
-    return scene_->tileFrame(index).translated(root_->position());
-}
-
-QRectF DemoBarPanel::placeOnDesktop(double x) const {
-    const QRectF glass = scene_->glass();
-    return QRectF(x, glass.top(), 0, glass.height()).translated(root_->position());
-}
-
 /// Windows keep clear of the bar, so what shines through it is the wallpaper.
 void DemoBarPanel::updateSurface() {
     if (height_ <= 0) return;
@@ -81,7 +60,7 @@ void DemoBarPanel::updateSurface() {
         painter, {0, height_ - screen_.bounds.height, screen_.bounds.width, screen_.bounds.height});
     painter.end();
     const double strength = *look_.glass == GlassKind::regular ? 4 : 1;
-    scene_->setSurface({.backdrop = frosted(picture, *look_.glassBlur * strength)});
+    model_->setSurface({.backdrop = frosted(picture, *look_.glassBlur * strength)});
 }
 
 } // namespace larkspan::ui

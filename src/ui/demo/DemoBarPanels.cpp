@@ -1,65 +1,41 @@
 #include "ui/demo/DemoBarPanels.h"
 
-#include "app/BarMenu.h"
 #include "ui/demo/DemoBarPanel.h"
 
 #include <QQuickWindow>
 
 namespace larkspan::ui {
 
-DemoBarPanels::DemoBarPanels(AppController& controller, Views& views, Appearance& appearance,
+DemoBarPanels::DemoBarPanels(BarLook& look, Views& views, Appearance& appearance,
                              QQuickItem& desktop, sim::SimMac& mac)
-    : controller_(controller)
+    : look_(look)
     , views_(views)
     , appearance_(appearance)
     , desktop_(desktop)
     , mac_(mac)
-    , actions_(controller.store(), controller.click(), controller.itemMenu(), controller.refresh(),
-               controller.trash()) {}
-
-std::unique_ptr<BarPanel> DemoBarPanels::makePanel(const Screen&) {
-    BarLook& look = controller_.look();
-    auto panel = std::make_unique<DemoBarPanel>(
-        views_, desktop_,
-        std::make_unique<BarScene>(controller_.store(), look, appearance_, icons_), look);
-    BarScene& scene = panel->scene();
-    connect(&scene, &BarScene::tileClicked, this,
-            [this, bar = panel.get()](int index, ClickModifiers modifiers) {
-                // A copy: the click may change the rows.
-                const TileRow row = bar->scene().row(index);
-                actions_.click(row, bar->tileOnScreen(index), modifiers);
-            });
-    connect(&scene, &BarScene::menuRequested, this, [this, bar = panel.get()](int index) {
-        tileMenu_ = actions_.openMenu(bar->scene().row(index), bar->tileOnScreen(index),
-                                      [this, anchor = bar->tileOnDesktop(index)](const Menu& menu) {
-                                          openMenu(menu, anchor);
-                                      });
-    });
-    connect(&scene, &BarScene::barMenuRequested, this, [this, bar = panel.get()](double x) {
-        tileMenu_.reset();
-        openMenu(barMenu(controller_), bar->placeOnDesktop(x));
-    });
-    connect(&scene, &BarScene::pointerInsideChanged, this,
-            [this, bar = panel.get()](bool isInside) { movePointer(*bar, isInside); });
-    return panel;
+    , popups_(views, appearance,
+              [this](const Rect& anchor, const Screen& screen) { return locate(anchor, screen); }) {
 }
 
-void DemoBarPanels::movePointer(const BarPanel& bar, bool isInside) {
-    const Rect frame = bar.barFrame();
-    const double height = isInside ? frame.height / 2 : frame.height * 2;
-    mac_.movePointer({frame.x + frame.width / 2, frame.y + height});
-    actions_.setPointerOnBar(isInside, false);
+std::unique_ptr<BarPanel> DemoBarPanels::makePanel(const Screen&, BarInteraction& bar) {
+    auto model = std::make_unique<BarViewModel>(bar, look_, appearance_, icons_);
+    QObject::connect(model.get(), &BarViewModel::pointerInsideChanged, [this, &bar](bool isInside) {
+        const Rect frame = bar.frame();
+        const double height = isInside ? frame.height / 2 : frame.height * 2;
+        mac_.movePointer({frame.x + frame.width / 2, frame.y + height});
+    });
+    return std::make_unique<DemoBarPanel>(views_, desktop_, std::move(model), look_);
 }
 
-void DemoBarPanels::openMenu(const Menu& menu, const QRectF& anchor) {
-    if (menu.empty() || !desktop_.window()) return;
-    if (!menu_) {
-        menu_ = std::make_unique<MenuWindow>(views_, appearance_);
-        connect(menu_.get(), &MenuWindow::closed, this, [this] { tileMenu_.reset(); });
-    }
-    const QPointF corner = desktop_.window()->position();
-    menu_->open(menu, desktop_.mapRectToScene(anchor).translated(corner),
-                QRectF(corner, desktop_.window()->size()), false);
+/// The desktop is drawn smaller than it is, in a window of the real one.
+PopupWindows::Place DemoBarPanels::locate(const Rect& anchor, const Screen& screen) const {
+    const QRectF onDesktop(screen.bounds.x + anchor.x - screen.frame.x,
+                           screen.bounds.maxY() - (anchor.maxY() - screen.frame.y), anchor.width,
+                           anchor.height);
+    const QQuickWindow* window = desktop_.window();
+    const QPointF corner = window->position();
+    return {desktop_.mapRectToScene(onDesktop).translated(corner), QRectF(corner, window->size()),
+            false};
 }
 
 } // namespace larkspan::ui

@@ -1,14 +1,12 @@
 #pragma once
 
 #include "adapters/sim/SimMac.h"
-#include "app/AppController.h"
 #include "bar/BarPanel.h"
-#include "ui/bar/BarScene.h"
-#include "ui/bar/TileActions.h"
-#include "ui/menu/MenuWindow.h"
+#include "settings/BarLook.h"
+#include "ui/bar/PopupWindows.h"
+#include "ui/parts/IconCache.h"
 #include "ui/parts/Views.h"
 
-#include <QObject>
 #include <QQuickItem>
 
 #include <memory>
@@ -16,30 +14,26 @@
 namespace larkspan::ui {
 
 /// Puts the bars over the simulated desktop: the same view as on a real one, inside another window.
-class DemoBarPanels final : public QObject, public BarPanels {
-    Q_OBJECT
-
+class DemoBarPanels final : public BarPanels {
   public:
     /// The bars become children of `desktop`. The pointer of `mac` goes onto a bar and away again
     /// with the real one.
-    DemoBarPanels(AppController& controller, Views& views, Appearance& appearance,
-                  QQuickItem& desktop, sim::SimMac& mac);
+    DemoBarPanels(BarLook& look, Views& views, Appearance& appearance, QQuickItem& desktop,
+                  sim::SimMac& mac);
 
-    std::unique_ptr<BarPanel> makePanel(const Screen& screen) override;
+    std::unique_ptr<BarPanel> makePanel(const Screen& screen, BarInteraction& bar) override;
+    BarPopups& popups() override { return popups_; }
 
   private:
-    void movePointer(const BarPanel& bar, bool isInside);
-    void openMenu(const Menu& menu, const QRectF& anchor);
+    PopupWindows::Place locate(const Rect& anchor, const Screen& screen) const;
 
-    AppController& controller_;
+    BarLook& look_;
     Views& views_;
     Appearance& appearance_;
     QQuickItem& desktop_;
     sim::SimMac& mac_;
-    TileActions actions_;
     IconCache icons_;
-    std::unique_ptr<MenuWindow> menu_;
-    Handle tileMenu_;
+    PopupWindows popups_;
 };
 
 } // namespace larkspan::ui

@@ -81,7 +81,8 @@ void DemoWindow::openMenu(const Menu& menu, const QRectF& anchor) {
 }
 
 std::unique_ptr<BarPanels> DemoWindow::makeBarPanels(AppController& controller) {
-    return std::make_unique<DemoBarPanels>(controller, views_, appearance_, desktop_, stage_.mac);
+    return std::make_unique<DemoBarPanels>(controller.look(), views_, appearance_, desktop_,
+                                           stage_.mac);
 }
 
 void DemoWindow::play(sim::Scenario scenario) {
@@ -133,8 +134,6 @@ QImage DemoWindow::picture() {
     resize((extent * scale).toSize());
     show();
     showChanges();
-    // The bars bring their tiles up to the model at the end of a turn of the toolkit's loop.
-    QCoreApplication::processEvents();
     QCoreApplication::processEvents();
     return grabWindow();
 }

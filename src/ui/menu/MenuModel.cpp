@@ -2,6 +2,36 @@
 
 namespace larkspan::ui {
 
+namespace {
+
+MenuModel::Kind viewKind(MenuItem::Kind kind) {
+    switch (kind) {
+    case MenuItem::Kind::action:
+        return MenuModel::Action;
+    case MenuItem::Kind::separator:
+        return MenuModel::Separator;
+    case MenuItem::Kind::heading:
+        return MenuModel::Heading;
+    case MenuItem::Kind::submenu:
+        return MenuModel::Submenu;
+    }
+    return MenuModel::Action;
+}
+
+MenuModel::Mark viewMark(MenuItem::Mark mark) {
+    switch (mark) {
+    case MenuItem::Mark::none:
+        return MenuModel::NoMark;
+    case MenuItem::Mark::check:
+        return MenuModel::Check;
+    case MenuItem::Mark::diamond:
+        return MenuModel::Diamond;
+    }
+    return MenuModel::NoMark;
+}
+
+} // namespace
+
 int MenuModel::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(lines_.size());
 }
@@ -17,11 +47,11 @@ QVariant MenuModel::data(const QModelIndex& index, int role) const {
         return QString::fromStdString(line.alternate && !showsAlternates_ ? line.alternate->title
                                                                           : line.title);
     case KindRole:
-        return static_cast<int>(item.kind);
+        return viewKind(item.kind);
     case EnabledRole:
         return canChoose(index.row());
     case MarkRole:
-        return static_cast<int>(item.mark);
+        return viewMark(item.mark);
     case DepthRole:
         return depth;
     default:

@@ -13,9 +13,15 @@ namespace larkspan::ui {
 /// tile is short, and nothing has to be opened to be found.
 class MenuModel : public QAbstractListModel {
     Q_OBJECT
-    QML_ANONYMOUS
+    QML_ELEMENT
+    QML_UNCREATABLE("belongs to a menu")
 
   public:
+    enum Kind { Action, Separator, Heading, Submenu };
+    Q_ENUM(Kind)
+    enum Mark { NoMark, Check, Diamond };
+    Q_ENUM(Mark)
+
     enum Role {
         TitleRole = Qt::UserRole,
         OtherTitleRole,

@@ -12,17 +12,19 @@ Item {
     required property string title
     /// Takes its place while the Option key is held, or lets it go; the same where nothing does.
     required property string otherTitle
+    /// A MenuModel.Kind.
     required property int kind
     required property bool isChoice
+    /// A MenuModel.Mark.
     required property int mark
     required property int depth
 
-    readonly property bool isSeparator: kind === 1
-    readonly property bool isHeading: kind === 2 || kind === 3
+    readonly property bool isSeparator: kind === MenuModel.Separator
+    readonly property bool isHeading: kind === MenuModel.Heading || kind === MenuModel.Submenu
     readonly property bool isCurrent: menu.current === index
 
     // Room above a heading that has lines above it.
-    readonly property int lead: kind === 2 && index > 0 ? 5 : 0
+    readonly property int lead: kind === MenuModel.Heading && index > 0 ? 5 : 0
 
     // A column leaves out what has no width at all.
     implicitWidth: isSeparator ? 1 : Math.min(Math.max(label.implicitWidth, other.implicitWidth), 340) + label.x + 14
@@ -42,12 +44,12 @@ Item {
     }
 
     Text {
-        visible: row.mark !== 0
+        visible: row.mark !== MenuModel.NoMark
         anchors.verticalCenter: parent.verticalCenter
         x: 7
-        text: row.mark === 1 ? "✓" : "◆"
+        text: row.mark === MenuModel.Check ? "✓" : "◆"
         color: label.color
-        font.pixelSize: row.mark === 1 ? 12 : 9
+        font.pixelSize: row.mark === MenuModel.Check ? 12 : 9
         renderType: Text.NativeRendering
     }
 

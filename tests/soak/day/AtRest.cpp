@@ -176,14 +176,20 @@ MaybeFailure panelsFailure(Day& day) {
     const auto& controller = *day.controller();
     std::vector<Rect> shown;
     for (const auto* panel : day.panels)
-        if (panel->isShown) shown.push_back(panel->frame);
+        if (panel->isShown) shown.push_back(panel->bar->frame());
     auto known = controller.store().barFrames();
     if (!std::ranges::is_permutation(known, shown))
         return Failure{"the frames of the bars are known", {}};
     if (shown.empty() && controller.store().isPointerOnBar())
         return Failure{"the pointer is on no bar where none shows", {}};
+    const auto hasKeyboard = [](const LivePanels::Panel* panel) {
+        return *panel->bar->hasKeyboard;
+    };
+    const auto* overlay = day.controller()->overlay();
+    const bool isUsed =
+        (overlay && overlay->isMenuOpen()) || std::ranges::any_of(day.panels, hasKeyboard);
     // Where windows are polled the pointer is looked for too; elsewhere the views alone tell.
-    if (!day.mac.world().announcesChanges && controller.store().isPointerOnBar() &&
+    if (!isUsed && !day.mac.world().announcesChanges && controller.store().isPointerOnBar() &&
         std::ranges::none_of(
             known, [&](const Rect& bar) { return bar.contains(day.mac.world().pointer); }))
         return Failure{"at rest no tile is held for a pointer that is elsewhere", {}};

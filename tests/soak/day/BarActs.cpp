@@ -6,55 +6,72 @@ namespace larkspan::soak {
 
 namespace {
 
-const Rect tileFrame{600, 10, 52, 52};
-
 bool click(Day& day, int app, int count) {
     const auto tile = day.tile(app, count);
-    if (tile) day.controller()->click().click(tile->item, tile->groupOrNone(), tileFrame);
+    if (tile) tile->bar->click(tile->tile);
     return tile.has_value();
 }
 
 /// The pointer rests on a tile, which is clicked only later.
 bool holdTile(Day& day, int app, int count) {
-    day.heldTile = day.tile(app, count);
-    return day.heldTile.has_value();
+    const auto tile = day.tile(app, count);
+    if (tile) day.heldTile = tile->bar->tiles()[static_cast<std::size_t>(tile->tile)];
+    return tile.has_value();
 }
 
 bool clickHeldTile(Day& day, int, int) {
     if (!day.controller() || !day.heldTile) return false;
-    const auto& [item, group] = *day.heldTile;
-    day.controller()->click().click(item, group ? &*group : nullptr, tileFrame);
+    day.controller()->tileActions().click(*day.heldTile, {600, 10, 52, 52});
     return true;
 }
 
+/// What a person does who opens one menu after the other, and the tiles are held meanwhile.
 bool openMenu(Day& day, int app, int count) {
     const auto tile = day.tile(app, count);
-    if (!tile) return false;
-    day.openMenu = day.controller()->itemMenu().menu(tile->item, tile->groupOrNone(), tileFrame);
-    return true;
+    if (tile && tile->bar->isShown()) tile->bar->openTileMenu(tile->tile);
+    return tile && tile->bar->isShown();
+}
+
+BarOverlay* overlayWithMenu(Day& day) {
+    auto* overlay = day.controller() ? day.controller()->overlay() : nullptr;
+    return overlay && overlay->isMenuOpen() ? overlay : nullptr;
 }
 
 /// Chooses one of the enabled items, cyclically.
 bool chooseLine(Day& day, int line, int) {
-    std::erase_if(day.openMenu, [](const MenuItem& item) { return !item.action; });
-    if (day.openMenu.empty()) return false;
-    const auto chosen = day.openMenu[static_cast<std::size_t>(line) % day.openMenu.size()];
-    day.openMenu.clear();
-    if (chosen.title.find("Dock") != std::string::npos) ++day.pinActs;
-    chosen.action();
-    return true;
+    auto* overlay = overlayWithMenu(day);
+    if (!overlay) return false;
+    Menu lines = overlay->menu();
+    std::erase_if(lines, [](const MenuItem& item) { return !item.action || !item.isEnabled; });
+    if (lines.empty()) return false;
+    const auto title = lines[static_cast<std::size_t>(line) % lines.size()].title;
+    if (title.find("Dock") != std::string::npos) ++day.pinActs;
+    return overlay->chooseLine(title);
+}
+
+bool closeMenu(Day& day, int, int) {
+    auto* overlay = overlayWithMenu(day);
+    if (overlay) overlay->closeMenu();
+    return overlay != nullptr;
 }
 
 /// The views report it.
 bool movePointer(Day& day, int, int isOnBar) {
-    if (!day.controller()) return false;
-    const auto& bars = day.controller()->store().barFrames();
-    const bool isOnAnyBar = isOnBar != 0 && !bars.empty();
-    if (isOnAnyBar)
-        day.mac.movePointer({bars.front().x + 1, bars.front().y + 1});
-    else
-        day.mac.movePointer({1, 500});
-    day.controller()->refresh().setPointerOnBar(isOnAnyBar);
+    const auto* bars = day.controller() ? day.controller()->bars() : nullptr;
+    if (!bars) return false;
+    const auto isShown = [](const BarController::Bar& bar) { return bar.isShown; };
+    const auto shown = std::ranges::find_if(bars->bars(), isShown);
+    const bool isOnAnyBar = isOnBar != 0 && shown != bars->bars().end();
+    if (isOnAnyBar) {
+        // In the middle, which stays on the bar when the bar becomes narrower.
+        const Rect frame = shown->interaction->frame();
+        day.mac.movePointer({frame.x + frame.width / 2, frame.y + 1});
+        shown->interaction->setPointerInside(true);
+        return true;
+    }
+    day.mac.movePointer({1, 500});
+    for (const auto& bar : bars->bars())
+        bar.interaction->setPointerInside(false);
     return true;
 }
 
@@ -83,6 +100,19 @@ bool pressKey(Day& day, int, int isCommand) {
 
 bool focusBar(Day& day, int, int) {
     return day.controller() && day.controller()->focusBar();
+}
+
+/// One of the keys that mean something to a bar with the keyboard, which an open menu has itself.
+bool pressBarKey(Day& day, int key, int) {
+    const auto* bars = day.controller() ? day.controller()->bars() : nullptr;
+    if (!bars || overlayWithMenu(day)) return false;
+    return std::ranges::any_of(bars->bars(), [key](const BarController::Bar& bar) {
+        return bar.interaction->press(static_cast<BarKey>(key));
+    });
+}
+
+bool leaveBar(Day& day, int, int) {
+    return pressBarKey(day, static_cast<int>(BarKey::leave), 0);
 }
 
 bool dragPinned(Day& day, int from, int to) {
@@ -149,11 +179,14 @@ std::vector<Act> barActs() {
         {"clickHeldTile", 6, 1, 1, clickHeldTile},
         {"openMenu", 14, Day::appCount, 6, openMenu},
         {"chooseLine", 14, 8, 1, chooseLine},
+        {"closeMenu", 12, 1, 1, closeMenu},
         {"movePointer", 20, 1, 2, movePointer},
         {"movePointerSilently", 12, 4, 3, movePointerSilently},
         {"releaseMouse", 8, 1, 1, releaseMouse},
         {"pressKey", 6, 1, 2, pressKey},
         {"focusBar", 3, 1, 1, focusBar},
+        {"pressBarKey", 8, 10, 1, pressBarKey},
+        {"leaveBar", 8, 1, 1, leaveBar},
         {"dragPinned", 3, 4, 4, dragPinned},
         {"setBarHeight", 2, 6, 1, setBarHeight},
         {"showEmptyDesktops", 2, 1, 2, showEmptyDesktops},

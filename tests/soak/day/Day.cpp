@@ -25,11 +25,7 @@ Day::Day() {
         mac.install(identifier(app), nameOf(app));
     mac.setPinned({identifier(1), identifier(2), identifier(3)});
     mac.scheduler.runUntilIdle();
-    // A menu does not outlive its program.
-    stage.onEnd = [this] {
-        openMenu.clear();
-        ++runsEnded;
-    };
+    stage.onEnd = [this] { ++runsEnded; };
     stage.start();
 }
 
@@ -70,21 +66,17 @@ AppController* Day::controller() {
     return stage.delegate() ? &stage.delegate()->controller() : nullptr;
 }
 
-std::optional<Day::Tile> Day::tile(int app, int count) {
-    if (!controller()) return std::nullopt;
-    const auto& store = controller()->store();
-    std::vector<Tile> tiles;
-    const auto take = [&](const DockItem& item, const DisplayGroup* group) {
-        if (item.id != identifier(app) && item.name != nameOf(app)) return;
-        tiles.push_back({item, group ? std::optional(*group) : std::nullopt});
-    };
-    for (const auto& item : *store.pinnedItems())
-        take(item, nullptr);
-    for (const auto& group : *store.windowAppGroups())
-        for (const auto& item : group.items)
-            take(item, &group);
-    for (const auto& item : *store.backgroundItems())
-        take(item, nullptr);
+std::optional<TileOnBar> Day::tile(int app, int count) const {
+    const auto* bars = controller() ? controller()->bars() : nullptr;
+    if (!bars) return std::nullopt;
+    std::vector<TileOnBar> tiles;
+    for (const auto& bar : bars->bars()) {
+        bar.interaction->catchUp();
+        const auto& list = bar.interaction->tiles();
+        for (std::size_t i = 0; i < list.size(); ++i)
+            if (list[i].id() == identifier(app) || list[i].name() == nameOf(app))
+                tiles.push_back({bar.interaction.get(), static_cast<int>(i)});
+    }
     const auto* found = atRound(tiles, count);
     return found ? std::optional(*found) : std::nullopt;
 }

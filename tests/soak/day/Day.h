@@ -1,5 +1,6 @@
 #pragma once
 
+#include "bar/TileName.h"
 #include "scenario/Stage.h"
 #include "soak/day/LivePanels.h"
 #include "soak/day/Step.h"
@@ -36,21 +37,15 @@ class Day {
     AppController* controller();
     const AppController* controller() const { return const_cast<Day*>(this)->controller(); }
 
-    struct Tile {
-        DockItem item;
-        std::optional<DisplayGroup> group;
-        const DisplayGroup* groupOrNone() const { return group ? &*group : nullptr; }
-    };
-    /// One of the tiles of that app, in the order of the bar.
-    std::optional<Tile> tile(int app, int count);
+    /// One of the tiles of that app on a bar of the screens, counted along the bar.
+    std::optional<TileOnBar> tile(int app, int count) const;
 
     /// How many runs of the program have ended.
     int runsEnded = 0;
     /// How often the user changed the list of pinned apps, here or in the Dock.
     int pinActs = 0;
-    /// The tile under the user's pointer, which may be outdated.
-    std::optional<Tile> heldTile;
-    Menu openMenu;
+    /// What the user has under the pointer while the desktop goes on: it may be long out of date.
+    std::optional<BarTile> heldTile;
 
     std::vector<const LivePanels::Panel*> panels;
     sim::Stage stage{[this](AppController&) { return std::make_unique<LivePanels>(panels); }};

@@ -1,20 +1,19 @@
-#include "ui/bar/BarLayout.h"
+#include "bar/BarLayout.h"
 
 #include <gtest/gtest.h>
 
 #include <cmath>
 
-namespace larkspan::ui {
+namespace larkspan {
 
 namespace {
 
-std::vector<TileRow> apps(int count) {
-    std::vector<TileRow> rows;
+std::vector<BarTile> apps(int count) {
+    std::vector<BarTile> tiles;
     for (int i = 0; i < count; ++i)
-        rows.push_back({.section = TileRow::Section::windows,
-                        .item = {.id = std::to_string(i)},
-                        .slot = Slot{1, SpaceId{1}}});
-    return rows;
+        tiles.push_back({.section = BarTile::Section::windows,
+                         .content = AppTile{{.id = std::to_string(i)}, Slot{1, SpaceId{1}}}});
+    return tiles;
 }
 
 constexpr BarLayoutInput island{
@@ -80,14 +79,14 @@ TEST(BarLayout, InsetLiftsTheIslandAndKeepsItOnThePanel) {
 }
 
 TEST(BarLayout, ADividerStandsBetweenSectionsAndARingAroundAHiddenDesktop) {
-    std::vector<TileRow> rows = apps(2);
-    for (TileRow row : apps(2)) {
-        row.slot = Slot{1, SpaceId{2}};
-        row.isRing = true;
-        rows.push_back(row);
+    std::vector<BarTile> tiles = apps(2);
+    for (BarTile tile : apps(2)) {
+        std::get<AppTile>(tile.content).slot = Slot{1, SpaceId{2}};
+        tile.isRing = true;
+        tiles.push_back(tile);
     }
-    rows.push_back({.section = TileRow::Section::trash});
-    const BarLayout layout = layOutBar(rows, island);
+    tiles.push_back({.section = BarTile::Section::trash, .content = TrashTile{}});
+    const BarLayout layout = layOutBar(tiles, island);
     ASSERT_EQ(layout.marks.size(), 2U);
     EXPECT_EQ(layout.marks[0],
               (BarMark{BarMark::Kind::ring, layout.tileX[2], 2 * layout.tileWidth}));
@@ -104,4 +103,4 @@ TEST(BarLayout, MirroredBarStartsAtTheRight) {
     EXPECT_EQ(layout.tileX.back(), 0);
 }
 
-} // namespace larkspan::ui
+} // namespace larkspan

@@ -1,10 +1,7 @@
 #pragma once
 
-#include "model/Animation.h"
-#include "model/ClickModifiers.h"
-#include "model/DockStore.h"
+#include "bar/BarInteraction.h"
 #include "settings/BarLook.h"
-#include "ui/bar/BarLayout.h"
 #include "ui/bar/MarkModel.h"
 #include "ui/bar/TileModel.h"
 #include "ui/parts/Appearance.h"
@@ -17,15 +14,14 @@
 #include <QVariantList>
 #include <QtQml/qqmlregistration.h>
 
-#include <optional>
 #include <vector>
 
 namespace larkspan::ui {
 
-/// Everything that one bar shows, kept in step with the model and the look; `Bar.qml` draws it and
-/// tells what the user does with it. Lengths are points in the panel, from its top left. Main
-/// thread only.
-class BarScene : public QObject {
+/// One bar as `Bar.qml` draws it: what the interaction says, in the toolkit's types, and the
+/// surface on which it is drawn. Hands on what the user does. Lengths are points in the panel, from
+/// its top left. Main thread only.
+class BarViewModel : public QObject {
     Q_OBJECT
     QML_ELEMENT
     QML_UNCREATABLE("made by the panel that shows it")
@@ -41,8 +37,8 @@ class BarScene : public QObject {
     Q_PROPERTY(double viewX READ viewX NOTIFY layoutChanged)
     Q_PROPERTY(double viewWidth READ viewWidth NOTIFY layoutChanged)
     Q_PROPERTY(bool scrolls READ scrolls NOTIFY layoutChanged)
+    Q_PROPERTY(double scrollRange READ scrollRange NOTIFY layoutChanged)
     Q_PROPERTY(double scrollX READ scrollX NOTIFY scrollChanged)
-    Q_PROPERTY(double scrollRange READ scrollRange NOTIFY scrollChanged)
     Q_PROPERTY(bool isBand READ isBand NOTIFY lookChanged)
     Q_PROPERTY(bool isFrosted READ isFrosted NOTIFY lookChanged)
     Q_PROPERTY(QColor dotColor READ dotColor NOTIFY lookChanged)
@@ -56,9 +52,12 @@ class BarScene : public QObject {
     Q_PROPERTY(QVariantList travelCurve READ travelCurve NOTIFY travelChanged)
     /// The tile under the pointer, or with the keyboard on it; -1 for none.
     Q_PROPERTY(int litTile READ litTile NOTIFY litTileChanged)
-    Q_PROPERTY(bool hasKeyboard READ hasKeyboard NOTIFY litTileChanged)
+    Q_PROPERTY(bool hasKeyboard READ hasKeyboard NOTIFY keyboardChanged)
 
   public:
+    enum Direction { ToTheLeft, ToTheRight };
+    Q_ENUM(Direction)
+
     /// What lies behind the bar, and how much of it can be seen.
     struct Surface {
         QImage backdrop;
@@ -68,31 +67,25 @@ class BarScene : public QObject {
         bool operator==(const Surface&) const = default;
     };
 
-    BarScene(DockStore& store, BarLook& look, Appearance& appearance, IconCache& icons);
+    BarViewModel(BarInteraction& bar, BarLook& look, Appearance& appearance, IconCache& icons);
 
-    /// Gives the bar its screen and its size; fills it.
-    void place(DisplayId display, const Size& panel);
+    BarInteraction& bar() { return bar_; }
     void setSurface(Surface surface);
-    /// Brings the tiles up to the model now instead of at the end of this turn.
-    void refresh();
-    /// The tile's target frame in the panel, without what is scrolled away.
-    QRectF tileFrame(int index) const;
-    const TileRow& row(int index) const { return tiles_.row(index); }
 
     TileModel* tiles() { return &tiles_; }
     MarkModel* marks() { return &marks_; }
     IconCache* icons() { return &icons_; }
     Appearance* appearance() { return &appearance_; }
     QRectF glass() const;
-    double radius() const { return layout_.radius; }
-    double iconSize() const { return layout_.iconSize; }
-    double iconTop() const { return layout_.iconTop; }
-    double tileWidth() const { return layout_.tileWidth; }
-    double viewX() const { return layout_.viewX; }
-    double viewWidth() const { return layout_.viewWidth; }
-    bool scrolls() const { return layout_.scrolls(); }
-    double scrollX() const { return scrollX_; }
-    double scrollRange() const;
+    double radius() const { return bar_.layout().radius; }
+    double iconSize() const { return bar_.layout().iconSize; }
+    double iconTop() const { return bar_.layout().iconTop; }
+    double tileWidth() const { return bar_.layout().tileWidth; }
+    double viewX() const { return bar_.layout().viewX; }
+    double viewWidth() const { return bar_.layout().viewWidth; }
+    bool scrolls() const { return bar_.layout().scrolls(); }
+    double scrollRange() const { return bar_.layout().scrollRange(); }
+    double scrollX() const { return *bar_.scrollX; }
     bool isBand() const { return *look_.style == BarStyle::bar; }
     bool isFrosted() const { return *look_.glass == GlassKind::regular; }
     QColor dotColor() const;
@@ -103,18 +96,20 @@ class BarScene : public QObject {
     bool travels() const { return travelTime_ > 0; }
     int travelTime() const { return travelTime_; }
     QVariantList travelCurve() const { return travelCurve_; }
-    int litTile() const { return litTile_; }
-    bool hasKeyboard() const { return hasKeyboard_; }
+    int litTile() const { return *bar_.litTile; }
+    bool hasKeyboard() const { return *bar_.hasKeyboard; }
 
-    /// From the view.
-    Q_INVOKABLE void hover(int index, bool isHovered);
-    Q_INVOKABLE void scrollBy(double points);
-    Q_INVOKABLE void scrollPage(int direction);
-    Q_INVOKABLE void clickTile(int index, int button, int keys);
+    // From the view.
+
     Q_INVOKABLE void setPointerInside(bool isInside);
-    /// The keyboard's way over the bar; answers whether the key meant something here.
+    Q_INVOKABLE void hover(int index, bool isHovered) { bar_.hover(index, isHovered); }
+    Q_INVOKABLE void scrollBy(double points) { bar_.scrollBy(points); }
+    Q_INVOKABLE void scrollPage(larkspan::ui::BarViewModel::Direction direction);
+    Q_INVOKABLE void click(int index, Qt::MouseButton button, Qt::KeyboardModifiers keys);
+    Q_INVOKABLE void openTileMenu(int index) { bar_.openTileMenu(index); }
+    Q_INVOKABLE void openBarMenu(double x) { bar_.openBarMenu(x); }
+    /// Returns whether the key meant something here.
     bool pressKey(int key, const QString& text, Qt::KeyboardModifiers keys = {});
-    void setKeyboard(bool hasKeyboard);
 
   Q_SIGNALS:
     void layoutChanged();
@@ -123,43 +118,25 @@ class BarScene : public QObject {
     void surfaceChanged();
     void travelChanged();
     void litTileChanged();
-    void tileClicked(int index, larkspan::ClickModifiers modifiers);
-    void menuRequested(int index);
-    /// The menu of the bar itself, above this place of the panel.
-    void barMenuRequested(double x);
+    void keyboardChanged();
     void pointerInsideChanged(bool isInside);
-    void keyboardLeft();
 
   private:
     void observe();
-    void refreshSoon();
-    void applyLook();
-    BarLayoutInput layoutInput() const;
-    void setTravel(const Animation& animation);
-    void setScrollX(double x);
-    void setLitTile(int index);
-    void moveKeyboard(int step);
-    bool moveToLetter(const QString& text);
-    void reveal(int index);
+    void show();
+    void setTravel(const BarLayout& layout);
 
-    DockStore& store_;
+    BarInteraction& bar_;
     BarLook& look_;
     Appearance& appearance_;
     IconCache& icons_;
     TileModel tiles_;
     MarkModel marks_;
-    DisplayId display_ = 0;
-    Size panel_;
-    BarLayout layout_;
+    /// As it was told last.
+    BarLayout shownLayout_;
     Surface surface_;
-    double scrollX_ = 0;
     int travelTime_ = 0;
     QVariantList travelCurve_;
-    int litTile_ = -1;
-    bool hasKeyboard_ = false;
-    bool isRefreshPending_ = false;
-    /// What came with the changes that are still to be shown.
-    std::optional<Animation> pendingAnimation_;
     std::vector<Handle> observations_;
 };
 

@@ -1,9 +1,9 @@
-#include "ui/bar/BarLayout.h"
+#include "bar/BarLayout.h"
 
 #include <algorithm>
 #include <cmath>
 
-namespace larkspan::ui {
+namespace larkspan {
 
 namespace {
 
@@ -31,20 +31,20 @@ Gaps gapsFor(double iconSize) {
 
 enum class Boundary { none, group, section };
 
-Boundary boundary(const TileRow& before, const TileRow& after) {
+Boundary boundary(const BarTile& before, const BarTile& after) {
     if (before.section != after.section) return Boundary::section;
-    return before.slot != after.slot ? Boundary::group : Boundary::none;
+    return before.slot() != after.slot() ? Boundary::group : Boundary::none;
 }
 
 /// Tiles and marks one after the other from x = 0, for one icon size.
-void placeTiles(BarLayout& layout, const std::vector<TileRow>& rows) {
+void placeTiles(BarLayout& layout, const std::vector<BarTile>& tiles) {
     const Gaps gaps = gapsFor(layout.iconSize);
     layout.tileWidth = layout.iconSize + gaps.tile;
     layout.tileX.clear();
     layout.marks.clear();
     double x = 0;
-    for (std::size_t i = 0; i < rows.size(); ++i) {
-        const Boundary edge = i == 0 ? Boundary::none : boundary(rows[i - 1], rows[i]);
+    for (std::size_t i = 0; i < tiles.size(); ++i) {
+        const Boundary edge = i == 0 ? Boundary::none : boundary(tiles[i - 1], tiles[i]);
         if (edge == Boundary::section) {
             layout.marks.push_back({BarMark::Kind::divider, x + std::floor(gaps.section / 2), 1});
             x += gaps.section;
@@ -53,8 +53,8 @@ void placeTiles(BarLayout& layout, const std::vector<TileRow>& rows) {
         }
         layout.tileX.push_back(x);
         x += layout.tileWidth;
-        if (!rows[i].isRing) continue;
-        if (edge == Boundary::none && i > 0 && rows[i - 1].isRing)
+        if (!tiles[i].isRing) continue;
+        if (edge == Boundary::none && i > 0 && tiles[i - 1].isRing)
             layout.marks.back().width += layout.tileWidth;
         else
             layout.marks.push_back({BarMark::Kind::ring, x - layout.tileWidth, layout.tileWidth});
@@ -69,7 +69,8 @@ void mirror(BarLayout& layout) {
         mark.x = layout.contentWidth - mark.x - mark.width;
 }
 
-struct Frame {
+/// What the panel's size and the look leave to the tiles.
+struct Room {
     double top;
     double height;
     double endPadding;
@@ -77,7 +78,7 @@ struct Frame {
     double iconSize;
 };
 
-Frame frameOf(const BarLayoutInput& input) {
+Room roomIn(const BarLayoutInput& input) {
     const double panelHeight = input.panel.height;
     if (input.style == BarStyle::bar) {
         const double icon = std::floor(panelHeight * 0.68 / 2) * 2;
@@ -93,40 +94,49 @@ Frame frameOf(const BarLayoutInput& input) {
             std::clamp(icon, 12.0, largestIcon)};
 }
 
-void shrinkToFit(BarLayout& layout, const std::vector<TileRow>& rows, double width) {
-    placeTiles(layout, rows);
+void shrinkToFit(BarLayout& layout, const std::vector<BarTile>& tiles, double width) {
+    placeTiles(layout, tiles);
     while (layout.contentWidth > width && layout.iconSize > smallestIcon) {
         const double step = std::ceil(layout.iconSize / iconStep - 1) * iconStep;
         layout.iconSize = std::max(smallestIcon, step);
-        placeTiles(layout, rows);
+        placeTiles(layout, tiles);
     }
 }
 
 } // namespace
 
-BarLayout layOutBar(const std::vector<TileRow>& rows, const BarLayoutInput& input) {
-    const Frame frame = frameOf(input);
+Rect BarLayout::tileFrame(std::size_t tile, double scrollX) const {
+    return {viewX - scrollX + tileX[tile], glass.y, tileWidth, glass.height};
+}
+
+Rect onScreen(const Rect& part, double panelHeight, const Rect& screenFrame) {
+    return {screenFrame.x + part.x, screenFrame.y + panelHeight - part.maxY(), part.width,
+            part.height};
+}
+
+BarLayout layOutBar(const std::vector<BarTile>& tiles, const BarLayoutInput& input) {
+    const Room room = roomIn(input);
     BarLayout layout;
-    layout.iconSize = frame.iconSize;
-    const double widestView = frame.widestGlass - 2 * frame.endPadding;
-    shrinkToFit(layout, rows, widestView);
+    layout.iconSize = room.iconSize;
+    const double widestView = room.widestGlass - 2 * room.endPadding;
+    shrinkToFit(layout, tiles, widestView);
     if (input.isMirrored) mirror(layout);
 
-    const double needed = layout.contentWidth + 2 * frame.endPadding;
+    const double needed = layout.contentWidth + 2 * room.endPadding;
     double glassWidth =
-        input.style == BarStyle::bar ? input.panel.width : std::min(needed, frame.widestGlass);
+        input.style == BarStyle::bar ? input.panel.width : std::min(needed, room.widestGlass);
     glassWidth = std::round(glassWidth);
-    layout.glass = {std::floor((input.panel.width - glassWidth) / 2), frame.top, glassWidth,
-                    frame.height};
+    layout.glass = {std::floor((input.panel.width - glassWidth) / 2), room.top, glassWidth,
+                    room.height};
     const double roundness = std::clamp(input.roundness, 0.0, 1.0);
-    layout.radius = input.style == BarStyle::bar ? 0 : frame.height / 2 * roundness;
+    layout.radius = input.style == BarStyle::bar ? 0 : room.height / 2 * roundness;
 
     layout.viewWidth = std::min(layout.contentWidth, widestView);
     if (layout.contentWidth > widestView) layout.viewWidth = glassWidth - 2 * paddleWidth;
     layout.viewX = layout.glass.x + std::floor((layout.glass.width - layout.viewWidth) / 2);
     // A point higher than the middle: the dot below is part of what the eye centres.
-    layout.iconTop = frame.top + std::floor((frame.height - layout.iconSize) / 2) - 1;
+    layout.iconTop = room.top + std::floor((room.height - layout.iconSize) / 2) - 1;
     return layout;
 }
 
-} // namespace larkspan::ui
+} // namespace larkspan

@@ -1,12 +1,13 @@
 #pragma once
 
+#include "bar/BarTile.h"
 #include "platform/Geometry.h"
 #include "settings/BarLook.h"
-#include "ui/bar/TileRow.h"
 
+#include <cstddef>
 #include <vector>
 
-namespace larkspan::ui {
+namespace larkspan {
 
 // Rectangles here are in the panel's own points, from its top left.
 
@@ -43,15 +44,23 @@ struct BarLayout {
     double viewX = 0;
     double viewWidth = 0;
     double contentWidth = 0;
-    /// The left edge of each row's tile, in content coordinates.
+    /// The left edge of each tile, in content coordinates.
     std::vector<double> tileX;
     std::vector<BarMark> marks;
 
     bool scrolls() const { return contentWidth > viewWidth; }
+    double scrollRange() const { return scrolls() ? contentWidth - viewWidth : 0; }
+    /// Where the tile stands in the panel when that many points are scrolled away; outside the
+    /// view when it is not to be seen.
+    Rect tileFrame(std::size_t tile, double scrollX) const;
     bool operator==(const BarLayout&) const = default;
 };
 
 /// Tiles keep their natural size while they fit, then shrink in steps, then the bar scrolls.
-BarLayout layOutBar(const std::vector<TileRow>& rows, const BarLayoutInput& input);
+BarLayout layOutBar(const std::vector<BarTile>& tiles, const BarLayoutInput& input);
 
-} // namespace larkspan::ui
+/// A part of a panel of that height, which stands at the bottom of the screen, in screen
+/// coordinates.
+Rect onScreen(const Rect& part, double panelHeight, const Rect& screenFrame);
+
+} // namespace larkspan

@@ -1,4 +1,5 @@
-#include "ui/bar/TileRow.h"
+#include "bar/barTiles.h"
+
 #include "model/ModelWorld.h"
 
 #include <gtest/gtest.h>
@@ -6,21 +7,21 @@
 #include <string>
 #include <vector>
 
-namespace larkspan::ui {
+namespace larkspan {
 namespace {
 
 /// The tiles' places, those with a dot marked by "*", those in front by "!".
-std::vector<std::string> tiles(const ModelWorld& world) {
+std::vector<std::string> placesOf(const ModelWorld& world) {
     std::vector<std::string> lines;
-    for (const auto& row : tileRows(world.store, world.mac.displayAt(0), false)) {
-        const bool isWindow = row.section == TileRow::Section::windows;
-        lines.push_back((isWindow ? "windows " + row.item.id : row.key()) +
-                        (row.dot == TileRow::Dot::none ? "" : "*") + (row.isFront ? "!" : ""));
+    for (const auto& tile : barTiles(world.store, world.mac.displayAt(0), false)) {
+        const bool isWindow = tile.section == BarTile::Section::windows;
+        lines.push_back((isWindow ? "windows " + tile.id() : tile.key()) +
+                        (tile.dot == BarTile::Dot::none ? "" : "*") + (tile.isFront ? "!" : ""));
     }
     return lines;
 }
 
-TEST(TileRow, AnAppThatIsPinnedAndInTheBackgroundHasOneTile) {
+TEST(BarTiles, AnAppThatIsPinnedAndInTheBackgroundHasOneTile) {
     ModelWorld world;
     for (const auto* name : {"mail", "music"})
         world.mac.install(std::string("com.example.") + name, name);
@@ -29,7 +30,7 @@ TEST(TileRow, AnAppThatIsPinnedAndInTheBackgroundHasOneTile) {
     const auto mail = world.launch("mail");
     world.launch("music");
     world.settle();
-    EXPECT_EQ(tiles(world),
+    EXPECT_EQ(placesOf(world),
               (std::vector<std::string>{"pinned com.apple.finder*", "pinned com.example.mail*",
                                         "background com.example.music"}));
 
@@ -37,11 +38,11 @@ TEST(TileRow, AnAppThatIsPinnedAndInTheBackgroundHasOneTile) {
     world.mac.openWindow(mail);
     const auto copy = world.launch("mail");
     world.settle();
-    EXPECT_EQ(tiles(world),
+    EXPECT_EQ(placesOf(world),
               (std::vector<std::string>{"pinned com.apple.finder*", "pinned com.example.mail",
                                         "windows com.example.mail*", "background com.example.music",
                                         "background pid:" + std::to_string(copy)}));
 }
 
 } // namespace
-} // namespace larkspan::ui
+} // namespace larkspan
