@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
+
 namespace larkspan::e2e {
 namespace {
 
@@ -84,8 +86,7 @@ TEST_F(Life, WithoutADisplayItFailsWithOneLine) {
         runCommand({{LARKSPAN_PROGRAM}, environment, desktop.home() / "command.log"});
     EXPECT_GT(result.exitCode, 0);
     EXPECT_LT(result.exitCode, 128) << "it crashed";
-    EXPECT_EQ(result.output, "larkspan: cannot open display \":9999\": there is no X server, or "
-                             "access was denied\n");
+    EXPECT_EQ(std::ranges::count(result.output, '\n'), 1) << result.output;
 }
 
 TEST_F(Life, ALostServerEndsItCleanly) {

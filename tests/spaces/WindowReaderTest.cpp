@@ -185,8 +185,8 @@ TEST_F(WindowReading, IsAbsentWhenTheServerIsSilent) {
 }
 
 TEST(SlotWindows, KeepsThoseOfTheSlotAndMinimisedOnesOfItsDisplay) {
-    const std::vector screens{screenAt(1, "A", {0, 0, 1000, 800}),
-                              screenAt(2, "B", {1000, 0, 1000, 800})};
+    const std::vector bothScreens{screenAt(1, "A", {0, 0, 1000, 800}),
+                                  screenAt(2, "B", {1000, 0, 1000, 800})};
     auto map = twoDisplays();
     map.windowSpaces = {{1, {10}}, {2, {11}}, {3, {20}}};
     const Rect onFirst{0, 0, 300, 300};
@@ -198,7 +198,7 @@ TEST(SlotWindows, KeepsThoseOfTheSlotAndMinimisedOnesOfItsDisplay) {
                                          {.id = 5, .isMinimized = true, .frame = onSecond}};
     const auto idsIn = [&](const Slot& slot) {
         std::vector<WindowId> ids;
-        for (const auto& window : windowsInSlot(windows, slot, map, screens))
+        for (const auto& window : windowsInSlot(windows, slot, map, bothScreens))
             ids.push_back(window.id);
         return ids;
     };
