@@ -8,10 +8,10 @@ help:
 	@echo "make test    build and run every test; the end-to-end tests use their own display"
 	@echo "make demo    open a simulated Mac with the bar in a window"
 	@echo "make tour    play the demo tour without a display and write its pictures"
-	@echo "make lint    check formatting, run clang-tidy and qmllint"
+	@echo "make lint    check formatting, run qmllint, and clang-tidy on what a change touches (ALL=1: on everything)"
 	@echo "make format  format every source"
 	@echo "make asan    run the system's tests under AddressSanitizer and UndefinedBehaviorSanitizer"
-	@echo "make tsan    run the system's tests under ThreadSanitizer"
+	@echo "make tsan    run the tests with threads under ThreadSanitizer"
 	@echo "make macos SDK=…  compile and link the Mac build on Linux, with an SDK"
 	@echo "make soak SECONDS=60 SEED=1   run random days on the simulated Mac, and check the rules after each step"
 	@echo "make soak-desktop SECONDS=120 SEED=1   act at random on a private X11 desktop, and compare the report with the X server"
@@ -70,9 +70,8 @@ bench: build/bench/build.ninja
 macos:
 	@scripts/macos "$(SDK)"
 
-# Reads every source by itself, so that each includes what it uses; needs nothing built but the headers' own units.
-lint: build/single/build.ninja | setup-lint
-	@cmake --build --preset single --target larkspan_headers
+# Builds nothing: clang only needs the compile commands.
+lint: build/single/build.ninja $(if $(ALL),build/release/build.ninja) | setup-lint
 	@scripts/lint
 
 format: | setup-lint

@@ -48,7 +48,8 @@ function(larkspan_library folder)
 endfunction()
 
 # larkspan_views(target): compiles what the toolkit generated for the target's views in a target of its own, which is
-# not held to our warnings, and can be a unity build.
+# not held to our warnings, and can be a unity build. Programs link its objects beside the target: if they were sources of
+# the target, newer CMakes would see a cycle, because moc must read the target's headers before the views can be compiled.
 function(larkspan_views target)
     get_target_property(sources ${target} SOURCES)
     set(generated ${sources})
@@ -60,14 +61,15 @@ function(larkspan_views target)
     target_include_directories(${target}_views PRIVATE $<TARGET_PROPERTY:${target},INCLUDE_DIRECTORIES>)
     target_compile_definitions(${target}_views PRIVATE $<TARGET_PROPERTY:${target},COMPILE_DEFINITIONS>)
     target_link_libraries(${target}_views PRIVATE Qt6::Quick)
-    target_sources(${target} PRIVATE $<TARGET_OBJECTS:${target}_views>)
+    target_link_libraries(${target} INTERFACE $<TARGET_OBJECTS:${target}_views>)
 endfunction()
 
-# larkspan_test(name folder [DEPENDS targets…] [WHOLE]): one test program of every source directly inside
+# larkspan_test(name folder [DEPENDS targets…] [WHOLE] [THREADS]): one test program of every source directly inside
 # tests/<folder>. ctest runs its cases one by one, or with WHOLE the program as a single test (for suites that
-# share an expensive fixture, such as an X server).
+# share an expensive fixture, such as an X server). THREADS marks a suite whose code runs on several threads; the target
+# larkspan_threads builds them, `make tsan` runs them.
 function(larkspan_test name folder)
-    cmake_parse_arguments(ARG "WHOLE" "" "DEPENDS;ARGS" ${ARGN})
+    cmake_parse_arguments(ARG "WHOLE;THREADS" "" "DEPENDS;ARGS" ${ARGN})
     file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_SOURCE_DIR}/tests/${folder}/*.cpp)
     if(NOT sources)
         return()
@@ -81,6 +83,11 @@ function(larkspan_test name folder)
     if(ARG_WHOLE)
         add_test(NAME ${name} COMMAND ${name} ${ARG_ARGS})
     else()
-        gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${folder}.")
+        set(labels)
+        if(ARG_THREADS)
+            set(labels PROPERTIES LABELS threads)
+            add_dependencies(larkspan_threads ${name})
+        endif()
+        gtest_discover_tests(${name} DISCOVERY_MODE PRE_TEST TEST_PREFIX "${folder}." ${labels})
     endif()
 endfunction()

@@ -9,7 +9,7 @@ namespace {
 
 /// Room around an island for its shadow, and between it and the screen's bottom at inset 0.
 constexpr double islandMargin = 5;
-/// Steps rather than any size: a crowded bar scales its icons anew only at a step.
+/// Steps rather than any size: a crowded bar scales its icons again only at a step.
 constexpr double iconStep = 8;
 constexpr double smallestIcon = 24;
 constexpr double largestIcon = 128;

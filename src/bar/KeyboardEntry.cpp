@@ -42,7 +42,7 @@ const BarController::Bar* KeyboardEntry::barInUse() const {
 }
 
 void KeyboardEntry::attempt(double deadline) {
-    // Chosen anew each time: bars come and go with their screens.
+    // Chosen again each time: bars come and go with their screens.
     const auto* bar = barInUse();
     if (!bar) return;
     // Before this bar takes it: giving it back afterwards would take it from this one too.

@@ -16,7 +16,7 @@ namespace larkspan {
 /// stands, in screen coordinates; empty where it cannot be seen. Main thread only.
 class TileActions {
   public:
-    /// What the Trash does, which is no part of the bar.
+    /// What the Trash does; that is not part of the bar.
     struct Trash {
         std::function<void()> open;
         std::function<Menu()> menu;

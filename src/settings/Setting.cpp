@@ -8,7 +8,8 @@ namespace {
 using Kind = Setting::Kind;
 using Pane = Setting::Pane;
 
-std::vector<Setting> makeTable(bool hasIslands) {
+// One table, as long as there are settings.
+std::vector<Setting> makeTable(bool hasIslands) { // NOLINT(readability-function-size)
     std::vector<Setting::Choice> styles{{"bar", "Bar"}};
     if (hasIslands) styles.push_back({"island", "Island"});
     return {

@@ -2,8 +2,8 @@
 
 #include "platform/Identifiers.h"
 
-#include <compare>
 #include <optional>
+#include <tuple>
 
 namespace larkspan {
 
@@ -12,7 +12,12 @@ namespace larkspan {
 struct Slot {
     DisplayId display = 0;
     std::optional<SpaceId> space;
-    auto operator<=>(const Slot&) const = default;
+
+    bool operator==(const Slot&) const = default;
+    /// Not defaulted: an optional of a Mac's library has no three-way comparison.
+    bool operator<(const Slot& other) const {
+        return std::tie(display, space) < std::tie(other.display, other.space);
+    }
 };
 
 } // namespace larkspan

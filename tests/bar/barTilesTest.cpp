@@ -46,13 +46,13 @@ TEST(BarTiles, AnAppThatIsPinnedAndInTheBackgroundHasOneTile) {
 
 TEST(BarTiles, EachBarMarksWhatIsElsewhere) {
     ModelWorld world("1440x900 spaces=2, 1440x900");
-    const DisplayId left = world.mac.displayAt(0);
-    const DisplayId right = world.mac.displayAt(1);
+    const DisplayId mainDisplay = world.mac.displayAt(0);
+    const DisplayId otherDisplay = world.mac.displayAt(1);
     for (const auto* name : {"mail", "music", "notes"})
         world.mac.install(std::string("com.example.") + name, name);
     world.start();
-    world.mac.openWindow(world.launch("notes"), {.space = world.mac.spaceAt(left, 1)});
-    world.mac.openWindow(world.launch("music"), {.display = right});
+    world.mac.openWindow(world.launch("notes"), {.space = world.mac.spaceAt(mainDisplay, 1)});
+    world.mac.openWindow(world.launch("music"), {.display = otherDisplay});
     world.mac.openWindow(world.launch("mail"));
     world.settle();
     world.store.trashChanged(false);
@@ -69,9 +69,9 @@ TEST(BarTiles, EachBarMarksWhatIsElsewhere) {
         }
         return text;
     };
-    EXPECT_EQ(marks(left), "mail front 3|notes ring |music gray |Trash full|");
-    EXPECT_EQ(marks(right), "mail gray front 3|notes ring gray |music |Trash full|");
-    EXPECT_EQ(barTiles(world.store, left, false).back().name(), "music");
+    EXPECT_EQ(marks(mainDisplay), "mail front 3|notes ring |music gray |Trash full|");
+    EXPECT_EQ(marks(otherDisplay), "mail gray front 3|notes ring gray |music |Trash full|");
+    EXPECT_EQ(barTiles(world.store, mainDisplay, false).back().name(), "music");
 }
 
 } // namespace

@@ -1,8 +1,7 @@
 #include "dock/DockBand.h"
 
+#include "adapters/sim/SimMac.h"
 #include "dock/FixedScreens.h"
-#include "dock/RecordingDock.h"
-#include "platform/CoreDock.h"
 
 #include <gtest/gtest.h>
 
@@ -23,14 +22,15 @@ TEST(DockBand, EachScreenWithAStripHasOneInScreenOrder) {
 }
 
 TEST(DockBand, TheDiagnosisNamesHidingBeforeTheSide) {
-    RecordingDock dock;
-    EXPECT_EQ(DockBand::whyNoBand(dock), std::nullopt);
-    dock.place.orientation = 3;
-    EXPECT_TRUE(DockBand::whyNoBand(dock)->starts_with("The Dock is on the side"));
-    dock.hides = true;
-    EXPECT_TRUE(DockBand::whyNoBand(dock)->starts_with("The Dock is set to hide itself"));
-    dock.missing = {CoreDockFunction::getTileSize};
-    EXPECT_EQ(DockBand::whyNoBand(dock), "The Dock holds no space at the bottom of any screen.");
+    sim::SimMac mac;
+    EXPECT_EQ(DockBand::whyNoBand(mac.coreDock), std::nullopt);
+    mac.setDock({.place = {3, 1}});
+    EXPECT_TRUE(DockBand::whyNoBand(mac.coreDock)->starts_with("The Dock is on the side"));
+    mac.setDock({.autoHide = true, .place = {3, 1}});
+    EXPECT_TRUE(DockBand::whyNoBand(mac.coreDock)->starts_with("The Dock is set to hide itself"));
+    mac.removeFunction("CoreDockGetTileSize");
+    EXPECT_EQ(DockBand::whyNoBand(mac.coreDock),
+              "The Dock holds no space at the bottom of any screen.");
 }
 
 } // namespace

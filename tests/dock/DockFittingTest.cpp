@@ -2,7 +2,7 @@
 
 #include "adapters/sim/VirtualScheduler.h"
 #include "dock/FixedScreens.h"
-#include "dock/RecordingDock.h"
+#include "platform/CoreDock.h"
 
 #include <gmock/gmock.h>
 
@@ -21,13 +21,21 @@ double pixelsOf(float fraction) {
 }
 
 /// A Dock whose strip follows its icon size at once, by the strip function.
-class FittedDock : public RecordingDock {
+class FittedDock : public CoreDock {
   public:
     explicit FittedDock(Strip strip)
         : strip_(std::move(strip)) {}
 
+    bool has(CoreDockFunction) const override { return true; }
+    float tileSize() const override { return 0.3F; }
+    bool isAutoHideEnabled() const override { return false; }
+    void setAutoHideEnabled(bool) override {}
+    OrientationAndPinning orientationAndPinning() const override { return {}; }
+    void setOrientationAndPinning(OrientationAndPinning) override {}
+    bool isMagnificationEnabled() const override { return false; }
+    void setMagnificationEnabled(bool) override {}
+    void sendNotification(std::string_view) override {}
     void setTileSize(float fraction) override {
-        RecordingDock::setTileSize(fraction);
         sizes.push_back(pixelsOf(fraction));
         screens.list.clear();
         screens.add(1, {0, 0, 1440, 900}, strip_(sizes.back()));

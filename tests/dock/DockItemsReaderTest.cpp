@@ -3,7 +3,6 @@
 #include "adapters/sim/SimMac.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {

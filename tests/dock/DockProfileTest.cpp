@@ -1,17 +1,13 @@
 #include "dock/DockProfile.h"
 
 #include "MemoryDefaults.h"
+#include "adapters/sim/SimMac.h"
 #include "dock/DockIconSize.h"
-#include "dock/RecordingDock.h"
-#include "platform/CoreDock.h"
 
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {
-
-using testing::ElementsAre;
-using testing::IsEmpty;
 
 constexpr DockProfile usersOwn{
     .tileSize = 0.5F, .autoHide = true, .orientation = 3, .pinning = 1, .magnification = true};
@@ -56,38 +52,37 @@ TEST(DockProfile, WhatDoesNotDecodeCountsAsNotSaved) {
 }
 
 TEST(DockProfile, OneMissingGetterAndNothingIsReadOrSet) {
-    const CoreDockFunction getters[] = {
-        CoreDockFunction::getTileSize, CoreDockFunction::getAutoHideEnabled,
-        CoreDockFunction::getOrientationAndPinning, CoreDockFunction::isMagnificationEnabled};
-    for (const auto getter : getters) {
-        RecordingDock dock;
-        dock.missing = {getter};
-        EXPECT_EQ(DockProfile::current(dock), std::nullopt);
-        usersOwn.apply(dock, usersOwn.tileSize);
-        EXPECT_THAT(dock.calls, IsEmpty());
+    for (const auto* getter :
+         {"CoreDockGetTileSize", "CoreDockGetAutoHideEnabled", "CoreDockGetOrientationAndPinning",
+          "CoreDockIsMagnificationEnabled"}) {
+        sim::SimMac mac;
+        mac.removeFunction(getter);
+        EXPECT_EQ(DockProfile::current(mac.coreDock), std::nullopt);
+        usersOwn.apply(mac.coreDock, usersOwn.tileSize);
+        EXPECT_EQ(mac.coreDock.setCalls(), 0) << getter;
     }
 }
 
 TEST(DockProfile, ApplyingTouchesOnlyWhatDiffers) {
-    RecordingDock dock;
-    usersOwn.apply(dock, usersOwn.tileSize);
-    EXPECT_THAT(dock.calls, ElementsAre("size 0.5000", "size 0.5000", "hide true", "place 3 1",
-                                        "magnify true"));
-    EXPECT_EQ(DockProfile::current(dock), usersOwn);
-    dock.calls.clear();
-    usersOwn.apply(dock, 0.5019F);
-    EXPECT_THAT(dock.calls, IsEmpty()) << "a size within 0.002 is the same size";
-    usersOwn.apply(dock, 0.5021F);
-    EXPECT_THAT(dock.calls, ElementsAre("size 0.5021", "size 0.5021"));
+    sim::SimMac mac;
+    usersOwn.apply(mac.coreDock, usersOwn.tileSize);
+    EXPECT_EQ(mac.coreDock.setCalls(), 5) << "the size is set twice";
+    EXPECT_EQ(DockProfile::current(mac.coreDock), usersOwn);
+    usersOwn.apply(mac.coreDock, 0.5019F);
+    EXPECT_EQ(mac.coreDock.setCalls(), 5) << "a size within 0.002 is the same size";
+    usersOwn.apply(mac.coreDock, 0.5021F);
+    EXPECT_EQ(mac.coreDock.setCalls(), 7);
 }
 
 TEST(DockProfile, AMissingSetterIsSkipped) {
-    RecordingDock dock;
-    dock.missing = {CoreDockFunction::setTileSize, CoreDockFunction::setAutoHideEnabled,
-                    CoreDockFunction::setOrientationAndPinning};
-    usersOwn.apply(dock, usersOwn.tileSize);
-    EXPECT_THAT(dock.calls, ElementsAre("magnify true"));
-    EXPECT_FALSE(canResize(dock));
+    sim::SimMac mac;
+    for (const auto* setter :
+         {"CoreDockSetTileSize", "CoreDockSetAutoHideEnabled", "CoreDockSetOrientationAndPinning"})
+        mac.removeFunction(setter);
+    usersOwn.apply(mac.coreDock, usersOwn.tileSize);
+    EXPECT_EQ(mac.coreDock.setCalls(), 1);
+    EXPECT_TRUE(mac.coreDock.isMagnificationEnabled());
+    EXPECT_FALSE(canResize(mac.coreDock));
 }
 
 TEST(DockProfile, UnderTheBarTheDockStandsStillAtTheBottom) {

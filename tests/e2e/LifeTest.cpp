@@ -12,22 +12,18 @@ class Life : public testing::Test {
     PrivateDesktop desktop;
 };
 
-TEST_F(Life, QuittingReleasesTheStrip) {
+TEST_F(Life, QuittingReleasesTheStripAndATerminationSignalQuits) {
     const auto before = desktop.screen().workArea();
-    RunningBar bar(desktop);
-    EXPECT_TRUE(desktop.screen().eventually([&] {
-        return desktop.screen().workArea().height <= before.height - 36;
-    })) << "the bar reserves no strip";
-    EXPECT_EQ(bar.quit(), 0);
-    EXPECT_TRUE(desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
-}
-
-TEST_F(Life, ATerminationSignalQuitsInOrder) {
-    const auto before = desktop.screen().workArea();
-    RunningBar bar(desktop);
-    bar.process().signal(SIGTERM);
-    EXPECT_EQ(bar.process().waitForExit(10), 0);
-    EXPECT_TRUE(desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
+    for (const bool isSignalled : {false, true}) {
+        RunningBar bar(desktop);
+        EXPECT_TRUE(desktop.screen().eventually([&] {
+            return desktop.screen().workArea().height <= before.height - 36;
+        })) << "the bar reserves no strip";
+        if (isSignalled) bar.process().signal(SIGTERM);
+        EXPECT_EQ(isSignalled ? bar.process().waitForExit(10) : bar.quit(), 0);
+        EXPECT_TRUE(
+            desktop.screen().eventually([&] { return desktop.screen().workArea() == before; }));
+    }
 }
 
 TEST_F(Life, AKilledBarLeavesNoStripAndStartsAgain) {

@@ -1,13 +1,10 @@
 #pragma once
 
-#include <cstdint>
-#include <functional>
-#include <memory>
-#include <optional>
-#include <string>
-#include <vector>
+#include "adapters/x11/TestClient.h"
 
-#include <xcb/xcb.h>
+#include <functional>
+
+#include <xcb/xtest.h>
 
 namespace larkspan::e2e {
 
@@ -39,9 +36,11 @@ class XDisplay {
     int width() const { return screen_->width_in_pixels; }
     int height() const { return screen_->height_in_pixels; }
 
-    void movePointer(int x, int y);
-    void press(int button = 1);
-    void release(int button = 1);
+    void movePointer(int x, int y) {
+        client_.movePointer(static_cast<std::int16_t>(x), static_cast<std::int16_t>(y));
+    }
+    void press(int button) { fakeInput(XCB_BUTTON_PRESS, button); }
+    void release(int button) { fakeInput(XCB_BUTTON_RELEASE, button); }
     /// Presses and releases the key with that symbol, such as XK_Return.
     void tapKey(std::uint32_t symbol);
     void holdKey(std::uint32_t symbol, bool isHeld);
@@ -56,8 +55,7 @@ class XDisplay {
     /// The managed windows, oldest first.
     std::vector<xcb_window_t> windows();
     xcb_window_t activeWindow();
-    /// The class in WM_CLASS; empty if there is none.
-    std::string classOf(xcb_window_t window);
+    std::string classOf(xcb_window_t window) { return client_.classOf(window); }
     std::optional<xcb_window_t> windowOfClass(const std::string& windowClass);
     bool isIconified(xcb_window_t window);
     /// Counted from 0; absent for a window on no desktop or on all.
@@ -65,7 +63,7 @@ class XDisplay {
     Area workArea();
 
     /// Asks the window manager, as the window's own button does.
-    void minimize(xcb_window_t window);
+    void minimize(xcb_window_t window) { client_.iconify(window); }
     void close(xcb_window_t window);
     void setFullScreen(xcb_window_t window, bool isFullScreen);
 
@@ -75,17 +73,12 @@ class XDisplay {
 
   private:
     std::uint8_t keyOf(std::uint32_t symbol);
-    struct Disconnect {
-        void operator()(xcb_connection_t* connection) const { xcb_disconnect(connection); }
-    };
-
-    xcb_atom_t atom(const std::string& name);
-    std::vector<std::uint32_t> values(xcb_window_t window, const std::string& property);
-    void send(xcb_window_t window, const std::string& type, std::vector<std::uint32_t> data);
+    void fakeInput(int type, int detail);
     void waitForEvents(int milliseconds);
 
-    std::unique_ptr<xcb_connection_t, Disconnect> connection_;
-    xcb_screen_t* screen_ = nullptr;
+    x11::TestClient client_;
+    xcb_connection_t* connection_;
+    xcb_screen_t* screen_;
 };
 
 } // namespace larkspan::e2e

@@ -3,7 +3,6 @@
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {
@@ -96,14 +95,6 @@ TEST_F(BadgeRefreshTest, AnIconThatComesDownAfterItsAppCameForwardAsksForNothing
     EXPECT_TRUE(bounces("mail"));
 }
 
-TEST_F(BadgeRefreshTest, AnAppThatStartsBouncesWithoutAskingForAttention) {
-    launch("music", {.launchSeconds = 10, .inBackground = true});
-    for (int quarter = 0; quarter < 60; ++quarter) {
-        mac.scheduler.runFor(0.25);
-        EXPECT_THAT(*store.attentionIDs(), IsEmpty()) << quarter;
-    }
-}
-
 TEST_F(BadgeRefreshTest, AnAppInFrontAsksNobody) {
     mac.activate(mail);
     mac.scheduler.runFor(2);
@@ -125,14 +116,6 @@ TEST_F(BadgeRefreshTest, AnAppThatIsNotKnownToRunYetIsAboutToStart) {
     }
 }
 
-TEST_F(BadgeRefreshTest, AnAppThatQuitsAsksNoMore) {
-    mac.requestAttention(mail, true);
-    mac.scheduler.runFor(1);
-    mac.quit(mail);
-    mac.scheduler.runFor(0.6);
-    EXPECT_THAT(*store.attentionIDs(), IsEmpty());
-}
-
 TEST_F(BadgeRefreshTest, ADockAtTheSideMovesItsIconsOtherwise) {
     auto dock = mac.world().dock;
     dock.place.orientation = 3;
@@ -141,20 +124,6 @@ TEST_F(BadgeRefreshTest, ADockAtTheSideMovesItsIconsOtherwise) {
     mac.scheduler.runFor(3);
     EXPECT_THAT(*store.attentionIDs(), IsEmpty());
     EXPECT_EQ(store.badges()->at("com.example.mail"), "3");
-}
-
-TEST_F(BadgeRefreshTest, FindsTheDockAgainAfterItRestarted) {
-    mac.setBadge(mail, "3");
-    mac.scheduler.runFor(1.1);
-    mac.restartDock(3);
-    mac.setBadge(mail, "4");
-    mac.scheduler.runFor(2.5);
-    EXPECT_EQ(store.badges()->at("com.example.mail"), "3") << "nobody tells another";
-    mac.scheduler.runFor(2);
-    EXPECT_EQ(store.badges()->at("com.example.mail"), "4");
-    mac.requestAttention(mail, true);
-    mac.scheduler.runFor(1);
-    EXPECT_TRUE(bounces("mail"));
 }
 
 TEST_F(BadgeRefreshTest, SaysOnceThatTheDockDoesNotAnswerAndOnceThatItDoes) {

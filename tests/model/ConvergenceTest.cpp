@@ -1,7 +1,6 @@
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <random>
 

@@ -2,7 +2,6 @@
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {
@@ -18,13 +17,6 @@ class DockStoreTest : public testing::Test, protected ModelWorld {
             mac.install(std::string("com.example.") + name, name);
     }
 };
-
-TEST_F(DockStoreTest, ShowsFinderFirstWhateverTheDocksListSays) {
-    mac.setPinned({"com.example.mail", "com.example.notes", "com.apple.finder"});
-    start();
-    store.reloadPinned();
-    EXPECT_EQ(pinned(), "finder mail notes");
-}
 
 TEST_F(DockStoreTest, DropsAPinnedAppThatIsNoLongerThere) {
     mac.setPinned({"com.example.mail", "com.example.notes"});
@@ -56,33 +48,6 @@ TEST_F(DockStoreTest, GroupsAppsByDisplayAndSpace) {
     EXPECT_THAT(store.groupedScreens(), ElementsAre(mac.displayAt(0), mac.displayAt(1)));
 }
 
-TEST_F(DockStoreTest, LeavesOutAccessoryApps) {
-    launch("notes", {.policy = ActivationPolicy::accessory});
-    start();
-    EXPECT_EQ(background(), "finder");
-    EXPECT_EQ(groups(), "");
-}
-
-TEST_F(DockStoreTest, TellsTwoCopiesOfOneAppApart) {
-    mac.openWindow(launch("notes"));
-    const auto second = launch("notes");
-    mac.openWindow(second);
-    start();
-    EXPECT_EQ(groups(), fmt::format("notes pid:{}", second));
-}
-
-TEST_F(DockStoreTest, KeepsAHiddenAppInTheGroupWhereItWasSeen) {
-    mac.openWindow(launch("mail"));
-    const auto notes = launch("notes");
-    mac.openWindow(notes, {.display = mac.displayAt(1)});
-    start();
-    ASSERT_EQ(groups(), "mail | notes");
-    mac.hide(notes);
-    settle();
-    EXPECT_EQ(groups(), "mail | notes");
-    EXPECT_TRUE(item("notes").app->isHidden);
-}
-
 TEST_F(DockStoreTest, LetsNoHiddenAppJump) {
     mac.openWindow(launch("mail"));
     const auto notes = launch("notes");
@@ -107,42 +72,6 @@ TEST_F(DockStoreTest, LetsNoHiddenAppJump) {
     mac.unhide(notes);
     settle();
     EXPECT_EQ(groups(), "mail notes") << "it shows where its tile has been";
-}
-
-TEST_F(DockStoreTest, FollowsAHiddenAppFromASpaceThatIsClosed) {
-    const auto display = mac.displayAt(0);
-    mac.openWindow(launch("mail"), {.display = mac.displayAt(1)});
-    const auto notes = launch("notes");
-    const auto window = mac.openWindow(notes, {.display = mac.displayAt(1)});
-    start();
-    mac.moveToSpace(window, mac.spaceAt(display, 1));
-    settle();
-    mac.hide(notes);
-    settle();
-    ASSERT_EQ(groups(), "(notes) | mail");
-    mac.removeSpace(mac.spaceAt(display, 1));
-    settle();
-    EXPECT_EQ(groups(), "notes | mail") << "not where it was before it came here";
-    mac.unhide(notes);
-    settle();
-    EXPECT_EQ(groups(), "notes | mail");
-}
-
-TEST_F(DockStoreTest, BringsAMinimisedWindowsAppBackToItsGroup) {
-    mac.openWindow(launch("mail"));
-    const auto notes = launch("notes");
-    const auto window = mac.openWindow(notes, {.display = mac.displayAt(1)});
-    start();
-    mac.minimize(window);
-    settle();
-    EXPECT_EQ(groups(), "mail");
-    EXPECT_EQ(background(), "finder notes");
-    mac.switchSpace(mac.displayAt(0), 1);
-    settle();
-    EXPECT_EQ(background(), "finder notes") << "no Space has the window";
-    mac.hide(notes);
-    settle();
-    EXPECT_EQ(groups(), "(mail) | notes") << "where it was last seen";
 }
 
 TEST_F(DockStoreTest, SetsOnlyTheListsThatDiffer) {
@@ -267,21 +196,6 @@ TEST_F(DockStoreTest, FollowsTheDocksListUnlessItsOwnIsUnwritten) {
     EXPECT_EQ(animation, pinnedListAnimation);
 }
 
-TEST_F(DockStoreTest, EndsTheLaunchingMarkWhenTheAppIsReadyOrGone) {
-    start();
-    for (const auto* id : {"com.example.mail", "com.example.notes"})
-        store.launchBegan({.id = id}, {});
-    launch("mail", {.launchSeconds = 2});
-    const auto notes = launch("notes", {.launchSeconds = 9});
-    settle();
-    EXPECT_EQ(store.launchingIDs()->size(), 2U);
-    mac.kill(notes);
-    settle();
-    EXPECT_THAT(*store.launchingIDs(), ElementsAre("com.example.mail"));
-    mac.scheduler.runFor(2.1);
-    EXPECT_THAT(*store.launchingIDs(), IsEmpty());
-}
-
 TEST_F(DockStoreTest, ForgetsWhereAnAppWasWhenItQuits) {
     const auto notes = launch("notes");
     mac.openWindow(notes);
@@ -291,32 +205,6 @@ TEST_F(DockStoreTest, ForgetsWhereAnAppWasWhenItQuits) {
     settle();
     EXPECT_FALSE(store.seenSlots().contains(notes));
     EXPECT_FALSE(store.seenDisplays().contains(notes));
-}
-
-TEST_F(DockStoreTest, TellsOfFullScreenOnlyWhenItChanges) {
-    const auto window = mac.openWindow(launch("notes"));
-    start();
-    std::vector<FullScreenState> told;
-    store.onFullScreenChange = [&told](const FullScreenState& state) { told.push_back(state); };
-    mac.enterFullScreen(window);
-    settle();
-    ASSERT_EQ(told.size(), 1U);
-    EXPECT_EQ(told[0].spaces.size(), 1U);
-    mac.leaveFullScreen(window);
-    settle();
-    EXPECT_EQ(told.back(), FullScreenState{});
-}
-
-TEST_F(DockStoreTest, MovesTheTilesOfAnUnpluggedDisplay) {
-    mac.openWindow(launch("notes"), {.display = mac.displayAt(1)});
-    mac.openWindow(launch("mail"));
-    start();
-    ASSERT_EQ(groups(), "mail | notes");
-    mac.unplug(mac.displayAt(1));
-    settle();
-    for (const auto& group : *store.windowAppGroups())
-        EXPECT_EQ(group.display, mac.displayAt(0));
-    EXPECT_THAT(store.groupedScreens(), ElementsAre(mac.displayAt(0)));
 }
 
 } // namespace

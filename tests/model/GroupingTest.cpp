@@ -1,7 +1,6 @@
 #include "model/Grouping.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {
@@ -20,67 +19,56 @@ SpaceMap twoDisplays() {
     return map;
 }
 
-struct PlaceCase {
-    const char* name;
-    AppPlaces places;
-    std::set<Slot> slots;
-};
-
-class PlacesOfAnApp : public testing::TestWithParam<PlaceCase> {};
-
-TEST_P(PlacesOfAnApp, AreWhereItIsThenWhereItWas) {
-    EXPECT_EQ(slotsForApp(GetParam().places, BarSlots(screens, twoDisplays())), GetParam().slots);
-}
-
-const std::set<Slot> seenElsewhere{{1, 11}, {2, 20}};
-
-INSTANTIATE_TEST_SUITE_P(
-    Precedence, PlacesOfAnApp,
-    testing::Values(
-        PlaceCase{"CurrentBeforeAll",
-                  {.slots = {{1, 10}, {2, 20}}, .previous = {{1, 11}}, .seenSlots = {{1, 12}}},
-                  {{1, 10}, {2, 20}}},
-        PlaceCase{"AWindowOnASpaceNotShownIsCurrent",
-                  {.slots = {{1, 10}}, .previous = {{1, 11}}, .seenSlots = seenElsewhere},
-                  {{1, 10}}},
-        PlaceCase{"HiddenStaysWhereItStands",
-                  {.previous = {{1, 10}}, .seenSlots = {{1, 10}, {1, 11}, {2, 20}}},
-                  {{1, 10}}},
-        PlaceCase{"HiddenStaysInEachOfItsGroups",
-                  {.previous = {{1, 10}, {2, 20}}, .seenSlots = seenElsewhere},
-                  {{1, 10}, {2, 20}}},
-        PlaceCase{"AClosedSpaceGivesWayToTheShownOneOfItsDisplay",
-                  {.previous = {{1, 99}}, .seenSlots = {{1, 99}, {1, 10}, {2, 20}}},
-                  {{1, 11}}},
-        PlaceCase{"AClosedSpaceOfSeveralGivesWayAlone",
-                  {.previous = {{1, 99}, {1, 10}}, .seenSlots = {{2, 20}}},
-                  {{1, 10}, {1, 11}}},
-        PlaceCase{"ASpaceIsFollowedToAnotherDisplay",
-                  {.previous = {{3, 10}}, .seenSlots = {{3, 10}, {2, 20}}, .seenDisplays = {2, 3}},
-                  {{1, 10}}},
-        PlaceCase{"AnUnpluggedDisplayGivesWayToTheMainOne",
-                  {.previous = {{3, 30}}, .seenSlots = {{3, 30}, {2, 20}}, .seenDisplays = {2, 3}},
-                  {{1, 11}}},
-        PlaceCase{"AnUnpluggedDisplayOfSeveralIsLeftOut",
-                  {.previous = {{3, 30}, {2, 20}}, .seenSlots = {{1, 11}}},
-                  {{2, 20}}},
-        PlaceCase{"CurrentSlotsThatHaveGoneGiveWayToTheGroupItStandsIn",
-                  {.slots = {{3, 30}}, .previous = {{2, 20}}, .seenSlots = {{1, 10}}},
-                  {{2, 20}}},
-        PlaceCase{
-            "RememberedOnTheShownSpace", {.seenSlots = {{1, 10}, {1, 11}, {2, 20}}}, {{1, 11}}},
-        PlaceCase{"RememberedFirstAlongTheBar", {.seenSlots = {{1, 12}, {1, 10}}}, {{1, 10}}},
-        PlaceCase{"RememberedDisplayWhoseSpacesAreOthers",
-                  {.seenSlots = {{2, 99}}, .seenDisplays = {2}},
-                  {{2, 20}}},
-        PlaceCase{"RememberedDisplayThatHasGone",
-                  {.seenSlots = {{3, 30}}, .seenDisplays = {3}},
-                  {{1, 11}}},
-        PlaceCase{"NothingKnown", {}, {{1, 11}}}),
-    [](const auto& instance) { return std::string(instance.param.name); });
-
-TEST(PlacesOfAnAppWithoutScreens, AreNone) {
-    EXPECT_TRUE(slotsForApp({.slots = {{1, 10}}}, BarSlots({}, {})).empty());
+TEST(PlacesOfAnApp, AreWhereItIsThenWhereItWas) {
+    const std::set<Slot> seenElsewhere{{1, 11}, {2, 20}};
+    const struct {
+        const char* name;
+        AppPlaces places;
+        std::set<Slot> slots;
+    } cases[] = {
+        {"current before all",
+         {.slots = {{1, 10}, {2, 20}}, .previous = {{1, 11}}, .seenSlots = {{1, 12}}},
+         {{1, 10}, {2, 20}}},
+        {"a window on a Space not shown is current",
+         {.slots = {{1, 10}}, .previous = {{1, 11}}, .seenSlots = seenElsewhere},
+         {{1, 10}}},
+        {"hidden stays where it stands",
+         {.previous = {{1, 10}}, .seenSlots = {{1, 10}, {1, 11}, {2, 20}}},
+         {{1, 10}}},
+        {"hidden stays in each of its groups",
+         {.previous = {{1, 10}, {2, 20}}, .seenSlots = seenElsewhere},
+         {{1, 10}, {2, 20}}},
+        {"a closed Space gives way to the shown one of its display",
+         {.previous = {{1, 99}}, .seenSlots = {{1, 99}, {1, 10}, {2, 20}}},
+         {{1, 11}}},
+        {"a closed Space of several gives way alone",
+         {.previous = {{1, 99}, {1, 10}}, .seenSlots = {{2, 20}}},
+         {{1, 10}, {1, 11}}},
+        {"a Space is followed to another display",
+         {.previous = {{3, 10}}, .seenSlots = {{3, 10}, {2, 20}}, .seenDisplays = {2, 3}},
+         {{1, 10}}},
+        {"an unplugged display gives way to the main one",
+         {.previous = {{3, 30}}, .seenSlots = {{3, 30}, {2, 20}}, .seenDisplays = {2, 3}},
+         {{1, 11}}},
+        {"an unplugged display of several is left out",
+         {.previous = {{3, 30}, {2, 20}}, .seenSlots = {{1, 11}}},
+         {{2, 20}}},
+        {"current slots that have gone give way to the group it stands in",
+         {.slots = {{3, 30}}, .previous = {{2, 20}}, .seenSlots = {{1, 10}}},
+         {{2, 20}}},
+        {"remembered on the shown Space", {.seenSlots = {{1, 10}, {1, 11}, {2, 20}}}, {{1, 11}}},
+        {"remembered first along the bar", {.seenSlots = {{1, 12}, {1, 10}}}, {{1, 10}}},
+        {"remembered display whose Spaces are others",
+         {.seenSlots = {{2, 99}}, .seenDisplays = {2}},
+         {{2, 20}}},
+        {"remembered display that has gone",
+         {.seenSlots = {{3, 30}}, .seenDisplays = {3}},
+         {{1, 11}}},
+        {"nothing known", {}, {{1, 11}}},
+    };
+    for (const auto& [name, places, slots] : cases)
+        EXPECT_EQ(slotsForApp(places, BarSlots(screens, twoDisplays())), slots) << name;
+    EXPECT_TRUE(slotsForApp({.slots = {{1, 10}}}, BarSlots({}, {})).empty()) << "no screens";
 }
 
 PlacedItem placed(std::string id, std::set<Slot> slots) {

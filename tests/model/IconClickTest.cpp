@@ -1,7 +1,6 @@
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {
@@ -71,17 +70,6 @@ TEST_F(IconClickTest, WaitsOnceForAnAppThatDoesNotAnswer) {
     EXPECT_NEAR(mac.scheduler.uptime() - before, 0.5, 0.01);
 }
 
-TEST_F(IconClickTest, BringsAnAppBehindOthersForward) {
-    const auto window = mac.openWindow(notes);
-    mac.openWindow(mail);
-    mac.activate(mail);
-    start();
-    clickTile("notes");
-    EXPECT_EQ(mac.frontmost(), notes);
-    EXPECT_EQ(mac.world().windows.front().id, window);
-    EXPECT_EQ(animator.lastActivation()->pid, notes);
-}
-
 TEST_F(IconClickTest, SendsAwayOnAQuickSecondClickWhateverTheSystemReports) {
     mac.openWindow(notes);
     mac.openWindow(mail);
@@ -118,17 +106,6 @@ TEST_F(IconClickTest, BringsMinimisedWindowsBackInsteadOfHiding) {
     EXPECT_FALSE(mac.world().window(window)->minimized);
 }
 
-TEST_F(IconClickTest, GoesToTheSpaceOfTheGroupInsteadOfHiding) {
-    const auto display = mac.displayAt(0);
-    mac.openWindow(mail, {.space = mac.spaceAt(display, 1)});
-    mac.world().reportedFrontmost = mail;
-    start();
-    ASSERT_EQ(groups(), "(mail)");
-    clickTile("mail");
-    EXPECT_FALSE(isHidden(mail));
-    EXPECT_EQ(mac.world().display(display)->shown().id, mac.spaceAt(display, 1));
-}
-
 TEST_F(IconClickTest, GoesToTheSpaceOfTheGroupThoughAWindowOfEverySpaceIsInView) {
     mac.openWindow(mail, {.everySpace = true});
     mac.activate(mail);
@@ -144,14 +121,6 @@ TEST_F(IconClickTest, HidesTheAppInFrontUnseenWithoutPermission) {
     mac.refuseAccessibility();
     clickTile("mail");
     EXPECT_TRUE(isHidden(mail));
-}
-
-TEST_F(IconClickTest, DoesNotHideAnAppWithoutWindows) {
-    mac.activate(mail);
-    start();
-    clickTile("mail");
-    EXPECT_FALSE(isHidden(mail));
-    EXPECT_EQ(mac.world().windows.size(), 1U) << "the app is opened again, which gives it a window";
 }
 
 TEST_F(IconClickTest, LaunchesAPinnedAppThatDoesNotRun) {
@@ -208,20 +177,6 @@ TEST_F(IconClickTest, DoesNothingForATileWithoutAppAndPlace) {
     EXPECT_TRUE(mac.world().opened.empty());
 }
 
-TEST_F(IconClickTest, WithOptionHidesTheAppLeftBehind) {
-    const auto music = launch("music");
-    for (const auto pid : {music, notes, mail})
-        mac.openWindow(pid);
-    mac.activate(mail);
-    start();
-    clickTile("notes", {.option = true});
-    EXPECT_EQ(mac.frontmost(), notes);
-    EXPECT_TRUE(isHidden(mail));
-    EXPECT_FALSE(isHidden(music));
-    clickTile("notes", {.option = true});
-    EXPECT_FALSE(isHidden(notes)) << "the app in front leaves nobody behind, and stays";
-}
-
 TEST_F(IconClickTest, WithOptionJudgesTheAppLeftBehindByTheLastClick) {
     for (const auto pid : {notes, mail})
         mac.openWindow(pid);
@@ -247,17 +202,6 @@ TEST_F(IconClickTest, WithOptionAndCommandHidesAllOthersThatShowSomething) {
     EXPECT_FALSE(isHidden(music)) << "without windows its tile would only change its place";
 }
 
-TEST_F(IconClickTest, WithOptionLaunchesAndHidesTheAppLeftBehind) {
-    mac.install("com.example.music", "music");
-    mac.openWindow(mail);
-    start();
-    actions.keep("com.example.music");
-    clickTile("music", {.option = true});
-    mac.scheduler.runFor(2);
-    EXPECT_EQ(mac.frontmost(), mac.pidOf("com.example.music"));
-    EXPECT_TRUE(isHidden(mail));
-}
-
 TEST_F(IconClickTest, WithCommandShowsWhereTheAppLies) {
     mac.openWindow(mail);
     start();
@@ -278,17 +222,6 @@ TEST_F(IconClickTest, OpensAnotherInstance) {
     actions.keep("com.example.music");
     clickTile("music", {.newInstance = true});
     EXPECT_THAT(*store.launchingIDs(), ElementsAre("com.example.music")) << "the first is launched";
-}
-
-TEST_F(IconClickTest, WritesHowItFoundTheApp) {
-    mac.openWindow(mail);
-    mac.activate(mail);
-    start();
-    clickTile("mail");
-    clickTile("mail");
-    EXPECT_THAT(newLines("DockStore"),
-                ElementsAre("click mail: phase=none hidden=false active=true justActivated=false",
-                            "click mail: phase=none hidden=true active=false justActivated=false"));
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {
@@ -152,21 +151,6 @@ TEST_F(ItemMenuTest, OpensAtLoginWhereTheSystemLetsThatBeKnown) {
     EXPECT_TRUE(mac.loginItems.applications.empty());
     mac.loginItems.isKnown = false;
     EXPECT_THAT(lines("mail"), testing::Not(testing::Contains(">Open at Login")));
-}
-
-TEST_F(ItemMenuTest, ShowsWhereTheAppLies) {
-    mac.openWindow(launch("mail"));
-    start();
-    choose("mail", "Show in Finder");
-    EXPECT_THAT(mac.world().revealed, ElementsAre("/Applications/mail.app"));
-}
-
-TEST_F(ItemMenuTest, OpensAnAppWithTheMarkOfAClick) {
-    mac.pin("com.example.mail");
-    start();
-    store.reloadPinned();
-    choose("mail", "Open");
-    EXPECT_THAT(*store.launchingIDs(), ElementsAre("com.example.mail"));
 }
 
 TEST_F(ItemMenuTest, HidesTheOthers) {

@@ -4,7 +4,6 @@
 #include "model/WindowChangeLine.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {
@@ -33,40 +32,31 @@ TEST(PinnedSection, AlwaysHoldsFinder) {
     EXPECT_FALSE(isPinned("pid:1", {"b", "a"}));
 }
 
-struct SectionCase {
-    const char* name;
-    SectionFacts facts;
-    Section section;
-};
-
-class Sections : public testing::TestWithParam<SectionCase> {};
-
-TEST_P(Sections, AreDecidedByWindowsUnlessTilesKeepStill) {
-    EXPECT_EQ(sectionOf(GetParam().facts), GetParam().section);
+TEST(Sections, AreDecidedByWindowsUnlessTilesKeepStill) {
+    constexpr auto windowApps = Section::windowApps;
+    constexpr auto background = Section::background;
+    const struct {
+        const char* name;
+        SectionFacts facts;
+        Section section;
+    } cases[] = {
+        {"with windows", {.pid = 1, .hasWindows = true}, windowApps},
+        {"without windows", {.pid = 1}, background},
+        {"hidden", {.pid = 1, .isHidden = true}, windowApps},
+        {"not running", {.pid = 0, .isHidden = true, .hasWindows = true}, background},
+        {"held window app", {.pid = 1, .wasWindowApp = true, .isHeld = true}, windowApps},
+        {"held background app",
+         {.pid = 1, .hasWindows = true, .wasBackgroundApp = true, .isHeld = true},
+         background},
+        {"new while held", {.pid = 1, .hasWindows = true, .isHeld = true}, windowApps},
+        {"allowed to move while held",
+         {.pid = 1, .wasWindowApp = true, .isHeld = true, .mayRegroup = true},
+         background},
+        {"not held any more", {.pid = 1, .wasWindowApp = true}, background},
+    };
+    for (const auto& [name, facts, section] : cases)
+        EXPECT_EQ(sectionOf(facts), section) << name;
 }
-
-constexpr auto windowApps = Section::windowApps;
-constexpr auto background = Section::background;
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, Sections,
-    testing::Values(
-        SectionCase{"WithWindows", {.pid = 1, .hasWindows = true}, windowApps},
-        SectionCase{"WithoutWindows", {.pid = 1}, background},
-        SectionCase{"HiddenWithoutWindows", {.pid = 1, .isHidden = true}, windowApps},
-        SectionCase{
-            "WithoutAProcess", {.pid = 0, .isHidden = true, .hasWindows = true}, background},
-        SectionCase{"HeldWindowApp", {.pid = 1, .wasWindowApp = true, .isHeld = true}, windowApps},
-        SectionCase{"HeldBackgroundApp",
-                    {.pid = 1, .hasWindows = true, .wasBackgroundApp = true, .isHeld = true},
-                    background},
-        SectionCase{
-            "NewWhileTilesAreHeld", {.pid = 1, .hasWindows = true, .isHeld = true}, windowApps},
-        SectionCase{"AllowedToMoveWhileHeld",
-                    {.pid = 1, .wasWindowApp = true, .isHeld = true, .mayRegroup = true},
-                    background},
-        SectionCase{"NotHeldAnyMore", {.pid = 1, .wasWindowApp = true}, background}),
-    [](const auto& instance) { return std::string(instance.param.name); });
 
 TEST(WindowChangeLine, NamesWhatIsThereAndWhatIsGone) {
     EXPECT_EQ(windowChangeLine({{7, {1}}, {8, {1}}}, {{7, {{1, 10}}}, {8, {{1, 10}}}},

@@ -1,7 +1,6 @@
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {
@@ -43,27 +42,6 @@ TEST_F(WindowAnimatorTest, HidesAtTheEndOfTheFlight) {
     mac.scheduler.runFor(0.2);
     EXPECT_TRUE(isHidden());
     expectRest();
-}
-
-TEST_F(WindowAnimatorTest, HidesAndShowsAtOnceWithoutPictures) {
-    flights.seconds = 0;
-    animator.hide(mail, {});
-    EXPECT_TRUE(isHidden());
-    EXPECT_FALSE(animator.show(mail, {}));
-    EXPECT_TRUE(isHidden()) << "without a flight showing is the caller's";
-    expectRest();
-}
-
-TEST_F(WindowAnimatorTest, WaitsForPicturesBeforeAHide) {
-    flights.withholdsPictures = true;
-    animator.hide(mail, {});
-    EXPECT_TRUE(animator.hasPendingHide(mail));
-    EXPECT_EQ(animator.phase(mail), Phase::none);
-    mac.scheduler.runFor(1);
-    EXPECT_FALSE(isHidden());
-    flights.withheld.at(mail)();
-    EXPECT_FALSE(animator.hasPendingHide(mail));
-    EXPECT_EQ(animator.phase(mail), Phase::hiding);
 }
 
 TEST_F(WindowAnimatorTest, PicturesOfAHideTakenBackComeToNothing) {
@@ -111,17 +89,6 @@ TEST_F(WindowAnimatorTest, AClickTakesAHideBack) {
     expectRest();
 }
 
-TEST_F(WindowAnimatorTest, AClickTakesBackAHideThatHasNotBegun) {
-    flights.withholdsPictures = true;
-    clickMail();
-    ASSERT_TRUE(animator.hasPendingHide(mail));
-    clickMail();
-    flights.withheld.at(mail)();
-    mac.scheduler.runFor(1);
-    EXPECT_FALSE(isHidden());
-    expectRest();
-}
-
 TEST_F(WindowAnimatorTest, AHideTakenBackBringsTheAppAndItsMinimisedWindowsForward) {
     const auto window = mac.openWindow(mail);
     settle();
@@ -155,18 +122,6 @@ TEST_F(WindowAnimatorTest, AShowEndsTheWaitOfAHide) {
     flights.withheld.at(mail)();
     mac.scheduler.runFor(1);
     EXPECT_FALSE(isHidden());
-}
-
-TEST_F(WindowAnimatorTest, AClickOnAnAppThatSettlesSendsItAwayUnasked) {
-    mac.hide(mail);
-    settle();
-    mac.loseEvents();
-    clickMail();
-    mac.scheduler.runFor(0.5);
-    ASSERT_EQ(animator.phase(mail), Phase::settling);
-    mac.hang(mail);
-    clickMail();
-    EXPECT_EQ(animator.phase(mail), Phase::hiding);
 }
 
 TEST_F(WindowAnimatorTest, AClickTurnsAShowRound) {
@@ -225,14 +180,6 @@ TEST_F(WindowAnimatorTest, ForgetsAnAppThatDiesInFlight) {
         settle();
         expectRest();
     }
-}
-
-TEST_F(WindowAnimatorTest, TilesKeepTheirSectionDuringAFlight) {
-    ASSERT_EQ(groups(), "notes mail");
-    animator.hide(mail, {});
-    mac.closeWindow(mac.world().windows.front().id);
-    settle();
-    EXPECT_EQ(groups(), "notes mail");
 }
 
 } // namespace

@@ -1,7 +1,6 @@
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {
@@ -45,22 +44,6 @@ class WindowReaching : public testing::Test, protected ModelWorld {
     WindowId near = 0;
     WindowId far = 0;
 };
-
-TEST_F(WindowReaching, ReachesWindowsOfOtherSpacesSoThatAMenuCanRaiseThem) {
-    start();
-    EXPECT_THAT(store.reachedWindows(), IsEmpty()) << "no app is asked while the program starts";
-    letPollsPass();
-    ASSERT_THAT(store.reachedWindows(), testing::Contains(Key(far)));
-
-    const auto lines = menu.menu(item("notes"), nullptr, {});
-    ASSERT_GE(lines.size(), 2U);
-    EXPECT_EQ(lines[0].title, "Near");
-    EXPECT_EQ(lines[0].mark, MenuItem::Mark::check);
-    EXPECT_EQ(lines[1].title, "Far");
-    EXPECT_EQ(lines[1].mark, MenuItem::Mark::none);
-    lines[1].action();
-    EXPECT_LT(mac.world().window(far) - mac.world().window(near), 0) << "it is in front now";
-}
 
 TEST_F(WindowReaching, AClickInAGroupRaisesTheWindowOfItsSpace) {
     mac.openWindow(notes, {.title = "Further", .space = third});
@@ -156,15 +139,6 @@ TEST_F(WindowReaching, AHungAppIsNotAskedAgainBeforeItsRecordExpires) {
     EXPECT_THAT(store.reachedWindows(), IsEmpty());
     mac.scheduler.runFor(10);
     EXPECT_THAT(store.reachedWindows(), testing::Contains(Key(far)));
-}
-
-TEST_F(WindowReaching, NothingIsAskedWhereThePlatformReadsAtOnce) {
-    mac.setAnnouncesChanges(true);
-    start();
-    mac.openWindow(notes, {.title = "Third", .space = third});
-    mac.scheduler.runFor(60);
-    EXPECT_THAT(store.reachedWindows(), IsEmpty());
-    EXPECT_EQ(mac.scheduler.timerCount(), 0U);
 }
 
 TEST_F(WindowReaching, MayEndWithAVisitUnderWay) {

@@ -1,7 +1,6 @@
 #include "model/ModelWorld.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <cmath>
 
@@ -38,27 +37,6 @@ TEST_F(AnnouncedRefresh, ReadsOnceForABurstOfEvents) {
     EXPECT_THAT(readLines(*this), SizeIs(1));
 }
 
-TEST_F(AnnouncedRefresh, IsNeverWokenWhileNothingHappens) {
-    mac.openWindow(launch("notes"));
-    start();
-    settle();
-    const auto turns = mac.scheduler.turns();
-    mac.scheduler.runFor(3600);
-    EXPECT_EQ(mac.scheduler.turns(), turns);
-    EXPECT_EQ(mac.scheduler.timerCount(), 0U);
-}
-
-TEST_F(AnnouncedRefresh, ShowsAWindowWithoutTimePassing) {
-    const auto notes = launch("notes");
-    start();
-    settle();
-    const double before = mac.scheduler.uptime();
-    mac.openWindow(notes);
-    settle();
-    EXPECT_EQ(groups(), "notes");
-    EXPECT_EQ(mac.scheduler.uptime(), before);
-}
-
 TEST_F(AnnouncedRefresh, AnimatesTheRegroup) {
     start();
     std::optional<Animation> animation;
@@ -81,15 +59,6 @@ TEST_F(AnnouncedRefresh, SeesWhatChangesOutsideTheScreen) {
     world.mac.switchSpace(world.mac.displayAt(0), 1);
     world.settle();
     EXPECT_EQ(world.groups(), "(notes) | mail");
-}
-
-TEST_F(AnnouncedRefresh, FollowsTheAppInFront) {
-    const auto notes = launch("notes");
-    start();
-    EXPECT_EQ(store.frontmostPID().get(), notes);
-    mac.activate(mac.finder());
-    settle();
-    EXPECT_EQ(store.frontmostPID().get(), mac.finder());
 }
 
 TEST_F(AnnouncedRefresh, FollowsThePinnedList) {
@@ -116,27 +85,6 @@ TEST_F(AnnouncedRefresh, HoldsTilesWhileThePointerIsOnTheBarAndFreesThemTogether
     settle();
     EXPECT_EQ(groups(), "mail");
     EXPECT_EQ(background(), "finder notes");
-}
-
-TEST_F(AnnouncedRefresh, KeepsTheGroupsWhenAReadGivesNothing) {
-    mac.openWindow(launch("notes"));
-    start();
-    settle();
-    readLines(*this);
-    mac.world().windowListAnswers = false;
-    refresh->requestRead(false);
-    settle();
-    EXPECT_EQ(groups(), "notes");
-    EXPECT_THAT(readLines(*this),
-                ElementsAre("window list read in 0 ms; no window came, went or changed on screen"));
-}
-
-TEST_F(AnnouncedRefresh, MayEndWithAReadUnderWay) {
-    start();
-    refresh->requestRead(true);
-    refresh.reset();
-    settle();
-    EXPECT_EQ(groups(), "");
 }
 
 TEST_F(AnnouncedRefresh, HoldsReadsWhileSpacesSlide) {
@@ -175,15 +123,6 @@ class PolledRefresh : public testing::Test, protected ModelWorld {
     }
     ProcessId notes = 0;
 };
-
-TEST_F(PolledRefresh, NoticesANewWindowWithinHalfASecond) {
-    mac.activate(mac.finder());
-    settle();
-    mac.openWindow(mac.finder());
-    EXPECT_EQ(groups(), "notes");
-    mac.scheduler.runFor(0.6);
-    EXPECT_EQ(groups(), "finder notes");
-}
 
 // The next poll would come after half a second.
 TEST_F(PolledRefresh, LooksAtTheWindowsSoonAfterAClickOrACommandKey) {
@@ -253,14 +192,6 @@ TEST_F(PolledRefresh, HoldsTilesWhileAMenuOfTheBarIsOpen) {
     EXPECT_TRUE(store.isPointerOnBar());
     refresh->setPointerOnBar(false, false);
     EXPECT_FALSE(store.isPointerOnBar());
-}
-
-TEST_F(PolledRefresh, ReadsOnceMoreForAnyNumberOfRequestsDuringARead) {
-    beginRead();
-    for (int i = 0; i < 10; ++i)
-        refresh->requestRead(false);
-    settle();
-    EXPECT_THAT(readLines(*this), SizeIs(2));
 }
 
 TEST_F(PolledRefresh, RebuildsAfterAReadWhenAskedDuringIt) {

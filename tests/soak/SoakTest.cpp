@@ -1,5 +1,4 @@
 #include "soak/day/DayRun.h"
-#include "soak/day/FailureReport.h"
 #include "soak/day/Shortening.h"
 
 #include <gmock/gmock.h>

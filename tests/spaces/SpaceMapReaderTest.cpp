@@ -3,7 +3,6 @@
 #include "spaces/RecordedWindowServer.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {

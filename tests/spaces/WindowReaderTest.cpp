@@ -5,7 +5,6 @@
 #include "spaces/SlotWindows.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 #include <algorithm>
 
@@ -25,36 +24,32 @@ SpaceMap twoDisplays() {
     return map;
 }
 
-struct SlotCase {
-    const char* name;
-    std::vector<SpaceId> spaces;
-    bool isOnScreen;
-    std::optional<DisplayId> display;
-    std::set<Slot> slots;
-};
-
-class SlotsOfWindow : public testing::TestWithParam<SlotCase> {};
-
-TEST_P(SlotsOfWindow, FollowSpaceAndDisplay) {
-    auto map = twoDisplays();
-    if (!GetParam().spaces.empty()) map.windowSpaces[5] = GetParam().spaces;
-    const WindowInfo window{.id = 5, .pid = 7, .isOnScreen = GetParam().isOnScreen};
-    EXPECT_EQ(slotsOf(window, GetParam().display, map), GetParam().slots);
+TEST(SlotsOfWindow, FollowSpaceAndDisplay) {
+    const struct {
+        const char* name;
+        std::vector<SpaceId> spaces;
+        bool isOnScreen;
+        std::optional<DisplayId> display;
+        std::set<Slot> slots;
+    } cases[] = {
+        {"on the shown Space", {10}, true, 1, {{1, 10}}},
+        {"on another Space", {11}, false, 1, {{1, 11}}},
+        {"on every Space", {10, 11, 20}, true, 1, {{1, 10}, {1, 11}}},
+        {"across the edge of another display", {20}, true, 1, {{2, 20}}},
+        {"outside every display", {11}, false, {}, {{1, 11}}},
+        {"on screen, its Space unknown", {}, true, 1, {{1, 10}}},
+        {"on a display without Spaces", {}, true, 3, {{3, {}}}},
+        {"minimised on the shown Space", {10}, false, 1, {}},
+        {"minimised on no Space", {}, false, 1, {}},
+        {"on a Space that has gone", {99}, true, 2, {{2, 20}}},
+    };
+    for (const auto& each : cases) {
+        auto map = twoDisplays();
+        if (!each.spaces.empty()) map.windowSpaces[5] = each.spaces;
+        const WindowInfo window{.id = 5, .pid = 7, .isOnScreen = each.isOnScreen};
+        EXPECT_EQ(slotsOf(window, each.display, map), each.slots) << each.name;
+    }
 }
-
-INSTANTIATE_TEST_SUITE_P(
-    Table, SlotsOfWindow,
-    testing::Values(SlotCase{"OnTheShownSpace", {10}, true, 1, {{1, 10}}},
-                    SlotCase{"OnAnotherSpace", {11}, false, 1, {{1, 11}}},
-                    SlotCase{"OnEverySpace", {10, 11, 20}, true, 1, {{1, 10}, {1, 11}}},
-                    SlotCase{"AcrossTheEdgeOfAnotherDisplay", {20}, true, 1, {{2, 20}}},
-                    SlotCase{"OutsideEveryDisplay", {11}, false, {}, {{1, 11}}},
-                    SlotCase{"OnScreenOfUnknownSpace", {}, true, 1, {{1, 10}}},
-                    SlotCase{"OnADisplayWithoutSpaces", {}, true, 3, {{3, {}}}},
-                    SlotCase{"MinimisedOnTheShownSpace", {10}, false, 1, {}},
-                    SlotCase{"MinimisedOnNoSpace", {}, false, 1, {}},
-                    SlotCase{"OnASpaceThatHasGone", {99}, true, 2, {{2, 20}}}),
-    [](const auto& instance) { return std::string(instance.param.name); });
 
 class WindowReading : public testing::Test {
   protected:
@@ -190,8 +185,8 @@ TEST_F(WindowReading, IsAbsentWhenTheServerIsSilent) {
 }
 
 TEST(SlotWindows, KeepsThoseOfTheSlotAndMinimisedOnesOfItsDisplay) {
-    const std::vector screens{screenAt(1, "A", {0, 0, 1000, 800}),
-                              screenAt(2, "B", {1000, 0, 1000, 800})};
+    const std::vector bothScreens{screenAt(1, "A", {0, 0, 1000, 800}),
+                                  screenAt(2, "B", {1000, 0, 1000, 800})};
     auto map = twoDisplays();
     map.windowSpaces = {{1, {10}}, {2, {11}}, {3, {20}}};
     const Rect onFirst{0, 0, 300, 300};
@@ -203,7 +198,7 @@ TEST(SlotWindows, KeepsThoseOfTheSlotAndMinimisedOnesOfItsDisplay) {
                                          {.id = 5, .isMinimized = true, .frame = onSecond}};
     const auto idsIn = [&](const Slot& slot) {
         std::vector<WindowId> ids;
-        for (const auto& window : windowsInSlot(windows, slot, map, screens))
+        for (const auto& window : windowsInSlot(windows, slot, map, bothScreens))
             ids.push_back(window.id);
         return ids;
     };

@@ -5,7 +5,6 @@
 #include "spaces/WindowPresence.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan {
 namespace {

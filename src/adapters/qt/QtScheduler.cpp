@@ -78,7 +78,8 @@ void QtScheduler::post(Task task) {
 SerialQueue& QtScheduler::queue(std::string_view name) {
     auto found = queues_.find(name);
     if (found == queues_.end()) {
-        found = queues_.emplace(std::string(name), std::make_unique<ThreadQueue>(*this)).first;
+        auto queue = std::make_unique<ThreadQueue>([this] { return uptime(); });
+        found = queues_.emplace(std::string(name), std::move(queue)).first;
     }
     return *found->second;
 }

@@ -51,8 +51,8 @@ struct ThreadQueue::Work {
     }
 };
 
-ThreadQueue::ThreadQueue(const Scheduler& clock)
-    : clock_(clock)
+ThreadQueue::ThreadQueue(std::function<double()> uptime)
+    : uptime_(std::move(uptime))
     , work_(std::make_shared<Work>()) {}
 
 ThreadQueue::~ThreadQueue() {
@@ -74,7 +74,7 @@ Handle ThreadQueue::every(double seconds, std::function<void()> task) {
     // An interval of nothing would never let the thread sleep.
     const double interval = std::max(seconds, 0.001);
     const auto timer = std::make_shared<Timer>(
-        Timer{.interval = interval, .task = std::move(task), .due = clock_.uptime() + interval});
+        Timer{.interval = interval, .task = std::move(task), .due = uptime_() + interval});
     const std::lock_guard lock(work_->mutex);
     work_->timers.push_back(timer);
     wake();
@@ -103,7 +103,7 @@ void ThreadQueue::run() {
 
     std::unique_lock lock(work_->mutex);
     while (!work_->isEnding) {
-        const double now = clock_.uptime();
+        const double now = uptime_();
         work_->postDueTimers(now);
         if (work_->tasks.empty()) {
             if (const auto next = work_->nextDue())

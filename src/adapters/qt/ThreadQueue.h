@@ -2,6 +2,7 @@
 
 #include "platform/Scheduler.h"
 
+#include <functional>
 #include <memory>
 #include <thread>
 
@@ -11,8 +12,8 @@ namespace larkspan::qt {
 /// while none is due. Its end waits for the task that runs and drops all others.
 class ThreadQueue : public SerialQueue {
   public:
-    /// The queue takes only the uptime from `clock`.
-    explicit ThreadQueue(const Scheduler& clock);
+    /// `uptime` returns seconds; on any thread.
+    explicit ThreadQueue(std::function<double()> uptime);
     ~ThreadQueue() override;
 
     void post(std::function<void()> task) override;
@@ -25,7 +26,7 @@ class ThreadQueue : public SerialQueue {
     void wake();
     void run();
 
-    const Scheduler& clock_;
+    const std::function<double()> uptime_;
     /// Shared with the handles of timers, which may end later than the queue.
     const std::shared_ptr<Work> work_;
     std::thread thread_;

@@ -98,7 +98,7 @@ void BarViewModel::show() {
 }
 
 void BarViewModel::setTravel(const BarLayout& layout) {
-    // Tiles that change their size snap: scaling every icon anew on each frame would stutter.
+    // Tiles that change their size snap: scaling every icon again on each frame would stutter.
     const bool canTravel = tiles_.rowCount() > 0 && layout.tileX.size() <= mostTravellingTiles &&
                            layout.tileWidth == shownLayout_.tileWidth &&
                            !appearance_.reducesMotion();

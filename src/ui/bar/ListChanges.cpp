@@ -32,7 +32,7 @@ std::vector<bool> stayingElements(const Sources& sources) {
     return stays;
 }
 
-/// Removes what has no new place; answers the old indices that are left.
+/// Removes what has no new place; returns the old indices that are left.
 std::vector<std::size_t> removeGone(std::size_t oldCount, const Sources& sources,
                                     std::vector<ListChange>& changes) {
     std::vector<bool> isKept(oldCount, false);

@@ -8,8 +8,8 @@
 
 namespace larkspan::ui {
 
-/// A tile as the pointer meets it: draws the icon sharp at the screen's pixels and tells of hovers
-/// and clicks. The whole item takes the clicks, down to the edge of the screen.
+/// A tile as the pointer meets it: draws the icon sharp at the screen's pixels and reports
+/// hovers and clicks. The whole item takes the clicks, down to the edge of the screen.
 class TileItem : public QQuickItem {
     Q_OBJECT
     QML_ELEMENT

@@ -66,7 +66,7 @@ Sources continuedRows(const std::vector<TileModel::Row>& oldRows,
     return sources;
 }
 
-/// Only these are told to the view: telling all would bind every property of every tile anew.
+/// Only these roles are announced: announcing all would evaluate every binding of every tile again.
 QList<int> changedRoles(const TileModel::Row& before, const TileModel::Row& after) {
     QList<int> roles;
     const auto compare = [&](bool differs, int role) {

@@ -20,7 +20,7 @@ class DemoDock : public QQuickPaintedItem {
     /// With `isAnimated` a new icon size is reached in a moment instead of at once.
     DemoDock(sim::SimMac& mac, QQuickItem& desktop, bool isAnimated);
 
-    /// Looks at the Mac anew.
+    /// Reads the Mac's state again.
     void refresh();
     void paint(QPainter* painter) override;
 

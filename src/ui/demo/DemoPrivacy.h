@@ -16,7 +16,7 @@ class DemoPrivacy : public QQuickPaintedItem {
   public:
     DemoPrivacy(sim::SimMac& mac, QQuickItem& desktop);
 
-    /// Looks at the Mac anew.
+    /// Reads the Mac's state again.
     void refresh();
     void paint(QPainter* painter) override;
 

@@ -15,7 +15,7 @@ namespace {
 constexpr int tickMilliseconds = 33;
 /// A program that was stopped for long does not make up for it in one go.
 constexpr double longestTick = 0.25;
-/// Pictures are no wider than this, in pixels.
+/// The largest width of a picture, in pixels.
 constexpr double widestPicture = 1600;
 
 } // namespace

@@ -49,7 +49,7 @@ class DemoWindow : public QQuickWindow {
     void tellFailures();
     Menu systemMenu();
     void openMenu(const Menu& menu, const QRectF& anchor);
-    /// Fits the Mac into the window and draws it anew.
+    /// Fits the Mac into the window and draws it again.
     void showChanges();
 
     Time time_;

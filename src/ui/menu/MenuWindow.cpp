@@ -90,7 +90,7 @@ void MenuWindow::setCurrent(int row) {
 
 void MenuWindow::choose(int row) {
     if (!lines_.canChoose(row)) return;
-    // A copy: the action may open the menu anew.
+    // A copy: the action may open the menu again.
     const auto action = lines_.item(row).action;
     Q_EMIT chosen();
     hide();

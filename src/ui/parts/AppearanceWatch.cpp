@@ -32,7 +32,7 @@ void AppearanceWatch::read() {
 }
 
 /// The file itself for writes in place, its folder for a file that is put in its stead, and the
-/// folder above as long as there is none. A watch ends with what it watches, so it is set anew.
+/// folder above as long as there is none. A watch ends with what it watches, so it is set again.
 void AppearanceWatch::watch() {
     if (configFolder_.isEmpty()) return;
     const QString file = desktopSettingsFile(configFolder_);

@@ -6,7 +6,7 @@
 namespace larkspan::ui {
 
 /// Sets what the toolkit must find in the environment before it starts, unless the user has set it.
-/// Answers the names it set: programs started from the bar must not inherit them.
+/// Returns the names it set: programs started from the bar must not inherit them.
 std::vector<std::string> prepareEnvironment();
 
 } // namespace larkspan::ui

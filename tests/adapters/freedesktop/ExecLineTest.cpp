@@ -1,7 +1,6 @@
 #include "adapters/freedesktop/entries/ExecLine.h"
 
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 
 namespace larkspan::freedesktop {
 namespace {

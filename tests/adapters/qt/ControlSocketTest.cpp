@@ -7,13 +7,12 @@
 #include <gtest/gtest.h>
 
 #include <array>
-#include <atomic>
 #include <csignal>
 #include <cstdlib>
+#include <future>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
-#include <thread>
 #include <unistd.h>
 #include <vector>
 
@@ -34,18 +33,21 @@ class ControlSocketTest : public testing::Test {
             name, [](const std::string& line, const Reply& reply) { reply("you said " + line); });
     }
 
-    /// Sends a request from another thread, as another process would, while this one runs its loop.
+    using Asking = std::future<std::optional<std::string>>;
+
+    /// Sends a request from another thread, as another process would.
+    static Asking asking(const std::string& line, const std::string& name = "x11-:7") {
+        return std::async(std::launch::async, ControlSocket::request, name, line);
+    }
+    static bool isAnswered(const Asking& asking) {
+        return asking.wait_for(std::chrono::seconds(0)) == std::future_status::ready;
+    }
+    /// The same, while this thread runs its loop.
     static std::optional<std::string> ask(const std::string& line,
                                           const std::string& name = "x11-:7") {
-        std::optional<std::string> answer;
-        std::atomic<bool> isDone = false;
-        std::thread client([&] {
-            answer = ControlSocket::request(name, line);
-            isDone = true;
-        });
-        runUntil([&] { return isDone.load(); });
-        client.join();
-        return answer;
+        auto answer = asking(line, name);
+        runUntil([&] { return isAnswered(answer); });
+        return answer.get();
     }
 
     /// A client that connects and sends only `text`.
@@ -87,19 +89,13 @@ TEST_F(ControlSocketTest, ALateReplyDoesNotBlockOthers) {
             else
                 reply("quick");
         });
-    std::optional<std::string> answer;
-    std::atomic<bool> isDone = false;
-    std::thread client([&] {
-        answer = ControlSocket::request("x11-:7", "slow");
-        isDone = true;
-    });
+    auto slow = asking("slow");
     runUntil([&] { return waiting.size() == 1; });
     EXPECT_EQ(ask("state"), "quick");
-    EXPECT_FALSE(isDone);
+    EXPECT_FALSE(isAnswered(slow));
     waiting.front()("in the end");
-    runUntil([&] { return isDone.load(); });
-    client.join();
-    EXPECT_EQ(answer, "in the end");
+    runUntil([&] { return isAnswered(slow); });
+    EXPECT_EQ(slow.get(), "in the end");
 }
 
 TEST_F(ControlSocketTest, AReplyMayOutliveItsClientAndItsSocket) {

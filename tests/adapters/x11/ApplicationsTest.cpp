@@ -21,18 +21,16 @@ const std::map<std::string, std::string> installed{
 
 } // namespace
 
-class ApplicationsTest : public testing::Test {
+class ApplicationsTest : public OnManagedServer {
   protected:
+    ApplicationsTest()
+        : OnManagedServer(installed) {}
     std::vector<std::string> runningIdentifiers() const {
         std::vector<std::string> identifiers;
         for (const auto& application : desktop.platform().workspace.runningApplications())
             identifiers.push_back(application.bundleIdentifier.value_or("-"));
         return identifiers;
     }
-    ProcessId owner(WindowId window) const { return desktop.entry(window)->ownerPID.value_or(0); }
-
-    DesktopUnderTest desktop{ManagedServer::display(), installed};
-    TestClient client{ManagedServer::display()};
 };
 
 TEST_F(ApplicationsTest, WindowsFindTheirDesktopEntryAndShareIt) {
@@ -67,8 +65,7 @@ TEST_F(ApplicationsTest, DefaultFileManagerIsFinder) {
 TEST_F(ApplicationsTest, TwoClassesOfOneProcessAreTwoApplications) {
     const auto process = startProcess({"sleep", "60"});
     const auto pid = static_cast<std::uint32_t>(process);
-    const auto red = client.open({.className = "Red", .pid = pid});
-    ASSERT_TRUE(runUntil([&] { return desktop.isListed(red); }));
+    const auto red = open({.className = "Red", .pid = pid});
     const auto blue = client.open({.className = "Blue", .pid = pid});
     const auto grey = client.open({.className = "Grey"});
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(blue) && desktop.isListed(grey); }));
@@ -83,10 +80,8 @@ TEST_F(ApplicationsTest, WindowsWithoutAClassBelongToTheirProcess) {
     const auto one = client.open({.title = "One", .className = ""});
     // Of windows that are first seen together, the frontmost comes first.
     ASSERT_TRUE(runUntil([&] { return desktop.isListed(one); }));
-    const auto two = client.open({.title = "Two", .className = ""});
-    ASSERT_TRUE(runUntil([&] { return desktop.isListed(two); }));
-    const auto child = client.open({.className = "", .transientFor = one});
-    ASSERT_TRUE(runUntil([&] { return desktop.isListed(child); }));
+    const auto two = open({.title = "Two", .className = ""});
+    const auto child = open({.className = "", .transientFor = one});
     EXPECT_NE(owner(one), owner(two));
     EXPECT_EQ(owner(child), owner(one));
     const auto running = desktop.platform().workspace.runningApplications();
@@ -134,20 +129,6 @@ TEST_F(ApplicationsTest, MinimisingIsNotHidingAndShowingAWindowEndsHiding) {
     EXPECT_FALSE(desktop.running("org.example.Writer")->isHidden);
 }
 
-TEST_F(ApplicationsTest, ActivatingRaisesTheMainWindow) {
-    const auto first = client.open({.title = "First", .className = "Writer"});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(first); }));
-    client.open({.title = "Second", .className = "Writer"});
-    const auto other = client.open({.className = "Other"});
-    ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Other"; }));
-    auto& accessibility = desktop.platform().accessibility;
-    accessibility.setAttribute(desktop.element(first), "AXMain", true);
-    desktop.applications().activate(owner(first));
-    EXPECT_TRUE(runUntil(
-        [&] { return *accessibility.attribute(desktop.element(first), "AXMain").as<bool>(); }));
-    EXPECT_TRUE(desktop.isListed(other));
-}
-
 TEST_F(ApplicationsTest, LaunchedApplicationIsLaunchingUntilItsWindow) {
     const auto url = *desktop.platform().workspace.urlForApplication("org.example.Writer");
     ASSERT_TRUE(desktop.applications().open(url));
@@ -155,8 +136,7 @@ TEST_F(ApplicationsTest, LaunchedApplicationIsLaunchingUntilItsWindow) {
     const auto launching = *desktop.running("org.example.Writer");
     EXPECT_FALSE(launching.isFinishedLaunching);
 
-    const auto window = client.open({.className = "Writer"});
-    ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
+    const auto window = open({.className = "Writer"});
     EXPECT_TRUE(desktop.running("org.example.Writer")->isFinishedLaunching);
     EXPECT_EQ(owner(window), launching.pid);
 
@@ -176,22 +156,6 @@ TEST_F(ApplicationsTest, AFailedLaunchIsReported) {
     EXPECT_FALSE(desktop.running("painter"));
 }
 
-TEST_F(ApplicationsTest, QuittingClosesTheWindowsAndForcingKillsTheProcess) {
-    auto dying = std::make_unique<TestClient>(ManagedServer::display());
-    const auto window = dying->open({.className = "Closing"});
-    ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
-    ASSERT_TRUE(desktop.applications().terminate(owner(window)));
-    // It does not support WM_DELETE_WINDOW, so the manager closes its connection.
-    EXPECT_TRUE(runUntil([&] { return !desktop.running("x11:Closing"); }));
-
-    const auto process = startProcess({"sleep", "60"});
-    const auto stubborn =
-        client.open({.className = "Stubborn", .pid = static_cast<std::uint32_t>(process)});
-    ASSERT_TRUE(runUntil([&] { return desktop.isListed(stubborn); }));
-    ASSERT_TRUE(desktop.applications().forceTerminate(owner(stubborn)));
-    endProcess(process, 0);
-}
-
 TEST_F(ApplicationsTest, AWindowsIconIsDrawnAfterTheWindowIsGone) {
     const auto window = client.open({.className = "Iconic"});
     std::vector<std::uint32_t> icon{2, 2, 0x80FF0000, 0x80FF0000, 0x80FF0000, 0x80FF0000};
@@ -207,6 +171,35 @@ TEST_F(ApplicationsTest, AWindowsIconIsDrawnAfterTheWindowIsGone) {
     client.destroy(window);
     ASSERT_TRUE(runUntil([&] { return !desktop.running("x11:Iconic"); }));
     EXPECT_EQ(image->bitmap(4).width, 4);
+}
+
+TEST_F(ApplicationsTest, ActivatingRaisesTheMainWindow) {
+    const auto first = open({.title = "First", .className = "Writer"});
+    client.open({.title = "Second", .className = "Writer"});
+    const auto other = client.open({.className = "Other"});
+    ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Other"; }));
+    auto& accessibility = desktop.platform().accessibility;
+    accessibility.setAttribute(desktop.element(first), "AXMain", true);
+    desktop.applications().activate(owner(first));
+    EXPECT_TRUE(runUntil(
+        [&] { return *accessibility.attribute(desktop.element(first), "AXMain").as<bool>(); }));
+    EXPECT_TRUE(desktop.isListed(other));
+}
+
+TEST_F(ApplicationsTest, QuittingClosesTheWindowsAndForcingKillsTheProcess) {
+    auto dying = std::make_unique<TestClient>(ManagedServer::display());
+    const auto window = dying->open({.className = "Closing"});
+    ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
+    ASSERT_TRUE(desktop.applications().terminate(owner(window)));
+    // It does not support WM_DELETE_WINDOW, so the manager closes its connection.
+    EXPECT_TRUE(runUntil([&] { return !desktop.running("x11:Closing"); }));
+
+    const auto process = startProcess({"sleep", "60"});
+    const auto stubborn =
+        client.open({.className = "Stubborn", .pid = static_cast<std::uint32_t>(process)});
+    ASSERT_TRUE(runUntil([&] { return desktop.isListed(stubborn); }));
+    ASSERT_TRUE(desktop.applications().forceTerminate(owner(stubborn)));
+    endProcess(process, 0);
 }
 
 } // namespace larkspan::x11

@@ -6,15 +6,13 @@ namespace larkspan::x11 {
 
 using qt::runUntil;
 
-class ClientPingTest : public testing::Test {
+class ClientPingTest : public OnManagedServer {
   protected:
     ClientPingTest() { ax().setMessagingTimeout(ax().createSystemWide(), 0.3F); }
     Accessibility& ax() { return desktop.platform().accessibility; }
-    /// Opens a window; all belong to one application here.
-    WindowId open(TestClient& owner, bool supportsPings) {
-        const auto window = owner.open({.className = "Asked", .supportsPings = supportsPings});
-        EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
-        return window;
+    /// Opens a window of the only application here, and returns its process.
+    ProcessId openIn(TestClient& its, bool supportsPings) {
+        return owner(desktop.open(its, {.className = "Asked", .supportsPings = supportsPings}));
     }
     AXError windowsOf(ProcessId pid) {
         return ax().attribute(ax().createApplication(pid), "AXWindows").error;
@@ -30,16 +28,13 @@ class ClientPingTest : public testing::Test {
         });
         return answer.get();
     }
-    ProcessId ownerOf(WindowId window) { return desktop.entry(window)->ownerPID.value_or(0); }
 
-    DesktopUnderTest desktop{ManagedServer::display()};
-    TestClient client{ManagedServer::display()};
     TestClient other{ManagedServer::display()};
     int pings = 0;
 };
 
 TEST_F(ClientPingTest, TheMainThreadNeverPings) {
-    const auto pid = ownerOf(open(client, true));
+    const auto pid = openIn(client, true);
     const double before = desktop.scheduler.uptime();
     EXPECT_EQ(windowsOf(pid), AXError::success);
     EXPECT_LT(desktop.scheduler.uptime() - before, 0.29);
@@ -48,17 +43,17 @@ TEST_F(ClientPingTest, TheMainThreadNeverPings) {
 }
 
 TEST_F(ClientPingTest, AnAppRespondsIfAnyOfItsProcessesDoes) {
-    const auto pid = ownerOf(open(client, true));
-    ASSERT_EQ(ownerOf(open(other, true)), pid);
+    const auto pid = openIn(client, true);
+    ASSERT_EQ(openIn(other, true), pid);
     EXPECT_EQ(askWhile(pid, &other), AXError::success);
     EXPECT_EQ(pings, 1) << "each window is pinged once";
     EXPECT_EQ(askWhile(pid, nullptr), AXError::cannotComplete);
 }
 
 TEST_F(ClientPingTest, AppsWithoutPingSupportNeverHang) {
-    const auto pid = ownerOf(open(client, false));
+    const auto pid = openIn(client, false);
     EXPECT_EQ(askWhile(pid, nullptr), AXError::success);
-    open(other, true);
+    openIn(other, true);
     EXPECT_EQ(askWhile(pid, nullptr), AXError::success);
 }
 

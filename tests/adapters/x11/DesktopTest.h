@@ -63,6 +63,12 @@ class DesktopUnderTest {
     WindowServer& server() const { return platform().windowServer; }
     ApplicationControl& applications() const { return platform().applications; }
 
+    /// Opens a window and waits until it is on screen.
+    WindowId open(TestClient& client, const TestWindow& window) const {
+        const auto number = client.open(window);
+        EXPECT_TRUE(qt::runUntil([&] { return isOnScreen(number); }));
+        return number;
+    }
     std::optional<WindowListEntry> entry(WindowId window) const {
         const auto list = server().windowList(WindowListOption::all);
         for (const auto& candidate : *list)
@@ -144,5 +150,23 @@ class ManagedServer : public testing::Environment {
 
 inline const testing::Environment* const managedServer =
     testing::AddGlobalTestEnvironment(new ManagedServer);
+
+/// A desktop on the shared X server, and a client with windows.
+class OnManagedServer : public testing::Test {
+  protected:
+    explicit OnManagedServer(const std::map<std::string, std::string>& entries = {})
+        : desktop(ManagedServer::display(), entries) {}
+
+    WindowId open(const TestWindow& window = {}) { return desktop.open(client, window); }
+    template <typename T>
+    T attribute(WindowId window, std::string_view name) const {
+        auto& accessibility = desktop.platform().accessibility;
+        return *accessibility.attribute(desktop.element(window), name).as<T>();
+    }
+    ProcessId owner(WindowId window) const { return desktop.entry(window)->ownerPID.value_or(0); }
+
+    DesktopUnderTest desktop;
+    TestClient client{ManagedServer::display()};
+};
 
 } // namespace larkspan::x11

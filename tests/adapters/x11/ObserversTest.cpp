@@ -7,12 +7,8 @@ namespace larkspan::x11 {
 using qt::runUntil;
 
 /// Observers of windows that start on a queue, as for a real app that must be asked.
-class ObserversTest : public testing::Test {
+class ObserversTest : public OnManagedServer {
   protected:
-    ObserversTest() {
-        EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
-    }
-
     /// Returns before the main thread has run.
     Handle observeOnQueue(std::function<void()> callback) {
         std::promise<Handle> made;
@@ -27,9 +23,7 @@ class ObserversTest : public testing::Test {
         client.move(window, static_cast<int>(from.x) + 40, static_cast<int>(from.y) + 40);
     }
 
-    DesktopUnderTest desktop{ManagedServer::display()};
-    TestClient client{ManagedServer::display()};
-    WindowId window = client.open({});
+    WindowId window = open();
 };
 
 TEST_F(ObserversTest, AreCalledOnTheMainThread) {

@@ -6,16 +6,6 @@ using qt::runUntil;
 
 // Screens, panels, the wallpaper, and desktops where something is missing.
 
-TEST(SurroundingsTest, AMissingDisplayIsReportedInOneLine) {
-    qt::testApplication();
-    qt::QtScheduler scheduler;
-    const auto opened = X11Connection::open(":9876", scheduler);
-    ASSERT_TRUE(std::holds_alternative<std::string>(opened));
-    EXPECT_EQ(
-        std::get<std::string>(opened),
-        "larkspan: cannot open display \":9876\": there is no X server, or access was denied");
-}
-
 TEST(SurroundingsTest, WithoutAWindowManagerMappedWindowsAreListed) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
@@ -29,8 +19,7 @@ TEST(SurroundingsTest, WithoutAWindowManagerMappedWindowsAreListed) {
     ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
     EXPECT_EQ(desktop.title(window), "Alone");
     EXPECT_FALSE(desktop.isListed(menu));
-    const auto other = client.open({.className = "Other"});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(other); }));
+    const auto other = desktop.open(client, {.className = "Other"});
     EXPECT_EQ(desktop.server().windowList(WindowListOption::all)->front().number, other);
     EXPECT_TRUE(desktop.applications().activate(*desktop.entry(window)->ownerPID));
     EXPECT_TRUE(runUntil([&] {
@@ -46,8 +35,7 @@ TEST(SurroundingsTest, WindowsAreKeptWhenTheWindowManagerChanges) {
     PrivateServer server;
     const DesktopUnderTest desktop(server.display());
     TestClient client(server.display());
-    const auto window = client.open({});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
+    const auto window = desktop.open(client, {});
     server.startManager();
     ASSERT_TRUE(runUntil([&] { return !client.numbers(window, "WM_STATE").empty(); }));
     EXPECT_TRUE(runUntil([&] {
@@ -130,8 +118,7 @@ TEST(SurroundingsTest, MonitorsAddedByTheUserAreFollowed) {
     auto& screens = desktop.platform().screens;
     const auto whole = screens.screens().front();
     TestClient client(server.display());
-    const auto window = client.open({.x = 700, .y = 100});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
+    const auto window = desktop.open(client, {.x = 700, .y = 100});
 
     int calls = 0;
     const auto subscription = screens.subscribe([&] { ++calls; });
@@ -165,7 +152,7 @@ TEST(SurroundingsTest, APanelIsADockThatReservesAndReleasesItsStrip) {
     ASSERT_TRUE(runUntil([&] { return client.isViewable(panel); }));
     client.setNumbers(panel, "WM_PROTOCOLS", "ATOM",
                       {client.atom("WM_DELETE_WINDOW"), client.atom("WM_TAKE_FOCUS")});
-    std::free(xcb_get_input_focus_reply(client.raw(), xcb_get_input_focus(client.raw()), nullptr));
+    client.sync();
 
     auto& dressing = desktop.desktop->panelDressing();
     dressing.dress(panel);
@@ -255,6 +242,16 @@ TEST(SurroundingsTest, TheWallpaperUnderAPanelIsReadAndTiled) {
     xcb_flush(client.raw());
     EXPECT_TRUE(runUntil([&] { return picture.isComposited(); }));
     EXPECT_EQ(calls, 2);
+}
+
+TEST(SurroundingsTest, AMissingDisplayIsReportedInOneLine) {
+    qt::testApplication();
+    qt::QtScheduler scheduler;
+    const auto opened = X11Connection::open(":9876", scheduler);
+    ASSERT_TRUE(std::holds_alternative<std::string>(opened));
+    EXPECT_EQ(
+        std::get<std::string>(opened),
+        "larkspan: cannot open display \":9876\": there is no X server, or access was denied");
 }
 
 } // namespace larkspan::x11

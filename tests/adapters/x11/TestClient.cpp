@@ -1,6 +1,5 @@
 #include "adapters/x11/TestClient.h"
 
-#include <cstdlib>
 #include <stdexcept>
 
 #include <sys/uio.h>
@@ -10,6 +9,14 @@
 #include <xcb/xtest.h>
 
 namespace larkspan::x11 {
+
+template <typename Event>
+void TestClient::sendToRoot(const Event& event) {
+    xcb_send_event(connection_, 0, root(),
+                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
+                   reinterpret_cast<const char*>(&event));
+    xcb_flush(connection_);
+}
 
 TestClient::TestClient(const std::string& display)
     : connection_(xcb_connect(display.c_str(), nullptr)) {
@@ -64,10 +71,7 @@ void TestClient::withdraw(WindowId window) {
     event.response_type = XCB_UNMAP_NOTIFY;
     event.event = root();
     event.window = window;
-    xcb_send_event(connection_, 0, root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char*>(&event));
-    xcb_flush(connection_);
+    sendToRoot(event);
 }
 
 void TestClient::move(WindowId window, int x, int y) {
@@ -88,13 +92,10 @@ void TestClient::iconify(WindowId window) {
 }
 
 xcb_atom_t TestClient::atom(const std::string& name) {
-    auto* reply = xcb_intern_atom_reply(
-        connection_,
-        xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data()),
-        nullptr);
-    const xcb_atom_t atom = reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
-    std::free(reply);
-    return atom;
+    const auto cookie =
+        xcb_intern_atom(connection_, 0, static_cast<std::uint16_t>(name.size()), name.data());
+    const auto reply = owned(xcb_intern_atom_reply(connection_, cookie, nullptr));
+    return reply ? reply->atom : xcb_atom_t{XCB_ATOM_NONE};
 }
 
 void TestClient::setText(WindowId window, const std::string& property, const std::string& type,
@@ -112,17 +113,12 @@ void TestClient::setNumbers(WindowId window, const std::string& property, const 
 }
 
 std::vector<std::uint32_t> TestClient::numbers(WindowId window, const std::string& property) {
-    auto* reply = xcb_get_property_reply(connection_,
-                                         xcb_get_property(connection_, 0, window, atom(property),
-                                                          XCB_GET_PROPERTY_TYPE_ANY, 0, 1024),
-                                         nullptr);
-    std::vector<std::uint32_t> numbers;
-    if (reply && reply->format == 32) {
-        const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply));
-        numbers.assign(first, first + reply->value_len);
-    }
-    std::free(reply);
-    return numbers;
+    const auto cookie = xcb_get_property(connection_, 0, window, atom(property),
+                                         XCB_GET_PROPERTY_TYPE_ANY, 0, 1024);
+    const auto reply = owned(xcb_get_property_reply(connection_, cookie, nullptr));
+    if (!reply || reply->format != 32) return {};
+    const auto* first = static_cast<const std::uint32_t*>(xcb_get_property_value(reply.get()));
+    return {first, first + reply->value_len};
 }
 
 void TestClient::ask(WindowId window, const std::string& message,
@@ -134,10 +130,7 @@ void TestClient::ask(WindowId window, const std::string& message,
     event.type = atom(message);
     for (std::size_t i = 0; i < data.size() && i < 5; ++i)
         event.data.data32[i] = data[i];
-    xcb_send_event(connection_, 0, root(),
-                   XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY | XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                   reinterpret_cast<const char*>(&event));
-    xcb_flush(connection_);
+    sendToRoot(event);
 }
 
 void TestClient::setMonitor(const std::string& name, const Rect& area) {
@@ -166,83 +159,65 @@ void TestClient::deleteMonitor(const std::string& name) {
 }
 
 bool TestClient::isViewable(WindowId window) {
-    auto* reply = xcb_get_window_attributes_reply(
-        connection_, xcb_get_window_attributes(connection_, window), nullptr);
-    const bool isViewable = reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
-    std::free(reply);
-    return isViewable;
+    const auto reply = owned(xcb_get_window_attributes_reply(
+        connection_, xcb_get_window_attributes(connection_, window), nullptr));
+    return reply && reply->map_state == XCB_MAP_STATE_VIEWABLE;
 }
 
 std::string TestClient::classOf(WindowId window) {
-    auto* reply = xcb_get_property_reply(
-        connection_,
-        xcb_get_property(connection_, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 256),
-        nullptr);
-    std::string both;
-    if (reply)
-        both.assign(static_cast<const char*>(xcb_get_property_value(reply)),
-                    static_cast<std::size_t>(xcb_get_property_value_length(reply)));
-    std::free(reply);
+    const auto cookie =
+        xcb_get_property(connection_, 0, window, XCB_ATOM_WM_CLASS, XCB_ATOM_STRING, 0, 256);
+    const auto reply = owned(xcb_get_property_reply(connection_, cookie, nullptr));
+    if (!reply) return {};
+    const std::string both(static_cast<const char*>(xcb_get_property_value(reply.get())),
+                           static_cast<std::size_t>(xcb_get_property_value_length(reply.get())));
     const auto instanceEnd = both.find('\0');
     return instanceEnd == std::string::npos ? "" : both.substr(instanceEnd + 1).c_str();
 }
 
 Rect TestClient::areaOf(WindowId window) {
-    auto* geometry =
-        xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr);
-    auto* origin = xcb_translate_coordinates_reply(
-        connection_, xcb_translate_coordinates(connection_, window, root(), 0, 0), nullptr);
-    Rect area;
-    if (geometry && origin)
-        area = {double(origin->dst_x), double(origin->dst_y), double(geometry->width),
-                double(geometry->height)};
-    std::free(geometry);
-    std::free(origin);
-    return area;
+    const auto geometry =
+        owned(xcb_get_geometry_reply(connection_, xcb_get_geometry(connection_, window), nullptr));
+    const auto origin = owned(xcb_translate_coordinates_reply(
+        connection_, xcb_translate_coordinates(connection_, window, root(), 0, 0), nullptr));
+    if (!geometry || !origin) return {};
+    return {double(origin->dst_x), double(origin->dst_y), double(geometry->width),
+            double(geometry->height)};
 }
 
 Rect TestClient::inputArea(WindowId window) {
-    auto* reply = xcb_shape_get_rectangles_reply(
-        connection_, xcb_shape_get_rectangles(connection_, window, XCB_SHAPE_SK_INPUT), nullptr);
-    Rect area;
-    if (reply && xcb_shape_get_rectangles_rectangles_length(reply) == 1) {
-        const auto& only = *xcb_shape_get_rectangles_rectangles(reply);
-        area = {double(only.x), double(only.y), double(only.width), double(only.height)};
+    const auto reply = owned(xcb_shape_get_rectangles_reply(
+        connection_, xcb_shape_get_rectangles(connection_, window, XCB_SHAPE_SK_INPUT), nullptr));
+    if (!reply || xcb_shape_get_rectangles_rectangles_length(reply.get()) != 1) return {};
+    const auto& only = *xcb_shape_get_rectangles_rectangles(reply.get());
+    return {double(only.x), double(only.y), double(only.width), double(only.height)};
+}
+
+std::vector<xcb_client_message_event_t> TestClient::takeMessages(const std::string& protocol) {
+    const auto wanted = atom(protocol);
+    std::vector<xcb_client_message_event_t> messages;
+    while (const auto event = owned(xcb_poll_for_event(connection_))) {
+        const auto& message = *reinterpret_cast<const xcb_client_message_event_t*>(event.get());
+        if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE && message.data.data32[0] == wanted)
+            messages.push_back(message);
     }
-    std::free(reply);
-    return area;
+    return messages;
 }
 
 std::vector<WindowId> TestClient::takeCloseRequests() {
-    const auto deleteWindow = atom("WM_DELETE_WINDOW");
     std::vector<WindowId> windows;
-    while (auto* event = xcb_poll_for_event(connection_)) {
-        const auto& message = *reinterpret_cast<const xcb_client_message_event_t*>(event);
-        if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE &&
-            message.data.data32[0] == deleteWindow)
-            windows.push_back(message.window);
-        std::free(event);
-    }
+    for (const auto& message : takeMessages("WM_DELETE_WINDOW"))
+        windows.push_back(message.window);
     return windows;
 }
 
 int TestClient::replyToPings() {
-    int pings = 0;
-    const auto ping = atom("_NET_WM_PING");
-    while (auto* event = xcb_poll_for_event(connection_)) {
-        auto& message = *reinterpret_cast<xcb_client_message_event_t*>(event);
-        if ((event->response_type & 0x7f) == XCB_CLIENT_MESSAGE && message.data.data32[0] == ping) {
-            ++pings;
-            message.window = root();
-            xcb_send_event(connection_, 0, root(),
-                           XCB_EVENT_MASK_SUBSTRUCTURE_NOTIFY |
-                               XCB_EVENT_MASK_SUBSTRUCTURE_REDIRECT,
-                           reinterpret_cast<const char*>(&message));
-        }
-        std::free(event);
+    auto pings = takeMessages("_NET_WM_PING");
+    for (auto& message : pings) {
+        message.window = root();
+        sendToRoot(message);
     }
-    xcb_flush(connection_);
-    return pings;
+    return static_cast<int>(pings.size());
 }
 
 void TestClient::movePointer(std::int16_t x, std::int16_t y) {
@@ -251,7 +226,7 @@ void TestClient::movePointer(std::int16_t x, std::int16_t y) {
 }
 
 void TestClient::sync() {
-    std::free(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
+    owned(xcb_get_input_focus_reply(connection_, xcb_get_input_focus(connection_), nullptr));
 }
 
 } // namespace larkspan::x11

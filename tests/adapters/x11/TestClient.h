@@ -4,6 +4,8 @@
 #include "platform/Identifiers.h"
 
 #include <cstdint>
+#include <cstdlib>
+#include <memory>
 #include <optional>
 #include <string>
 #include <vector>
@@ -11,6 +13,16 @@
 #include <xcb/xcb.h>
 
 namespace larkspan::x11 {
+
+struct Free {
+    void operator()(void* reply) const { std::free(reply); }
+};
+
+/// A reply of the X server.
+template <typename Reply>
+std::unique_ptr<Reply, Free> owned(Reply* reply) {
+    return std::unique_ptr<Reply, Free>(reply);
+}
 
 struct TestWindow {
     std::string title = "Untitled";
@@ -86,6 +98,11 @@ class TestClient {
     void sync();
 
   private:
+    /// The client messages of that protocol since the last call; other events are dropped.
+    std::vector<xcb_client_message_event_t> takeMessages(const std::string& protocol);
+    template <typename Event>
+    void sendToRoot(const Event& event);
+
     xcb_connection_t* connection_;
     xcb_screen_t* screen_;
 };

@@ -5,14 +5,8 @@ namespace larkspan::x11 {
 using qt::runUntil;
 using Numbers = std::vector<std::uint32_t>;
 
-class TilePlacesTest : public testing::Test {
+class TilePlacesTest : public OnManagedServer {
   protected:
-    WindowId open(const std::string& className) {
-        const auto window = client.open({.className = className});
-        EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
-        return window;
-    }
-    ProcessId ownerOf(WindowId window) { return desktop.entry(window)->ownerPID.value_or(0); }
     void setTiles(const std::map<ProcessId, Rect>& tiles) {
         const auto display = desktop.platform().screens.screens().front().display;
         desktop.desktop->panelDressing().setTiles(display, tiles);
@@ -33,18 +27,15 @@ class TilePlacesTest : public testing::Test {
         }
         return writes;
     }
-
-    DesktopUnderTest desktop{ManagedServer::display()};
-    TestClient client{ManagedServer::display()};
 };
 
 TEST_F(TilePlacesTest, EveryWindowOfAnAppHasItsTilesPosition) {
-    const auto letter = open("Writer");
-    const auto picture = open("Painter");
-    setTiles({{ownerOf(letter), {500, 660, 52, 60}}});
+    const auto letter = open({.className = "Writer"});
+    const auto picture = open({.className = "Painter"});
+    setTiles({{owner(letter), {500, 660, 52, 60}}});
     EXPECT_TRUE(isAt(letter, {500, 660, 52, 60}));
     EXPECT_EQ(client.numbers(picture, "_NET_WM_ICON_GEOMETRY"), Numbers{});
-    const auto second = open("Writer");
+    const auto second = open({.className = "Writer"});
     EXPECT_TRUE(isAt(second, {500, 660, 52, 60})) << "also one that opens later";
     setTiles({});
     EXPECT_TRUE(isAt(letter, {}));
@@ -52,15 +43,15 @@ TEST_F(TilePlacesTest, EveryWindowOfAnAppHasItsTilesPosition) {
 }
 
 TEST_F(TilePlacesTest, APropertyIsWrittenOnlyIfTheTileMoved) {
-    const auto letter = open("Writer");
+    const auto letter = open({.className = "Writer"});
     const std::uint32_t properties = XCB_EVENT_MASK_PROPERTY_CHANGE;
     xcb_change_window_attributes(client.raw(), letter, XCB_CW_EVENT_MASK, &properties);
     client.sync();
-    const auto pid = ownerOf(letter);
+    const auto pid = owner(letter);
     setTiles({{pid, {500, 660, 52, 60}}});
     ASSERT_TRUE(isAt(letter, {500, 660, 52, 60}));
     EXPECT_EQ(takeWrites(), 1);
-    open("Painter");
+    open({.className = "Painter"});
     setTiles({{pid, {500, 660, 52, 60}}, {pid + 1, {552, 660, 52, 60}}});
     setTiles({{pid, {474, 660, 52, 60}}});
     ASSERT_TRUE(isAt(letter, {474, 660, 52, 60}));

@@ -35,7 +35,7 @@ class SilentManager : public TestClient {
     std::vector<WindowId> listed_;
 };
 
-class WindowsTest : public testing::Test {
+class WindowsTest : public OnManagedServer {
   protected:
     SpaceId space(std::size_t number) const {
         return desktop.server().managedDisplaySpaces()->at(0).spaces.at(number).id64.value();
@@ -43,41 +43,7 @@ class WindowsTest : public testing::Test {
     SpaceId currentSpace() const {
         return desktop.server().managedDisplaySpaces()->at(0).currentSpace->id64.value();
     }
-
-    DesktopUnderTest desktop{ManagedServer::display()};
-    TestClient client{ManagedServer::display()};
 };
-
-TEST_F(WindowsTest, AWindowIsListedFromMappingToWithdrawal) {
-    const auto window = client.open({.title = "Letter"});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
-    const auto entry = *desktop.entry(window);
-    EXPECT_EQ(entry.layer, 0);
-    EXPECT_EQ(entry.alpha, 1.0);
-    EXPECT_EQ(entry.name, "Letter");
-    // The frame counts as part of the window; the manager sets it with a delay.
-    EXPECT_TRUE(runUntil([&] { return desktop.entry(window)->bounds->height > 200; }));
-
-    client.withdraw(window);
-    EXPECT_TRUE(runUntil([&] { return !desktop.isListed(window); }));
-}
-
-TEST_F(WindowsTest, ExistingWindowsAreRead) {
-    const auto window = client.open({.title = "Earlier"});
-    ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
-    const DesktopUnderTest later(ManagedServer::display());
-    EXPECT_EQ(later.title(window), "Earlier");
-    EXPECT_TRUE(later.isOnScreen(window));
-}
-
-TEST_F(WindowsTest, AMovedWindowsBoundsAreUpdated) {
-    const auto window = client.open({});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
-    const auto before = *desktop.entry(window)->bounds;
-    client.move(window, 400, 300);
-    EXPECT_TRUE(runUntil([&] { return desktop.entry(window)->bounds->x >= 399; }));
-    EXPECT_EQ(desktop.entry(window)->bounds->width, before.width);
-}
 
 TEST(WindowFrameTest, AWindowMovesWithItsFrameWithoutAnEvent) {
     PrivateServer server;
@@ -101,90 +67,27 @@ TEST(WindowFrameTest, AWindowMovesWithItsFrameWithoutAnEvent) {
     EXPECT_TRUE(runUntil([&] { return isAt(late, 410, 120); }));
 }
 
-TEST_F(WindowsTest, NewAndActivatedWindowsComeToTheFront) {
-    const auto first = client.open({.className = "First"});
-    ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:First"; }));
-    const auto second = client.open({.className = "Second"});
-    ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Second"; }));
-    EXPECT_EQ(desktop.server().windowList(WindowListOption::all)->front().number, second);
-
-    desktop.applications().activate(*desktop.entry(first)->ownerPID);
-    EXPECT_TRUE(runUntil([&] {
-        return desktop.frontmost() == "x11:First" &&
-               desktop.server().windowList(WindowListOption::all)->front().number == first;
-    }));
-}
-
 TEST_F(WindowsTest, AWindowThatDeclinesTheFocusCanBeFrontmost) {
-    const auto clock = client.open({.className = "Clock", .takesKeyboard = false});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(clock); }));
+    const auto clock = open({.className = "Clock", .takesKeyboard = false});
     const auto writer = client.open({.className = "Writer"});
     ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Writer"; }));
 
-    desktop.applications().activate(*desktop.entry(clock)->ownerPID);
+    desktop.applications().activate(owner(clock));
     EXPECT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Clock"; }));
     client.ask(writer, "_NET_ACTIVE_WINDOW", {2, 0, 0});
     EXPECT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Writer"; }));
-    desktop.applications().activate(*desktop.entry(clock)->ownerPID);
+    desktop.applications().activate(owner(clock));
     ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Clock"; }));
-    desktop.applications().hide(*desktop.entry(clock)->ownerPID);
+    desktop.applications().hide(owner(clock));
     EXPECT_TRUE(runUntil([&] { return desktop.frontmost() != "x11:Clock"; }));
 }
 
-TEST_F(WindowsTest, AMinimisedWindowIsListedOnNoSpace) {
-    const auto window = client.open({});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
-    const auto element = desktop.element(window);
-    auto& accessibility = desktop.platform().accessibility;
-    ASSERT_EQ(accessibility.setAttribute(element, "AXMinimized", true), AXError::success);
-    ASSERT_TRUE(
-        runUntil([&] { return !desktop.isOnScreen(window) && !client.isViewable(window); }));
-    EXPECT_TRUE(desktop.isListed(window));
-    EXPECT_FALSE(desktop.isOnSpace(window, currentSpace()));
-    EXPECT_TRUE(*accessibility.attribute(element, "AXMinimized").as<bool>());
-
-    accessibility.setAttribute(element, "AXMinimized", false);
-    EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
-    EXPECT_TRUE(client.isViewable(window));
-}
-
-TEST_F(WindowsTest, AWindowOfAnotherDesktopIsOnItsSpaceOnly) {
-    const auto window = client.open({});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
-    client.ask(window, "_NET_WM_DESKTOP", {1, 2});
-    ASSERT_TRUE(runUntil([&] { return !desktop.isOnScreen(window); }));
-    EXPECT_FALSE(desktop.isOnSpace(window, space(0)));
-    EXPECT_TRUE(desktop.isOnSpace(window, space(1)));
-    // Not on screen, but not minimised either.
-    EXPECT_FALSE(*desktop.platform()
-                      .accessibility.attribute(desktop.element(window), "AXMinimized")
-                      .as<bool>());
-
-    client.ask(client.root(), "_NET_CURRENT_DESKTOP", {1, 0});
-    EXPECT_TRUE(runUntil([&] { return currentSpace() == space(1) && desktop.isOnScreen(window); }));
-    client.ask(client.root(), "_NET_CURRENT_DESKTOP", {0, 0});
-    EXPECT_TRUE(runUntil([&] { return currentSpace() == space(0); }));
-}
-
-TEST_F(WindowsTest, StickyWindowIsOnEverySpace) {
-    const auto window = client.open({});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
-    client.ask(window, "_NET_WM_DESKTOP", {0xFFFFFFFF, 2});
-    EXPECT_TRUE(runUntil([&] {
-        return desktop.isOnSpace(window, space(0)) && desktop.isOnSpace(window, space(1));
-    }));
-    EXPECT_TRUE(desktop.isOnScreen(window));
-}
-
 TEST_F(WindowsTest, AFullScreenWindowHasTheBoundsOfItsDisplay) {
-    const auto window = client.open({});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
+    const auto window = open();
     client.ask(window, "_NET_WM_STATE", {1, client.atom("_NET_WM_STATE_FULLSCREEN")});
     const auto screen = desktop.platform().screens.screens().front();
     EXPECT_TRUE(runUntil([&] { return *desktop.entry(window)->bounds == screen.bounds; }));
-    EXPECT_TRUE(*desktop.platform()
-                     .accessibility.attribute(desktop.element(window), "AXFullScreen")
-                     .as<bool>());
+    EXPECT_TRUE(attribute<bool>(window, "AXFullScreen"));
 }
 
 TEST_F(WindowsTest, KindsOfWindowsHaveTheirLayers) {
@@ -200,11 +103,7 @@ TEST_F(WindowsTest, KindsOfWindowsHaveTheirLayers) {
         const auto window = client.open({.type = type});
         ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); })) << type;
         EXPECT_EQ(desktop.entry(window)->layer, layer) << type;
-        EXPECT_EQ(*desktop.platform()
-                       .accessibility.attribute(desktop.element(window), "AXSubrole")
-                       .as<std::string>(),
-                  subrole)
-            << type;
+        EXPECT_EQ(attribute<std::string>(window, "AXSubrole"), subrole) << type;
         client.destroy(window);
     }
     const auto panel = client.open({.className = "Panel", .type = "DOCK"});
@@ -283,16 +182,70 @@ TEST_F(WindowsTest, ClientsMayDieWhileTheyAreRead) {
 }
 
 TEST_F(WindowsTest, ABurstOfChangesIsAnnouncedOnce) {
-    const auto window = client.open({});
-    ASSERT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
+    const auto window = open();
     int announced = 0;
     const auto subscription = desktop.server().subscribe([&] { ++announced; });
     // The X server gets everything before the loop runs again.
     for (int i = 0; i < 50; ++i)
         client.setText(window, "_NET_WM_NAME", "UTF8_STRING", std::to_string(i));
-    std::free(xcb_get_input_focus_reply(client.raw(), xcb_get_input_focus(client.raw()), nullptr));
+    client.sync();
     EXPECT_TRUE(runUntil([&] { return desktop.title(window) == "49"; }));
     EXPECT_LE(announced, 2);
+}
+
+TEST_F(WindowsTest, ExistingWindowsAreRead) {
+    const auto window = client.open({.title = "Earlier"});
+    ASSERT_TRUE(runUntil([&] { return desktop.isListed(window); }));
+    const DesktopUnderTest later(ManagedServer::display());
+    EXPECT_EQ(later.title(window), "Earlier");
+    EXPECT_TRUE(later.isOnScreen(window));
+}
+
+TEST_F(WindowsTest, AMovedWindowsBoundsAreUpdated) {
+    const auto window = open();
+    const auto before = *desktop.entry(window)->bounds;
+    client.move(window, 400, 300);
+    EXPECT_TRUE(runUntil([&] { return desktop.entry(window)->bounds->x >= 399; }));
+    EXPECT_EQ(desktop.entry(window)->bounds->width, before.width);
+}
+
+TEST_F(WindowsTest, NewAndActivatedWindowsComeToTheFront) {
+    const auto first = client.open({.className = "First"});
+    ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:First"; }));
+    const auto second = client.open({.className = "Second"});
+    ASSERT_TRUE(runUntil([&] { return desktop.frontmost() == "x11:Second"; }));
+    EXPECT_EQ(desktop.server().windowList(WindowListOption::all)->front().number, second);
+
+    desktop.applications().activate(*desktop.entry(first)->ownerPID);
+    EXPECT_TRUE(runUntil([&] {
+        return desktop.frontmost() == "x11:First" &&
+               desktop.server().windowList(WindowListOption::all)->front().number == first;
+    }));
+}
+
+TEST_F(WindowsTest, AMinimisedWindowIsListedOnNoSpace) {
+    const auto window = open();
+    const auto element = desktop.element(window);
+    auto& accessibility = desktop.platform().accessibility;
+    ASSERT_EQ(accessibility.setAttribute(element, "AXMinimized", true), AXError::success);
+    ASSERT_TRUE(
+        runUntil([&] { return !desktop.isOnScreen(window) && !client.isViewable(window); }));
+    EXPECT_TRUE(desktop.isListed(window));
+    EXPECT_FALSE(desktop.isOnSpace(window, currentSpace()));
+    EXPECT_TRUE(*accessibility.attribute(element, "AXMinimized").as<bool>());
+
+    accessibility.setAttribute(element, "AXMinimized", false);
+    EXPECT_TRUE(runUntil([&] { return desktop.isOnScreen(window); }));
+    EXPECT_TRUE(client.isViewable(window));
+}
+
+TEST_F(WindowsTest, StickyWindowIsOnEverySpace) {
+    const auto window = open();
+    client.ask(window, "_NET_WM_DESKTOP", {0xFFFFFFFF, 2});
+    EXPECT_TRUE(runUntil([&] {
+        return desktop.isOnSpace(window, space(0)) && desktop.isOnSpace(window, space(1));
+    }));
+    EXPECT_TRUE(desktop.isOnScreen(window));
 }
 
 TEST_F(WindowsTest, AnElementOfAClosedWindowIsInvalid) {
@@ -304,6 +257,36 @@ TEST_F(WindowsTest, AnElementOfAClosedWindowIsInvalid) {
     auto& accessibility = desktop.platform().accessibility;
     EXPECT_EQ(accessibility.attribute(element, "AXTitle").error, AXError::invalidUIElement);
     EXPECT_EQ(accessibility.performAction(element, "AXRaise"), AXError::invalidUIElement);
+}
+
+TEST_F(WindowsTest, AWindowIsListedFromMappingToWithdrawal) {
+    const auto window = open({.title = "Letter"});
+    const auto entry = *desktop.entry(window);
+    EXPECT_EQ(entry.layer, 0);
+    EXPECT_EQ(entry.alpha, 1.0);
+    EXPECT_EQ(entry.name, "Letter");
+    // The frame counts as part of the window; the manager sets it with a delay.
+    EXPECT_TRUE(runUntil([&] { return desktop.entry(window)->bounds->height > 200; }));
+
+    client.withdraw(window);
+    EXPECT_TRUE(runUntil([&] { return !desktop.isListed(window); }));
+}
+
+TEST_F(WindowsTest, AWindowOfAnotherDesktopIsOnItsSpaceOnly) {
+    const auto window = open();
+    client.ask(window, "_NET_WM_DESKTOP", {1, 2});
+    ASSERT_TRUE(runUntil([&] { return !desktop.isOnScreen(window); }));
+    EXPECT_FALSE(desktop.isOnSpace(window, space(0)));
+    EXPECT_TRUE(desktop.isOnSpace(window, space(1)));
+    // Not on screen, but not minimised either.
+    EXPECT_FALSE(*desktop.platform()
+                      .accessibility.attribute(desktop.element(window), "AXMinimized")
+                      .as<bool>());
+
+    client.ask(client.root(), "_NET_CURRENT_DESKTOP", {1, 0});
+    EXPECT_TRUE(runUntil([&] { return currentSpace() == space(1) && desktop.isOnScreen(window); }));
+    client.ask(client.root(), "_NET_CURRENT_DESKTOP", {0, 0});
+    EXPECT_TRUE(runUntil([&] { return currentSpace() == space(0); }));
 }
 
 } // namespace larkspan::x11

@@ -24,20 +24,12 @@ class AXObserverContract : public DesktopContract {
         runUntil([] { return true; });
     }
     AXElementRef app(WindowId window) const { return ax_.createApplication(owner(window)); }
-    AXElementRef element(WindowId window) const {
-        const auto windows = ax_.attribute(app(window), "AXWindows");
-        for (const auto& each : *windows.as<std::vector<AXElementRef>>())
-            if (ax_.window(each) == window) return each;
-        ADD_FAILURE() << "no element of window " << window;
-        return nullptr;
-    }
     /// Everything that was reported up to this line.
     std::set<std::string> reportedUpTo(const std::string& line) {
         EXPECT_TRUE(runUntil([&] { return reported_.contains(line); })) << line;
         return std::exchange(reported_, {});
     }
 
-    Accessibility& ax_ = platform_.accessibility;
     std::vector<Handle> handles_;
     std::set<std::string> reported_;
 };

@@ -9,22 +9,11 @@ namespace larkspan::contract {
 /// What every adapter of Accessibility must do.
 class AccessibilityContract : public DesktopContract {
   protected:
-    std::vector<AXElementRef> elements(ProcessId pid) const {
-        const auto windows = ax_.attribute(ax_.createApplication(pid), "AXWindows");
-        const auto* list = windows.as<std::vector<AXElementRef>>();
-        return list ? *list : std::vector<AXElementRef>{};
-    }
     std::vector<WindowId> numbers(ProcessId pid) const {
         std::vector<WindowId> numbers;
         for (const auto& each : elements(pid))
             numbers.push_back(ax_.window(each).value_or(0));
         return numbers;
-    }
-    AXElementRef element(WindowId window) const {
-        for (const auto& each : elements(owner(window)))
-            if (ax_.window(each) == window) return each;
-        ADD_FAILURE() << "no element of window " << window;
-        return ax_.createSystemWide();
     }
     template <typename T>
     std::optional<T> value(const AXElementRef& element, std::string_view name) const {
@@ -45,8 +34,6 @@ class AccessibilityContract : public DesktopContract {
         EXPECT_TRUE(runUntil([&] { return answer->has_value(); }));
         return answer->value_or(AXError::failure);
     }
-
-    Accessibility& ax_ = platform_.accessibility;
 };
 
 TEST_P(AccessibilityContract, AnAppHasItsOwnWindowsWithMinimisedOnes) {

@@ -93,10 +93,22 @@ class DesktopContract : public testing::TestWithParam<Adapter<DesktopWorld>> {
         const auto front = platform_.workspace.frontmostApplication();
         return front && front->bundleIdentifier == world_->identifier(app);
     }
+    std::vector<AXElementRef> elements(ProcessId pid) const {
+        const auto windows = ax_.attribute(ax_.createApplication(pid), "AXWindows");
+        const auto* list = windows.as<std::vector<AXElementRef>>();
+        return list ? *list : std::vector<AXElementRef>{};
+    }
+    AXElementRef element(WindowId window) const {
+        for (const auto& each : elements(owner(window)))
+            if (ax_.window(each) == window) return each;
+        ADD_FAILURE() << "no element of window " << window;
+        return ax_.createSystemWide();
+    }
     bool runUntil(const std::function<bool()>& condition) { return world_->runUntil(condition); }
 
     std::unique_ptr<DesktopWorld> world_ = GetParam().make();
     const Platform platform_ = world_->platform();
+    Accessibility& ax_ = platform_.accessibility;
 };
 
 } // namespace larkspan::contract

@@ -1,6 +1,9 @@
 #include "soak/day/Shortening.h"
 
+#include "soak/day/DayRun.h"
+
 #include <algorithm>
+#include <fmt/format.h>
 #include <utility>
 
 namespace larkspan::soak {
@@ -48,6 +51,20 @@ std::vector<Step> shortened(std::vector<Step> steps, const Fails& fails) {
     makeSmall(steps, &Step::a, fails);
     makeSmall(steps, &Step::b, fails);
     return steps;
+}
+
+std::string describeFailure(const std::vector<Step>& steps, Failure failure) {
+    const auto fewest = shortened(steps, [&](const std::vector<Step>& fewer) {
+        auto found = liveApart(fewer);
+        const bool isSame = found && found->rule == failure.rule;
+        if (isSame) failure = *std::move(found);
+        return isSame;
+    });
+    auto text = fmt::format("broken: {}\n{}\nwith {} steps:\n", failure.rule, failure.detail,
+                            fewest.size());
+    for (const auto& [act, a, b] : fewest)
+        text += fmt::format("{{\"{}\", {}, {}}},\n", act, a, b);
+    return text;
 }
 
 } // namespace larkspan::soak

@@ -1,6 +1,5 @@
 #pragma once
 
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -16,8 +15,5 @@ struct Step {
 
     bool operator==(const Step&) const = default;
 };
-
-/// One line for each step, as C++ source for a test.
-std::string listed(const std::vector<Step>& steps);
 
 } // namespace larkspan::soak
