@@ -23,7 +23,7 @@ const std::vector<TestApp>& testApps() {
     return apps;
 }
 
-const TestApp& testApp(const std::string& id) {
+const TestApp& testApp(std::string_view id) {
     return *std::ranges::find(testApps(), id, &TestApp::id);
 }
 
