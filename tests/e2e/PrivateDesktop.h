@@ -22,7 +22,7 @@ struct TestApp {
     std::uint32_t color = 0;
 };
 
-/// xterm, xclock, xeyes and xcalc.
+/// xedit, xclock, xeyes and xcalc.
 const std::vector<TestApp>& testApps();
 const TestApp& testApp(std::string_view id);
 
