@@ -7,7 +7,7 @@
 namespace larkspan::e2e {
 namespace {
 
-const auto& xterm = testApp("test-xterm");
+const auto& xedit = testApp("test-xedit");
 const auto& xclock = testApp("test-xclock");
 const auto& xeyes = testApp("test-xeyes");
 const auto& xcalc = testApp("test-xcalc");
@@ -59,10 +59,10 @@ class Clients : public testing::Test {
 };
 
 TEST_F(Clients, AppearWithTheirWindowsAndGoWithThem) {
-    const auto firstTerminal = desktop.open(xterm);
-    expectWindows(xterm, 1);
-    auto secondTerminal = desktop.open(xterm);
-    expectWindows(xterm, 2);
+    const auto firstEditor = desktop.open(xedit);
+    expectWindows(xedit, 1);
+    auto secondEditor = desktop.open(xedit);
+    expectWindows(xedit, 2);
     for (const auto* app : {&xclock, &xeyes, &xcalc})
         EXPECT_FALSE(bar.item(app->id)) << app->id;
 
@@ -74,8 +74,8 @@ TEST_F(Clients, AppearWithTheirWindowsAndGoWithThem) {
 
     screen().close(*screen().windowOfClass("XEyes"));
     expectGone(xeyes);
-    secondTerminal.reset(); // killed: its window just disappears
-    expectWindows(xterm, 1);
+    secondEditor.reset(); // killed: its window just disappears
+    expectWindows(xedit, 1);
     calculator.reset();
     expectGone(xcalc);
     expectWindows(xclock, 1);
@@ -83,42 +83,42 @@ TEST_F(Clients, AppearWithTheirWindowsAndGoWithThem) {
 
 TEST_F(Clients, AreBroughtForwardHiddenAndShownByClicks) {
     // One after the other, so that the frontmost one is known.
-    const auto terminal = desktop.open(xterm);
-    expectWindows(xterm, 1);
-    expectFront(xterm);
+    const auto editor = desktop.open(xedit);
+    expectWindows(xedit, 1);
+    expectFront(xedit);
     const auto calculator = desktop.open(xcalc);
     expectWindows(xcalc, 1);
     expectFront(xcalc);
-    const auto terminalWindow = *screen().windowOfClass("XTerm");
+    const auto editorWindow = *screen().windowOfClass("Xedit");
 
-    bar.click(xterm);
-    expectFront(xterm);
+    bar.click(xedit);
+    expectFront(xedit);
     bar.click(xcalc);
     expectFront(xcalc);
-    bar.click(xterm);
-    expectFront(xterm);
+    bar.click(xedit);
+    expectFront(xedit);
 
     const auto whileFront = screen().picture(bar.area());
-    bar.click(xterm);
-    EXPECT_TRUE(screen().eventually([&] { return screen().isIconified(terminalWindow); }));
-    EXPECT_TRUE(screen().eventually([&] { return isHidden(xterm); })) << bar.state().dump(1);
+    bar.click(xedit);
+    EXPECT_TRUE(screen().eventually([&] { return screen().isIconified(editorWindow); }));
+    EXPECT_TRUE(screen().eventually([&] { return isHidden(xedit); })) << bar.state().dump(1);
     EXPECT_TRUE(screen().eventually([&] { return screen().picture(bar.area()) != whileFront; }))
         << "the bar looks the same with the app hidden";
-    EXPECT_TRUE(screen().eventually([&] { return bar.tile(xterm).has_value(); }))
+    EXPECT_TRUE(screen().eventually([&] { return bar.tile(xedit).has_value(); }))
         << "a hidden app keeps its tile";
 
-    bar.click(xterm);
-    EXPECT_TRUE(screen().eventually([&] { return !screen().isIconified(terminalWindow); }));
-    EXPECT_TRUE(screen().eventually([&] { return !isHidden(xterm); }));
-    expectFront(xterm);
-    expectWindows(xterm, 1);
+    bar.click(xedit);
+    EXPECT_TRUE(screen().eventually([&] { return !screen().isIconified(editorWindow); }));
+    EXPECT_TRUE(screen().eventually([&] { return !isHidden(xedit); }));
+    expectFront(xedit);
+    expectWindows(xedit, 1);
 }
 
 TEST_F(Clients, MinimizedByTheWindowManagerComeBackByAClick) {
-    const auto firstTerminal = desktop.open(xterm);
+    const auto firstEditor = desktop.open(xedit);
     const auto clock = desktop.open(xclock);
     expectWindows(xclock, 1);
-    expectWindows(xterm, 1);
+    expectWindows(xedit, 1);
     const auto before = screen().picture(bar.area());
     const auto clockWindow = *screen().windowOfClass("XClock");
 
@@ -158,33 +158,33 @@ TEST_F(Clients, PinnedOnesAreLaunchedByAClick) {
 }
 
 TEST_F(Clients, OpenAnotherWindowByTheMiddleButton) {
-    const auto terminal = desktop.open(xterm);
-    expectWindows(xterm, 1);
-    bar.click(xterm, 2);
-    expectWindows(xterm, 2);
+    const auto editor = desktop.open(xedit);
+    expectWindows(xedit, 1);
+    bar.click(xedit, 2);
+    expectWindows(xedit, 2);
     screen().close(screen().activeWindow());
-    expectWindows(xterm, 1);
+    expectWindows(xedit, 1);
 }
 
 TEST_F(Clients, AreLeftBehindHiddenByASuperClick) {
-    const auto terminal = desktop.open(xterm);
-    expectFront(xterm);
-    const auto terminalWindow = *screen().windowOfClass("XTerm");
+    const auto editor = desktop.open(xedit);
+    expectFront(xedit);
+    const auto editorWindow = *screen().windowOfClass("Xedit");
     const auto calculator = desktop.open(xcalc);
     expectFront(xcalc);
     const auto calculatorWindow = *screen().windowOfClass("XCalc");
     screen().holdKey(XK_Super_L, true);
-    bar.click(xterm);
+    bar.click(xedit);
     screen().holdKey(XK_Super_L, false);
-    expectFront(xterm);
+    expectFront(xedit);
     EXPECT_TRUE(screen().eventually([&] { return screen().isIconified(calculatorWindow); }));
-    EXPECT_FALSE(screen().isIconified(terminalWindow));
+    EXPECT_FALSE(screen().isIconified(editorWindow));
 }
 
 TEST_F(Clients, AreMovedToAnotherDesktopByCommand) {
-    const auto terminal = desktop.open(xterm);
-    expectWindows(xterm, 1);
-    const auto window = *screen().windowOfClass("XTerm");
+    const auto editor = desktop.open(xedit);
+    expectWindows(xedit, 1);
+    const auto window = *screen().windowOfClass("Xedit");
     const auto spaces = bar.state()["spaces"];
     ASSERT_GE(spaces.size(), 2U) << "the test needs at least two Spaces";
     const auto holds = [&](const nlohmann::json& space) {

@@ -10,7 +10,7 @@ namespace {
 constexpr std::uint32_t fromPager = 2;
 constexpr std::uint32_t toggle = 2;
 // The last one belongs to no application.
-constexpr const char* windowClasses[] = {"XTerm",  "XClock", "XCalc",  "Editor",
+constexpr const char* windowClasses[] = {"Xedit",  "XClock", "XCalc",  "Editor",
                                          "Viewer", "Mixer",  "Player", ""};
 
 } // namespace

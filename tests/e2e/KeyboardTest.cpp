@@ -8,13 +8,13 @@ namespace larkspan::e2e {
 namespace {
 
 const auto& calculatorApp = testApp("test-xcalc");
-const auto& terminalApp = testApp("test-xterm");
+const auto& editorApp = testApp("test-xedit");
 
 class Keyboard : public testing::Test {
   protected:
     Keyboard() {
         calculator = openInFront(calculatorApp);
-        terminal = openInFront(terminalApp);
+        editor = openInFront(editorApp);
     }
 
     std::unique_ptr<ChildProcess> openInFront(const TestApp& app) {
@@ -36,13 +36,13 @@ class Keyboard : public testing::Test {
     PrivateDesktop desktop;
     RunningBar bar{desktop};
     std::unique_ptr<ChildProcess> calculator;
-    std::unique_ptr<ChildProcess> terminal;
+    std::unique_ptr<ChildProcess> editor;
 };
 
 TEST_F(Keyboard, SelectsATileAndOpensItAndGivesTheFocusBack) {
     EXPECT_EQ(bar.command({"focus"}).exitCode, 0);
     EXPECT_TRUE(isKeyboardTaken());
-    EXPECT_TRUE(isFront(terminalApp)) << "the active window does not change";
+    EXPECT_TRUE(isFront(editorApp)) << "the active window does not change";
     // From the last tile, the Trash, the search wraps around to the calculator, the first of two
     // with an x.
     screen().tapKey(XK_End);
@@ -60,7 +60,7 @@ TEST_F(Keyboard, EscapeReturnsFromTheMenuAndFromTheTiles) {
     EXPECT_TRUE(isKeyboardTaken()) << "the tiles had the focus before the menu";
     screen().tapKey(XK_Escape);
     EXPECT_TRUE(screen().eventually([&] { return !isKeyboardTaken(); }));
-    EXPECT_TRUE(isFront(terminalApp));
+    EXPECT_TRUE(isFront(editorApp));
 }
 
 TEST_F(Keyboard, ComesWhenTheOtherGrabEnds) {

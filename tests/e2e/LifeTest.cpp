@@ -40,19 +40,19 @@ TEST_F(Life, AKilledBarLeavesNoStripAndStartsAgain) {
 
 TEST_F(Life, TheBarIsNotListedAsAWindow) {
     RunningBar bar(desktop);
-    const auto terminal = desktop.open(testApp("test-xterm"));
-    const auto isTerminalActive = [&] {
-        return desktop.screen().classOf(desktop.screen().activeWindow()) == "XTerm";
+    const auto editor = desktop.open(testApp("test-xedit"));
+    const auto isEditorActive = [&] {
+        return desktop.screen().classOf(desktop.screen().activeWindow()) == "Xedit";
     };
-    EXPECT_TRUE(desktop.screen().eventually(isTerminalActive));
+    EXPECT_TRUE(desktop.screen().eventually(isEditorActive));
     ASSERT_TRUE(
-        desktop.screen().eventually([&] { return bar.tile(testApp("test-xterm")).has_value(); }));
+        desktop.screen().eventually([&] { return bar.tile(testApp("test-xedit")).has_value(); }));
     EXPECT_EQ(bar.state()["groups"].size(), 1);
     EXPECT_EQ(bar.state()["groups"][0]["items"].size(), 1) << bar.state().dump(1);
     // A click outside of all tiles must not take the focus from the focused window.
     const auto area = bar.area();
     bar.clickAt({area.x + 3, area.centerY(), 2, 2});
-    EXPECT_TRUE(isTerminalActive());
+    EXPECT_TRUE(isEditorActive());
 }
 
 TEST_F(Life, ModesSwitchAndASecondStartReopens) {

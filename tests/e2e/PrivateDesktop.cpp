@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 const std::vector<TestApp>& testApps() {
     static const std::vector<TestApp> apps = {
-        {"test-xterm", "XTerm", {"xterm", "-e", "cat"}, 0xFF00FF},
+        {"test-xedit", "Xedit", {"xedit"}, 0xFF00FF},
         {"test-xclock", "XClock", {"xclock"}, 0x00FF00},
         {"test-xeyes", "XEyes", {"xeyes"}, 0x0000FF},
         {"test-xcalc", "XCalc", {"xcalc"}, 0xFF8000},
@@ -23,7 +23,7 @@ const std::vector<TestApp>& testApps() {
     return apps;
 }
 
-const TestApp& testApp(const std::string& id) {
+const TestApp& testApp(std::string_view id) {
     return *std::ranges::find(testApps(), id, &TestApp::id);
 }
 
@@ -83,10 +83,9 @@ Environment PrivateDesktop::environment() const {
 std::unique_ptr<ChildProcess> PrivateDesktop::open(const TestApp& app) {
     const auto before = screen_->windows().size();
     auto command = app.command;
-    // Side by side, so that every window is visible; xterm counts its size in characters.
+    // Side by side, so that every window is visible.
     const int x = 20 + 240 * (opened_++ % 5);
-    const auto* size = app.id == "test-xterm" ? "20x8" : "200x200";
-    command.insert(command.begin() + 1, {"-geometry", size + ("+" + std::to_string(x)) + "+20"});
+    command.insert(command.begin() + 1, {"-geometry", "200x200+" + std::to_string(x) + "+20"});
     auto client = std::make_unique<ChildProcess>(
         ChildProcess::Start{command, environment(), home_ / "clients.log"});
     if (!screen_->eventually([&] { return screen_->windows().size() > before; }))

@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 #include <csignal>
@@ -21,9 +22,9 @@ struct TestApp {
     std::uint32_t color = 0;
 };
 
-/// xterm, xclock, xeyes and xcalc.
+/// xedit, xclock, xeyes and xcalc.
 const std::vector<TestApp>& testApps();
-const TestApp& testApp(const std::string& id);
+const TestApp& testApp(std::string_view id);
 
 /// A private desktop: an X server without a screen, openbox, and a new home folder with only the
 /// desktop entries of the test's applications.

@@ -79,7 +79,7 @@ TEST_F(RandomDesktop, TheReportAtRestMatchesTheServer) {
     const double seconds = numberFrom("LARKSPAN_DESKTOP_SECONDS", secondsInTheSuite);
     std::cout << "seed " << seed << ", " << seconds << " s" << std::endl;
     // One pinned app that is running, and one that is not.
-    for (const auto* id : {"test-xterm", "test-xeyes"})
+    for (const auto* id : {"test-xedit", "test-xeyes"})
         ASSERT_EQ(bar.command({"pin", id}).exitCode, 0);
 
     using Clock = std::chrono::steady_clock;
