@@ -24,7 +24,7 @@ class BarOverlay {
     BarOverlay(const BarOverlay&) = delete;
     BarOverlay& operator=(const BarOverlay&) = delete;
 
-    // What a bar tells. Bars are told apart, never called.
+    // What a bar tells. Bars are only compared, never called.
 
     void setPointer(const BarInteraction& bar, bool isOnBar);
     void setKeyboard(const BarInteraction& bar, bool hasKeyboard);

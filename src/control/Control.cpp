@@ -59,8 +59,8 @@ bool addModifier(ClickModifiers& modifiers, std::string_view word) {
 
 ControlAnswer noSuchItem(const TileName& name) {
     const bool isPlaced = name.display || name.space;
-    return {ExitCode::rejected, fmt::format("there is no item {} {}", name.id,
-                                            isPlaced ? "in such a group" : "on the bar")};
+    return {ExitCode::rejected, fmt::format("there is no item \"{}\" {}", name.id,
+                                            isPlaced ? "in that group" : "on the bar")};
 }
 
 /// The setting that a person may see and change under that key; nullptr when there is none.
@@ -265,7 +265,8 @@ void Control::menu(const Words& words, const Reply& reply) {
     const auto& name = std::get<TileName>(named);
     const auto found = findTile(controller_, name);
     if (!found) return reply(noSuchItem(name));
-    if (lines.size() > 1) return reply({ExitCode::rejected, "a menu has one line of a title"});
+    if (lines.size() > 1)
+        return reply({ExitCode::rejected, "name one line of the menu, in quotes if it has spaces"});
     const Menu menu = controller_.tileActions().menu(found->tile, found->frame);
     if (lines.empty()) return reply({ExitCode::succeeded, dump(menuReport(menu), 2)});
     const auto* line = findLine(menu, lines[0]);

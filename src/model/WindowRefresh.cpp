@@ -202,7 +202,7 @@ void WindowRefresh::requestRead(bool rebuild) {
 void WindowRefresh::readSoon() {
     scheduler_.post([this, alive = std::weak_ptr(alive_)] {
         if (alive.expired()) return;
-        // There is no notification that no app is in front any more.
+        // The system does not announce that no app is in front any more.
         followFront();
         const double start = scheduler_.uptime();
         readFinished(reader_.read(screens_.screens()), start);
